@@ -1,0 +1,98 @@
+#include "model/Series.h"
+
+#include "model/UserDefaults.h"
+
+#include <QHash>
+#include <algorithm>
+
+struct SeriesTable
+{
+    QHash<QString, const Series *> byCode;
+    QList<const Series *> sorted;
+};
+
+Series::Series(QString label, QString code)
+    : m_label(std::move(label))
+    , m_code(std::move(code))
+{
+}
+
+const SeriesTable &Series::table()
+{
+    // Built once, never destroyed: holdings everywhere point at these objects.
+    static const SeriesTable built = [] {
+        SeriesTable t;
+        for (auto [label, code] : {std::pair{"Savings Note", "S"}, std::pair{"EE Bond", "N"},
+                                   std::pair{"E Bond", "E"}, std::pair{"I Bond", "I"}}) {
+            const Series *series = new Series(QString::fromLatin1(label), QString::fromLatin1(code));
+            t.byCode.insert(series->code(), series);
+            t.sorted.append(series);
+        }
+        std::sort(t.sorted.begin(), t.sorted.end(),
+                  [](const Series *a, const Series *b) { return a->compare(b) < 0; });
+        UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey),
+                                      QStringLiteral("N"));
+        return t;
+    }();
+    return built;
+}
+
+const QList<const Series *> &Series::allSeries()
+{
+    return table().sorted;
+}
+
+const Series *Series::eeBond()
+{
+    return table().byCode.value(QStringLiteral("N"));
+}
+
+const Series *Series::seriesForCode(const QString &code)
+{
+    return table().byCode.value(code, nullptr);
+}
+
+const Series *Series::defaultSeries()
+{
+    table(); // registers the fallback
+    const QVariant stored = UserDefaults::value(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey));
+    if (!stored.isValid())
+        return eeBond();
+    return seriesForCode(stored.toString());
+}
+
+void Series::setDefaultSeries(const Series *series)
+{
+    if (series)
+        UserDefaults::setValue(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey), series->code());
+}
+
+QChar Series::kind() const
+{
+    return m_code.isEmpty() ? QChar() : m_code.at(0);
+}
+
+double Series::sharePrice() const
+{
+    switch (kind().unicode()) {
+    case 'I': return 25.0;
+    case 'N': return 12.5;
+    case 'E': return 18.75;
+    default: return 20.25;
+    }
+}
+
+Pennies Series::issuePriceForFaceValue(Pennies faceValue, bool paperIssue) const
+{
+    switch (kind().unicode()) {
+    case 'I': return faceValue;
+    case 'N': return paperIssue ? faceValue / 2 : faceValue;
+    case 'E': return (3 * faceValue) / 4;
+    default: return static_cast<Pennies>(static_cast<double>(faceValue) * 0.81);
+    }
+}
+
+int Series::compare(const Series *other) const
+{
+    return QString::compare(m_label, other->m_label, Qt::CaseInsensitive);
+}

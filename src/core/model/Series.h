@@ -1,0 +1,40 @@
+#pragma once
+// The four kinds of savings bond. Exactly four Series objects exist for the life of the process;
+// identity is pointer identity, and archives store the one-letter code.
+#include "model/Money.h"
+
+#include <QList>
+#include <QString>
+
+class Series
+{
+public:
+    // All four, ordered by label: E Bond, EE Bond, I Bond, Savings Note.
+    static const QList<const Series *> &allSeries();
+    static const Series *eeBond();
+    // Exact, case-sensitive code ("E", "N", "I", "S"); nullptr for anything else.
+    static const Series *seriesForCode(const QString &code);
+    // The user's default for new holdings. The setting holds a series code; when it is absent
+    // the EE series is used, and an unknown code yields nullptr.
+    static const Series *defaultSeries();
+    static void setDefaultSeries(const Series *series);
+
+    QString label() const { return m_label; }
+    QString code() const { return m_code; }
+    // Dollars for one $25 unit of face value; a fixed constant per code, used by the Quicken export.
+    double sharePrice() const;
+    Pennies issuePriceForFaceValue(Pennies faceValue, bool paperIssue) const;
+    // Case-insensitive comparison of labels: negative, zero or positive.
+    int compare(const Series *other) const;
+
+    Series(const Series &) = delete;
+    Series &operator=(const Series &) = delete;
+
+private:
+    Series(QString label, QString code);
+    QChar kind() const;
+    static const struct SeriesTable &table();
+
+    const QString m_label;
+    const QString m_code;
+};

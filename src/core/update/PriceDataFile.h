@@ -1,0 +1,30 @@
+#pragma once
+// The price data file: 56-byte big-endian records without header or trailer. Each record holds
+// the values of one series for one redemption month and the twelve issue months of one year.
+#include <QByteArray>
+#include <QList>
+#include <QtGlobal>
+#include <array>
+
+struct PriceRecord
+{
+    char series = 'E';
+    quint8 rmo = 1;
+    quint16 ryr = 0;
+    quint16 iyr = 0;
+    std::array<qint32, 12> value{}; // value[k]: issued in month k + 1
+
+    static constexpr int Size = 56;
+
+    // Reads the record at data[offset .. offset + 56). The caller checks the length.
+    static PriceRecord decode(const char *bytes);
+    void encodeTo(QByteArray &out) const;
+    bool operator==(const PriceRecord &) const = default;
+};
+
+namespace PriceDataFile {
+// Whole records only; trailing bytes that do not fill a record are ignored.
+int recordCount(const QByteArray &data);
+QList<PriceRecord> decode(const QByteArray &data);
+QByteArray encode(const QList<PriceRecord> &records);
+}

@@ -1,0 +1,141 @@
+#include "update/PriceDataInstaller.h"
+
+#include "update/PriceDataFile.h"
+#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/BondAssessor.h"
+
+#include <QtDebug>
+#include <sqlite3.h>
+
+PriceDataInstaller::PriceDataInstaller(sqlite3 *db, Feedback feedback)
+    : m_db(db)
+    , m_feedback(std::move(feedback))
+{
+}
+
+void PriceDataInstaller::setStatus(const QString &status)
+{
+    if (m_feedback.status)
+        m_feedback.status(status);
+}
+
+void PriceDataInstaller::setProgress(double value)
+{
+    m_progressValue = value;
+    if (m_feedback.progress)
+        m_feedback.progress(m_progressValue, m_progressMaximum);
+}
+
+// Runs a statement; on failure logs it with the given prefix and keeps the error text.
+bool PriceDataInstaller::execute(const char *sql, const char *logFormat)
+{
+    char *error = nullptr;
+    if (sqlite3_exec(m_db, sql, nullptr, nullptr, &error) == SQLITE_OK)
+        return true;
+    m_lastError = QString::fromUtf8(error ? error : sqlite3_errmsg(m_db));
+    if (logFormat)
+        qWarning().noquote() << QString::fromLatin1(logFormat).arg(m_lastError);
+    sqlite3_free(error);
+    return false;
+}
+
+bool PriceDataInstaller::updatePricingDataWithData(const QByteArray &data, const QString &fileName)
+{
+    if (!execute("BEGIN TRANSACTION", "updatePricingDataWithData >>: %1")) {
+        setStatus(QStringLiteral("Unable to begin price update"));
+        return false;
+    }
+    setStatus(QStringLiteral("Installing updated prices..."));
+    static const char insert[] = "insert into bond_value (series, ryr, rmo, iyr, imo, value) values(?, ?, ?, ?, ?, ?);";
+    sqlite3_prepare_v2(m_db, insert, sizeof insert - 1, &m_insertStmt, nullptr);
+
+    bool success = processData(data, fileName);
+    if (success) {
+        if (!execute("COMMIT", "<<updatePricingDataWithData: %1")) {
+            // The transaction stays open, as it always has: a busy database may yet let it commit.
+            setStatus(QStringLiteral("Unable to commit price update"));
+            success = false;
+        }
+    } else {
+        const QString cause = m_lastError;
+        execute("ROLLBACK", "updatePricingDataWithData rb: %1");
+        m_lastError = cause;
+        setStatus(QStringLiteral("Data inconsistency; update canceled"));
+    }
+    sqlite3_finalize(m_insertStmt);
+    m_insertStmt = nullptr;
+    setProgress(success ? m_progressMaximum : 0.0);
+    return success;
+}
+
+bool PriceDataInstaller::processData(const QByteArray &data, const QString &fileName)
+{
+    const int count = PriceDataFile::recordCount(data);
+    m_progressMaximum = static_cast<double>(count / 10);
+    setProgress(0.0);
+    if (!m_insertStmt) {
+        m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));
+        return false;
+    }
+    for (int i = 0; i < count; ++i) {
+        if (!insertPosition(data.constData() + i * PriceRecord::Size))
+            return false;
+        if (i % 10 == 0)
+            setProgress(m_progressValue + 1.0);
+    }
+    return updateDataFileTable(fileName);
+}
+
+bool PriceDataInstaller::insertPosition(const char *bytes)
+{
+    const PriceRecord record = PriceRecord::decode(bytes);
+    const char series[2] = {record.series, '\0'};
+    for (int month = 1; month <= 12; ++month) {
+        sqlite3_reset(m_insertStmt);
+        sqlite3_bind_text(m_insertStmt, 1, series, 1, SQLITE_TRANSIENT);
+        sqlite3_bind_int(m_insertStmt, 2, record.ryr);
+        sqlite3_bind_int(m_insertStmt, 3, record.rmo);
+        sqlite3_bind_int(m_insertStmt, 4, record.iyr);
+        sqlite3_bind_int(m_insertStmt, 5, month);
+        sqlite3_bind_int(m_insertStmt, 6, record.value[month - 1]);
+        if (sqlite3_step(m_insertStmt) != SQLITE_DONE) {
+            m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));
+            sqlite3_reset(m_insertStmt);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool PriceDataInstaller::updateDataFileTable(const QString &fileName)
+{
+    char *sql = sqlite3_mprintf("insert into data_file values('%q')", fileName.toUtf8().constData());
+    const bool ok = execute(sql, "Error updating data file table: %1");
+    sqlite3_free(sql);
+    return ok;
+}
+
+bool PriceDataInstaller::updateRedemptionDateSummaryTables(QDateTime *minimum, QDateTime *maximum,
+                                                           bool postNotification)
+{
+    setStatus(QStringLiteral("Optimizing pricing data..."));
+    static const char script[] =
+        "drop table max_rdate; drop table min_rdate; "
+        "create table max_rdate as select ryr,rmo from bond_value where ryr = (select max(ryr) from bond_value) order by ryr desc, rmo desc limit 1; "
+        "create table min_rdate as select ryr,rmo from bond_value where ryr = (select min(ryr) from bond_value) order by ryr asc, rmo asc limit 1; ";
+    if (!execute(script, "Could not update summary tables: %1"))
+        return false;
+
+    // Read the range back the way every portfolio will, through a connection of its own.
+    const char *file = sqlite3_db_filename(m_db, "main");
+    BondAssessor assessor(QString::fromUtf8(file ? file : ""));
+    const QDateTime first = assessor.minimumRedemptionDate();
+    const QDateTime last = assessor.maximumRedemptionDate();
+    if (minimum)
+        *minimum = first;
+    if (maximum)
+        *maximum = last;
+    if (postNotification)
+        RedemptionDateRangeNotifier::instance()->post(nullptr, first, last);
+    return true;
+}

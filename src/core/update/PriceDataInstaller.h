@@ -1,0 +1,55 @@
+#pragma once
+// Installs price data files into the redemption value database: each file wholly, in one
+// transaction together with its name in data_file, or not at all. Used by the build (for the
+// shipped database), by the updater and by the command line.
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <functional>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+class PriceDataInstaller
+{
+public:
+    // Where status texts and progress go; both may be called on the installing thread.
+    struct Feedback
+    {
+        std::function<void(const QString &status)> status;
+        // Determinate progress: value out of maximum.
+        std::function<void(double value, double maximum)> progress;
+    };
+
+    // Works on a connection the caller owns and keeps open.
+    explicit PriceDataInstaller(sqlite3 *db, Feedback feedback = {});
+    PriceDataInstaller(const PriceDataInstaller &) = delete;
+    PriceDataInstaller &operator=(const PriceDataInstaller &) = delete;
+
+    // One file, in one transaction. False when nothing of it was installed (or the commit failed).
+    bool updatePricingDataWithData(const QByteArray &data, const QString &fileName);
+
+    // Rebuilds min_rdate and max_rdate. On success *minimum and *maximum (if given) receive the
+    // new range as the assessor reads it, and the range is posted to the process-wide notifier
+    // when postNotification is set.
+    bool updateRedemptionDateSummaryTables(QDateTime *minimum = nullptr, QDateTime *maximum = nullptr,
+                                           bool postNotification = true);
+
+    // The text of the last failure, for callers without a status line.
+    QString lastError() const { return m_lastError; }
+
+private:
+    bool processData(const QByteArray &data, const QString &fileName);
+    bool insertPosition(const char *record);
+    bool updateDataFileTable(const QString &fileName);
+    void setStatus(const QString &status);
+    void setProgress(double value);
+    bool execute(const char *sql, const char *logFormat);
+
+    sqlite3 *m_db;
+    sqlite3_stmt *m_insertStmt = nullptr;
+    Feedback m_feedback;
+    double m_progressMaximum = 0.0;
+    double m_progressValue = 0.0;
+    QString m_lastError;
+};

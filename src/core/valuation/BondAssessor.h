@@ -1,0 +1,75 @@
+#pragma once
+// Read side of the redemption value database: the value of a $25 paper bond for every series,
+// issue month and redemption month, scaled to a bond's face value.
+#include "model/Money.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+struct sqlite3;
+struct sqlite3_stmt;
+class Series;
+
+// Results below zero are markers, never prices.
+namespace RedemptionMarker {
+inline constexpr Pennies NoPricingData = -2;
+inline constexpr Pennies NotRedeemable = -1;
+inline constexpr Pennies NoIssueDate = 0;
+}
+
+// What the assessor needs to know of a holding.
+struct BondTerms
+{
+    const Series *series = nullptr;
+    QDateTime issueDate;           // invalid: no issue date
+    Pennies faceValue = 0;
+    int pricingCorrectionFactor = 1; // 2 for an electronic EE bond
+    QString security;              // the security name used in the price history lines
+};
+
+class BondAssessor
+{
+public:
+    enum class State { Open, Missing, Unreadable };
+
+    // Opens the working database (or the given file) and prepares the value lookup.
+    explicit BondAssessor(const QString &databasePath = QString());
+    ~BondAssessor();
+    BondAssessor(const BondAssessor &) = delete;
+    BondAssessor &operator=(const BondAssessor &) = delete;
+
+    State state() const { return m_state; }
+    QString databasePath() const { return m_path; }
+    // "Unable to load essential resources from <path>" when the file exists but cannot be opened.
+    QString errorMessage() const;
+
+    // Day 1, 00:00:01 local time: how months read from the database are built.
+    static QDateTime monthDate(int year, int month);
+
+    QDateTime minimumRedemptionDate() const; // invalid when the table has no row
+    QDateTime maximumRedemptionDate() const;
+    bool isValidValueOfDate(const QDateTime &date) const;
+    bool isValidIssueDate(const QDateTime &date, const Series *series) const;
+
+    // Stored value times the correction factor, or a marker.
+    qint64 unadjustedValue(const BondTerms &bond, const QDateTime &asOf) const;
+    // Pennies for one bond of the given face value, or a marker.
+    qint64 valueOf(const BondTerms &bond, const QDateTime &asOf) const;
+    // "security,dollars,MM/1/YYYY\r" for every redemption month with a positive stored value.
+    QStringList valuesSinceIssue(const BondTerms &bond) const;
+
+    // Row count of bond_value and the installed file names (for reports).
+    qint64 valueCount() const;
+    QStringList installedFiles() const;
+
+private:
+    QDateTime redemptionDateFromTable(const char *table) const;
+    bool validateDate(const QDateTime &date, const char *yearName, const char *monthName,
+                      const Series *series) const;
+
+    QString m_path;
+    State m_state = State::Missing;
+    sqlite3 *m_db = nullptr;
+    sqlite3_stmt *m_stmt = nullptr;
+};

@@ -1,0 +1,87 @@
+#include "valuation/RedemptionDatabase.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <sqlite3.h>
+
+namespace RedemptionDatabase {
+
+QString seedPath()
+{
+    const QString name = QString::fromLatin1(FileName);
+    QStringList candidates;
+    if (QCoreApplication::instance()) {
+        const QString appDir = QCoreApplication::applicationDirPath();
+        candidates << appDir + QStringLiteral("/../share/quillmere/") + name
+                   << appDir + QStringLiteral("/../../data/") + name
+                   << appDir + QStringLiteral("/../data/") + name;
+    }
+    candidates << QStringLiteral(QUILLMERE_BUILD_DATA_DIR "/") + name
+               << QStringLiteral(QUILLMERE_INSTALLED_DATA_DIR "/") + name;
+    for (const QString &candidate : candidates) {
+        if (QFileInfo(candidate).isFile())
+            return QFileInfo(candidate).canonicalFilePath();
+    }
+    return {};
+}
+
+QString path()
+{
+    const QByteArray overridden = qgetenv(PathEnvironmentVariable);
+    if (!overridden.isEmpty())
+        return QString::fromLocal8Bit(overridden);
+
+    const QString dataDir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QString working = dataDir + QLatin1Char('/') + QString::fromLatin1(FileName);
+    if (QFileInfo::exists(working))
+        return working;
+    const QString seed = seedPath();
+    if (seed.isEmpty())
+        return {};
+    // Copy through a temporary file so that an interrupted first start leaves no half copy.
+    QDir().mkpath(dataDir);
+    QFile source(seed);
+    QSaveFile target(working);
+    if (source.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly)) {
+        while (!source.atEnd())
+            target.write(source.read(1 << 20));
+        if (target.commit()) {
+            QFile::setPermissions(working, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup
+                                               | QFile::ReadOther);
+            return working;
+        }
+    }
+    // The user's folder cannot be written: read the seed itself (updates will be refused).
+    return seed;
+}
+
+bool createSchema(sqlite3 *db, QString *error)
+{
+    // The key refuses duplicate values and serves every lookup; without a rowid the table is the index.
+    static const char *schema =
+        "create table bond_value (series text not null, ryr integer not null, rmo integer not null,"
+        " iyr integer not null, imo integer not null, value integer not null,"
+        " primary key (series, iyr, imo, ryr, rmo)) without rowid;"
+        "create table min_rdate (ryr integer, rmo integer);"
+        "create table max_rdate (ryr integer, rmo integer);"
+        "create table data_file (name text);";
+    char *message = nullptr;
+    if (sqlite3_exec(db, schema, nullptr, nullptr, &message) != SQLITE_OK) {
+        if (error)
+            *error = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
+        sqlite3_free(message);
+        return false;
+    }
+    return true;
+}
+
+void configureConnection(sqlite3 *db)
+{
+    sqlite3_busy_timeout(db, 10000);
+}
+
+} // namespace RedemptionDatabase

@@ -1,0 +1,27 @@
+#pragma once
+// Where the redemption value database lives and how a new one is laid out.
+//
+// The shipped file is only a seed: installed system-wide it is read-only, yet the updater must
+// write. On first use it is copied into the user's data directory, and every reader and the
+// updater use that copy. QUILLMERE_DATABASE names another file instead.
+#include <QString>
+
+struct sqlite3;
+
+namespace RedemptionDatabase {
+inline constexpr const char *FileName = "bondvalues.bvdb";
+inline constexpr const char *PathEnvironmentVariable = "QUILLMERE_DATABASE";
+
+// The shipped seed database, or an empty string when none can be found.
+QString seedPath();
+// The working copy every assessor and the updater use. Copies the seed on first use.
+// An empty string when neither the working copy nor a seed exists.
+QString path();
+
+// Creates the four tables (and nothing else) on an empty database. Returns false with the
+// SQLite error text in *error on failure.
+bool createSchema(sqlite3 *db, QString *error = nullptr);
+
+// Connection settings that let portfolios read while the updater writes on another connection.
+void configureConnection(sqlite3 *db);
+}

@@ -1,0 +1,27 @@
+#pragma once
+// Shared helpers for the core tests.
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace TestSupport {
+// The database the build made from the repository's sources.
+QString shippedDatabasePath();
+// A private copy of the shipped database in a fresh temporary folder (deleted at exit).
+QString copyOfShippedDatabase();
+// A fresh, empty temporary folder that lives until the test program exits.
+QString temporaryDirectory();
+// An empty database with the schema and nothing in it, in a temporary folder.
+QString emptyDatabase();
+// Path of a file under the source tree.
+QString sourcePath(const QString &relative);
+
+struct ProcessResult
+{
+    int exitCode = -1;
+    QByteArray standardOutput;
+    QByteArray standardError;
+};
+// Runs quillmere-cli with the arguments, optional extra environment ("NAME=value").
+ProcessResult runCli(const QStringList &arguments, const QStringList &environment = {});
+}
