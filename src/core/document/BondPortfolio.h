@@ -1,0 +1,166 @@
+#pragma once
+// The portfolio document: its holdings in table order, its title holders sorted by name, its own
+// redemption value reader, the valuation date and summary mode, the undo history and the file.
+//
+// The document observes the holdings and people it holds and records the inverse of every change
+// on its undo stack ("Edit", "Insert Holding", "Delete Holding", "Edit People"); the edited state
+// follows the stack's clean state. No widgets: windows and the command line use the same object.
+#include "model/Holding.h"
+#include "model/Money.h"
+#include "model/Person.h"
+#include "model/ValidationError.h"
+#include "valuation/BondAssessor.h"
+#include "valuation/DateRange.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+#include <functional>
+#include <memory>
+
+class PeopleStore;
+class PortfolioRecorder;
+class QUndoStack;
+class Series;
+
+struct InterestSummaryRow
+{
+    int taxYear = 0;
+    Pennies interestEarned = 0;
+    bool operator==(const InterestSummaryRow &) const = default;
+};
+
+namespace PortfolioFile {
+// Every portfolio file carries this extension (without the dot).
+inline constexpr const char *Extension = "bondportfolio";
+inline constexpr const char *TypeName = "Savings Bond Portfolio";
+}
+
+namespace UndoActionName {
+inline constexpr const char *Edit = "Edit";
+inline constexpr const char *InsertHolding = "Insert Holding";
+inline constexpr const char *DeleteHolding = "Delete Holding";
+inline constexpr const char *EditPeople = "Edit People";
+}
+
+class BondPortfolio : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr const char *ValueOfDateErrorDomain = "ValueOfDate";
+    static constexpr const char *NoValuationDataMessage =
+        "No pricing data available for bonds with that valuation date";
+
+    using HoldingFilter = std::function<bool(const Holding &)>;
+
+    // A new, empty portfolio: no holdings, the store's family as title holders, summary mode 0,
+    // the initial valuation date, no undo history. The store defaults to PeopleStore::shared(),
+    // the database to the working copy.
+    explicit BondPortfolio(PeopleStore *people = nullptr, const QString &databasePath = QString(),
+                           QObject *parent = nullptr);
+    ~BondPortfolio() override;
+
+    // --- Holdings ---
+    const QList<HoldingRef> &holdings() const { return m_holdings; }
+    // Installs a whole list (loading, import). Records nothing for undo.
+    void setHoldings(const QList<HoldingRef> &holdings);
+    // Undoable insertion and removal of single holdings. The holding should know its portfolio.
+    void insertHolding(const HoldingRef &holding, int index);
+    void appendHolding(const HoldingRef &holding) { insertHolding(holding, int(m_holdings.size())); }
+    void removeHoldingAt(int index);
+    int indexOfHolding(const Holding *holding) const;
+
+    // The holdings currently shown (the people table narrows them); all when no filter is set.
+    // The interest summary covers exactly these.
+    void setHoldingsFilter(HoldingFilter filter);
+    QList<HoldingRef> shownHoldings() const;
+
+    // --- Title holders ---
+    const QList<PersonRef> &titleHolders() const { return m_titleHolders; }
+    // Sorts by name and records an undoable "Edit People".
+    void setTitleHolders(const QList<PersonRef> &people);
+    // Removes the person from the list and from every role on every holding.
+    void deleteTitleHolderFromAllBonds(const PersonRef &person);
+    PeopleStore &peopleStore() const { return *m_people; }
+
+    QList<const Series *> series() const;
+    const BondAssessor &assessor() const { return *m_assessor; }
+
+    // --- Valuation date and summary ---
+    QDateTime valueOfDate() const { return m_valueOfDate; }
+    // Stores the instant given; an invalid date is refused (returns false).
+    bool setValueOfDate(const QDateTime &date);
+    bool validateValueOfDate(const QDateTime &proposed, ValidationError *error = nullptr) const;
+    // The earlier of now and the database's latest month; now when the database has none.
+    QDateTime initialValueOfDate() const;
+    DateRange currentInterestPeriod() const;
+    int summaryMode() const { return m_summaryMode; }
+    void setSummaryMode(int mode);
+    QMap<int, Pennies> yearsWithInterestEarnedCumulative(bool cumulative) const;
+    QList<InterestSummaryRow> interestSummary() const;
+
+    // --- Undo and edited state ---
+    QUndoStack *undoStack() const { return m_undoStack; }
+    bool isEdited() const;
+    // Marks the document changed without an undo action (e.g. after an import).
+    void markEdited();
+    // Records the current state as saved.
+    void markSaved();
+    // Sets a value on a holding without recording it: what undo and redo use.
+    void changeKeyPath(Holding *holding, const QString &key, const QVariant &value);
+    void setTitleHoldersWithoutRecording(const QList<PersonRef> &people);
+
+    // --- File ---
+    QString fileName() const { return m_fileName; }
+    void setFileName(const QString &fileName);
+    // The file's base name without extension, or "Untitled".
+    QString displayName() const;
+    // The keyed archive of {"holdings", "titleHolders"}; empty for another type name.
+    QByteArray dataRepresentation(const QString &typeName = QString::fromLatin1(PortfolioFile::TypeName),
+                                  QString *error = nullptr) const;
+    // Reads a keyed archive (also the older form whose root is the list of holdings). Refuses
+    // anything it cannot decode, leaving the document as it was. Clears the undo history.
+    bool loadDataRepresentation(const QByteArray &data, QString *error = nullptr);
+    // Atomic: the old file stays whole when writing fails. Marks the document saved.
+    bool saveToFile(const QString &path, QString *error = nullptr);
+    bool readFromFile(const QString &path, QString *error = nullptr);
+
+signals:
+    void holdingsReset();
+    void holdingInserted(int index);
+    void holdingAboutToBeRemoved(int index);
+    void holdingRemoved(int index);
+    // A value of one holding changed (key as in HoldingKey).
+    void holdingChanged(Holding *holding, const QString &key);
+    void titleHoldersChanged();
+    void valueOfDateChanged();
+    void summaryModeChanged();
+    void interestSummaryChanged();
+    void editedChanged(bool edited);
+    void fileNameChanged();
+
+private:
+    friend class PortfolioRecorder;
+    void startObservingHolding(Holding *holding);
+    void stopObservingHolding(Holding *holding);
+    void startObservingPerson(Person *person);
+    void stopObservingPerson(Person *person);
+    void insertHoldingWithoutRecording(const HoldingRef &holding, int index);
+    HoldingRef takeHoldingWithoutRecording(int index);
+    void installTitleHolders(const QList<PersonRef> &people);
+
+    QList<HoldingRef> m_holdings;
+    QList<PersonRef> m_titleHolders;
+    int m_summaryMode = 0;
+    std::unique_ptr<BondAssessor> m_assessor;
+    QDateTime m_valueOfDate;
+    PeopleStore *m_people;
+    QUndoStack *m_undoStack;
+    PortfolioRecorder *m_recorder;
+    HoldingFilter m_filter;
+    QString m_fileName;
+};

@@ -1,0 +1,37 @@
+#pragma once
+// Maps holdings and people onto the object graph of a keyed archive and back.
+//
+// Holding: class "Holding" with "series" (a "Series" object with "code"), "quantity" (32-bit),
+// "faceValue" (64-bit pennies), "issueDate" (date), "serialNumber" (string), "owner", "coOwner",
+// "beneficiary" ("Person" objects with "uid") and "paper" (boolean). A person reached from the
+// list and from holdings is one shared object in the graph, so it comes back as one object.
+#include "document/ArchiveValue.h"
+#include "model/Holding.h"
+#include "model/Person.h"
+
+#include <QList>
+#include <QString>
+
+class PeopleStore;
+
+namespace PortfolioArchive {
+
+// The root dictionary {"holdings": [...], "titleHolders": [...]}.
+ArchiveRef encodePortfolio(const QList<HoldingRef> &holdings, const QList<PersonRef> &titleHolders);
+// A plain list of holdings (what copy and paste carry).
+ArchiveRef encodeHoldings(const QList<HoldingRef> &holdings);
+
+struct Decoded
+{
+    bool ok = false;
+    QString error;
+    QList<HoldingRef> holdings;
+    bool hasTitleHolders = false; // false for the older root form, a bare list of holdings
+    QList<PersonRef> titleHolders;
+};
+
+// People whose identifiers the store does not know are left out, and the roles that named them
+// come back empty. Anything of the wrong shape is refused with a sentence in error.
+Decoded decodePortfolio(const ArchiveRef &root, const PeopleStore &people);
+
+} // namespace PortfolioArchive

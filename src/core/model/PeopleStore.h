@@ -1,0 +1,54 @@
+#pragma once
+// The people store: person records kept in a vCard file in the user's data directory
+// (QUILLMERE_PEOPLE names another file). The user's own record ("me") is kept by identifier
+// in the settings, the way desktops keep the self contact outside the cards.
+#include "model/PersonRecord.h"
+
+#include <QList>
+#include <QString>
+#include <memory>
+
+class PeopleStore
+{
+public:
+    static constexpr const char *FileName = "people.vcf";
+    static constexpr const char *PathEnvironmentVariable = "QUILLMERE_PEOPLE";
+    static constexpr const char *MeIdentifierKey = "peopleMeIdentifier";
+
+    // The default file: $QUILLMERE_PEOPLE, or people.vcf in the user's data directory.
+    static QString defaultPath();
+    // The process-wide store on defaultPath(), read on first use.
+    static PeopleStore &shared();
+
+    // Reads the file at once; a missing file is an empty store.
+    explicit PeopleStore(const QString &path);
+    PeopleStore(const PeopleStore &) = delete;
+    PeopleStore &operator=(const PeopleStore &) = delete;
+
+    QString path() const { return m_path; }
+    // Warnings of the last read (skipped cards).
+    QStringList warnings() const { return m_warnings; }
+    bool reload(QString *error = nullptr);
+
+    QList<std::shared_ptr<PersonRecord>> records() const { return m_records; }
+    std::shared_ptr<PersonRecord> recordForUniqueId(const QString &uniqueId) const;
+    // Records whose last name begins with the prefix, ignoring case, in store order.
+    QList<std::shared_ptr<PersonRecord>> recordsWithLastNamePrefix(const QString &prefix) const;
+
+    // Adds a new record with a fresh identifier (or the record's own, if it has one not yet used).
+    // Call save() to keep it.
+    std::shared_ptr<PersonRecord> createRecord(const PersonRecord &fields);
+    // Writes every record atomically; the old file stays whole if writing fails.
+    bool save(QString *error = nullptr) const;
+
+    std::shared_ptr<PersonRecord> me() const;
+    void setMe(const QString &uniqueId);
+    // Which settings key holds the me identifier; tests and tools may use their own.
+    void setMeIdentifierKey(const QString &key) { m_meKey = key; }
+
+private:
+    QString m_path;
+    QString m_meKey = QString::fromLatin1(MeIdentifierKey);
+    QList<std::shared_ptr<PersonRecord>> m_records;
+    QStringList m_warnings;
+};
