@@ -1,0 +1,35 @@
+#include "CliDatabase.h"
+
+#include "valuation/RedemptionDatabase.h"
+
+std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
+{
+    const QString path = RedemptionDatabase::path();
+    if (path.isEmpty()) {
+        *error = QStringLiteral("no redemption value database found: the program's own copy (%1) is missing "
+                                "and %2 is not set")
+                     .arg(QLatin1String(RedemptionDatabase::FileName), QLatin1String(RedemptionDatabase::PathEnvironmentVariable));
+        return nullptr;
+    }
+    auto assessor = std::make_unique<BondAssessor>(path);
+    switch (assessor->state()) {
+    case BondAssessor::State::Missing:
+        *error = QStringLiteral("the redemption value database %1 does not exist").arg(path);
+        return nullptr;
+    case BondAssessor::State::Unreadable:
+        *error = assessor->errorMessage();
+        return nullptr;
+    case BondAssessor::State::Open:
+        break;
+    }
+    if (!assessor->maximumRedemptionDate().isValid()) {
+        *error = QStringLiteral("%1 is not a redemption value database (it holds no redemption months)").arg(path);
+        return nullptr;
+    }
+    return assessor;
+}
+
+QString monthText(const QDateTime &date)
+{
+    return date.isValid() ? date.toString(QStringLiteral("yyyy-MM")) : QStringLiteral("none");
+}

@@ -1,0 +1,14 @@
+#pragma once
+// Opening the redemption value database for a sub-command, with the messages a user needs when
+// it is missing or unusable.
+#include "valuation/BondAssessor.h"
+
+#include <QString>
+#include <memory>
+
+// The working database (QUILLMERE_DATABASE, or the copy in the user's data folder), open and
+// holding values; otherwise nullptr and *error says why.
+std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error);
+
+// "YYYY-MM" of a month date.
+QString monthText(const QDateTime &date);

@@ -1,0 +1,36 @@
+// quillmere-cli database: which redemption value database the program uses and what it holds.
+#include "CliCommand.h"
+#include "CliDatabase.h"
+
+namespace {
+
+int run(const QStringList &arguments)
+{
+    if (arguments.size() > 1) {
+        if (arguments.at(1) == QLatin1String("--help") || arguments.at(1) == QLatin1String("-h")) {
+            cliOut() << "Usage: quillmere-cli database\n\nPrints the path of the redemption value database, "
+                        "its earliest and latest redemption months, its number of values and its installed files.\n";
+            return 0;
+        }
+        return cliFail(QStringLiteral("database takes no arguments (got '%1')").arg(arguments.at(1)));
+    }
+    QString error;
+    const auto assessor = openRedemptionDatabase(&error);
+    if (!assessor)
+        return cliFail(error);
+    const QStringList files = assessor->installedFiles();
+    cliOut() << "Database:                   " << assessor->databasePath() << '\n'
+             << "Earliest redemption month:  " << monthText(assessor->minimumRedemptionDate()) << '\n'
+             << "Latest redemption month:    " << monthText(assessor->maximumRedemptionDate()) << '\n'
+             << "Values:                     " << assessor->valueCount() << '\n'
+             << "Installed files:            " << files.size() << '\n';
+    for (const QString &file : files)
+        cliOut() << "  " << file << '\n';
+    return 0;
+}
+
+const CliCommand::Registration registration({QStringLiteral("database"),
+                                             QStringLiteral("database                 where the redemption value database is and what it holds"),
+                                             run});
+
+} // namespace

@@ -1,0 +1,134 @@
+// quillmere-cli value: the value of one bond in one month, its issue price and the interest earned.
+#include "CliCommand.h"
+#include "CliDatabase.h"
+#include "model/Money.h"
+#include "model/Series.h"
+
+#include <QCommandLineParser>
+#include <QDate>
+#include <QRegularExpression>
+
+namespace {
+
+// The names people use for a series: the codes, E/EE/I/SN, and the labels, in any case.
+const Series *seriesNamed(QString name)
+{
+    name = name.toUpper().remove(QRegularExpression(QStringLiteral("[\\s_-]")));
+    if (name.startsWith(QLatin1String("SERIES")))
+        name = name.mid(6);
+    if (name.endsWith(QLatin1String("BOND")))
+        name.chop(4);
+    static const QList<std::pair<QString, const char *>> names = {
+        {QStringLiteral("E"), "E"},  {QStringLiteral("EE"), "N"},         {QStringLiteral("N"), "N"},
+        {QStringLiteral("I"), "I"},  {QStringLiteral("SN"), "S"},         {QStringLiteral("S"), "S"},
+        {QStringLiteral("SAVINGSNOTE"), "S"}, {QStringLiteral("SAVINGSNOTES"), "S"}};
+    for (const auto &[known, code] : names) {
+        if (name == known)
+            return Series::seriesForCode(QString::fromLatin1(code));
+    }
+    return nullptr;
+}
+
+// "YYYY-MM" (or "YYYY/MM") as a month date; invalid for anything else.
+QDateTime monthNamed(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^\\s*(\\d{4})[-/](\\d{1,2})\\s*$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return {};
+    const int year = match.captured(1).toInt();
+    const int month = match.captured(2).toInt();
+    if (month < 1 || month > 12)
+        return {};
+    return BondAssessor::monthDate(year, month);
+}
+
+QString valueText(Pennies value)
+{
+    if (value == RedemptionMarker::NoPricingData)
+        return QStringLiteral("no pricing data");
+    if (value == RedemptionMarker::NotRedeemable)
+        return QStringLiteral("not yet redeemable");
+    return formatDollars(value);
+}
+
+int run(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("The value of one savings bond as of a month."));
+    parser.addHelpOption();
+    const QCommandLineOption seriesOption(QStringLiteral("series"), QStringLiteral("E, EE, I or SN (Savings Note)."), QStringLiteral("series"));
+    const QCommandLineOption faceOption(QStringLiteral("face"), QStringLiteral("Face value in dollars."), QStringLiteral("dollars"));
+    const QCommandLineOption issuedOption(QStringLiteral("issued"), QStringLiteral("Issue month, YYYY-MM."), QStringLiteral("month"));
+    const QCommandLineOption asOfOption(QStringLiteral("as-of"),
+                                        QStringLiteral("Valuation month, YYYY-MM (default: the latest month with values, "
+                                                       "or this month if earlier)."),
+                                        QStringLiteral("month"));
+    const QCommandLineOption electronicOption(QStringLiteral("electronic"), QStringLiteral("The bond was bought electronically, not on paper."));
+    parser.addOptions({seriesOption, faceOption, issuedOption, asOfOption, electronicOption});
+    if (!parser.parse(arguments))
+        return cliFail(parser.errorText());
+    if (parser.isSet(QStringLiteral("help"))) {
+        cliOut() << parser.helpText().replace(QLatin1String("[options]"), QLatin1String("--series S --face DOLLARS --issued YYYY-MM [options]"));
+        return 0;
+    }
+    if (!parser.positionalArguments().isEmpty())
+        return cliFail(QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    for (const QCommandLineOption &required : {seriesOption, faceOption, issuedOption}) {
+        if (!parser.isSet(required))
+            return cliFail(QStringLiteral("--%1 is required").arg(required.names().first()));
+    }
+
+    const Series *series = seriesNamed(parser.value(seriesOption));
+    if (!series)
+        return cliFail(QStringLiteral("unknown series '%1' (use E, EE, I or SN)").arg(parser.value(seriesOption)));
+    bool numeric = false;
+    const double dollars = QString(parser.value(faceOption)).remove(QLatin1Char('$')).remove(QLatin1Char(',')).toDouble(&numeric);
+    const Pennies faceValue = numeric ? dollarsToPennies(dollars) : 0;
+    if (faceValue <= 0)
+        return cliFail(QStringLiteral("the face value must be a positive number of dollars, not '%1'").arg(parser.value(faceOption)));
+    const QDateTime issued = monthNamed(parser.value(issuedOption));
+    if (!issued.isValid())
+        return cliFail(QStringLiteral("the issue month must be written YYYY-MM, not '%1'").arg(parser.value(issuedOption)));
+    QDateTime asOf;
+    if (parser.isSet(asOfOption)) {
+        asOf = monthNamed(parser.value(asOfOption));
+        if (!asOf.isValid())
+            return cliFail(QStringLiteral("the valuation month must be written YYYY-MM, not '%1'").arg(parser.value(asOfOption)));
+    }
+
+    QString error;
+    const auto assessor = openRedemptionDatabase(&error);
+    if (!assessor)
+        return cliFail(error);
+    if (!asOf.isValid()) {
+        const QDate today = QDate::currentDate();
+        asOf = std::min(BondAssessor::monthDate(today.year(), today.month()), assessor->maximumRedemptionDate());
+    }
+
+    const bool paper = !parser.isSet(electronicOption);
+    BondTerms bond;
+    bond.series = series;
+    bond.issueDate = issued;
+    bond.faceValue = faceValue;
+    // The database prices paper bonds; an electronic EE bond cost its full face, twice the paper price.
+    bond.pricingCorrectionFactor = (series == Series::eeBond() && !paper) ? 2 : 1;
+    const Pennies value = assessor->valueOf(bond, asOf);
+    const Pennies issuePrice = series->issuePriceForFaceValue(faceValue, paper);
+    const Pennies interest = std::max<Pennies>(std::max<Pennies>(value, 0) - issuePrice, 0);
+
+    cliOut() << "Series:          " << series->label() << (paper ? " (paper)" : " (electronic)") << '\n'
+             << "Face value:      " << formatDollars(faceValue) << '\n'
+             << "Issued:          " << monthText(issued) << '\n'
+             << "Value as of:     " << monthText(asOf) << '\n'
+             << "Issue price:     " << formatDollars(issuePrice) << '\n'
+             << "Value:           " << valueText(value) << '\n'
+             << "Interest earned: " << formatDollars(interest) << '\n';
+    return 0;
+}
+
+const CliCommand::Registration registration({QStringLiteral("value"),
+                                             QStringLiteral("value --series S --face DOLLARS --issued YYYY-MM [--as-of YYYY-MM] [--electronic]"),
+                                             run});
+
+} // namespace

@@ -1,0 +1,21 @@
+#pragma once
+// Line and field handling shared by the text source readers.
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QList>
+#include <optional>
+
+namespace SourceText {
+// Lines without their terminators; CR LF and LF endings are both accepted. A final terminator
+// does not start another line. A DOS end-of-file mark (Ctrl-Z) at the very end is dropped.
+QList<QByteArrayView> lines(const QByteArray &data);
+bool isBlank(QByteArrayView text);
+QByteArrayView trimmed(QByteArrayView text);
+// A whole non-negative decimal number of digits only, or nothing.
+std::optional<qint64> digits(QByteArrayView text);
+// Like digits() but with an optional leading minus sign.
+std::optional<qint64> signedInteger(QByteArrayView text);
+// The text for a message: printable ASCII kept, everything else shown as '?'.
+QString quoted(QByteArrayView text);
+bool isSeriesCode(char code);
+}
