@@ -86,5 +86,8 @@ Pennies dollarsToPennies(double dollars)
 QString formatDollars(Pennies pennies)
 {
     static const QLocale english(QLocale::English, QLocale::UnitedStates);
-    return english.toCurrencyString(penniesToDollars(pennies), QStringLiteral("$"), 2);
+    // The US locale writes negative currency in accounting parentheses; a minus sign reads better
+    // in a table of figures.
+    const QString magnitude = english.toCurrencyString(std::fabs(penniesToDollars(pennies)), QStringLiteral("$"), 2);
+    return pennies < 0 ? QLatin1Char('-') + magnitude : magnitude;
 }

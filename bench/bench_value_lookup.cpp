@@ -1,0 +1,151 @@
+// Value lookups per second: through BondAssessor, and through a bare prepared statement on the
+// same file (the floor any lookup code could reach), on the program's layout and on others.
+#include "DatabaseLayouts.h"
+
+#include "model/Series.h"
+#include "valuation/BondAssessor.h"
+#include "valuation/RedemptionDatabase.h"
+
+#include <QDate>
+#include <QFile>
+#include <benchmark/benchmark.h>
+#include <random>
+#include <vector>
+
+namespace {
+
+struct Lookup
+{
+    QByteArray series;
+    int ryr, rmo, iyr, imo;
+};
+
+// A private copy of the built database: opening the build's own file writable would change it.
+QString databaseCopy()
+{
+    static const QString path = [] {
+        const QString copy = DatabaseLayouts::scratchFile(QStringLiteral("lookup.bvdb"));
+        if (!QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), copy))
+            qFatal("no database at %s; build the bondvalues_database target", QUILLMERE_TEST_DATABASE);
+        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+        return copy;
+    }();
+    return path;
+}
+
+// Rows that exist, in random order, so that the lookups wander over the whole file.
+const std::vector<Lookup> &lookups()
+{
+    static const std::vector<Lookup> list = [] {
+        std::vector<Lookup> all;
+        sqlite3 *db = nullptr;
+        sqlite3_open_v2(databaseCopy().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+        sqlite3_stmt *stmt = nullptr;
+        sqlite3_prepare_v2(db, "select series, ryr, rmo, iyr, imo from bond_value", -1, &stmt, nullptr);
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            all.push_back({QByteArray(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0))), sqlite3_column_int(stmt, 1),
+                           sqlite3_column_int(stmt, 2), sqlite3_column_int(stmt, 3), sqlite3_column_int(stmt, 4)});
+        sqlite3_finalize(stmt);
+        sqlite3_close(db);
+        std::shuffle(all.begin(), all.end(), std::mt19937(42));
+        all.resize(std::min<size_t>(all.size(), 20000));
+        return all;
+    }();
+    return list;
+}
+
+// The same rows in another layout, made from the copy.
+QString layoutDatabase(int index)
+{
+    const DatabaseLayouts::Layout &layout = DatabaseLayouts::All[index];
+    if (!layout.bondValueTable)
+        return databaseCopy();
+    const QString path = DatabaseLayouts::scratchFile(QStringLiteral("layout%1.bvdb").arg(index));
+    sqlite3 *db = nullptr;
+    sqlite3_open(path.toUtf8().constData(), &db);
+    sqlite3_exec(db, layout.bondValueTable, nullptr, nullptr, nullptr);
+    const QByteArray attach = "attach '" + databaseCopy().toUtf8() + "' as shipped";
+    sqlite3_exec(db, attach.constData(), nullptr, nullptr, nullptr);
+    sqlite3_exec(db, "insert into bond_value select series, ryr, rmo, iyr, imo, value from shipped.bond_value; "
+                     "detach shipped; vacuum;", nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+    return path;
+}
+
+void BM_AssessorValueOf(benchmark::State &state)
+{
+    struct Prepared { BondTerms bond; QDateTime asOf; };
+    std::vector<Prepared> prepared;
+    for (const Lookup &l : lookups()) {
+        BondTerms bond;
+        bond.series = Series::seriesForCode(QString::fromLatin1(l.series));
+        bond.issueDate = BondAssessor::monthDate(l.iyr, l.imo);
+        bond.faceValue = 10000;
+        prepared.push_back({bond, BondAssessor::monthDate(l.ryr, l.rmo)});
+    }
+    const BondAssessor assessor(databaseCopy());
+    size_t i = 0;
+    for (auto _ : state) {
+        const Prepared &p = prepared[i++ % prepared.size()];
+        benchmark::DoNotOptimize(assessor.valueOf(p.bond, p.asOf));
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+
+void BM_BarePreparedStatement(benchmark::State &state)
+{
+    state.SetLabel(DatabaseLayouts::All[state.range(0)].name);
+    sqlite3 *db = nullptr;
+    sqlite3_open_v2(layoutDatabase(static_cast<int>(state.range(0))).toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_stmt *stmt = nullptr;
+    sqlite3_prepare_v2(db, "select value from bond_value where series = ? and ryr = ? and rmo = ? and iyr = ? and imo = ?", -1, &stmt, nullptr);
+    const std::vector<Lookup> &list = lookups();
+    size_t i = 0;
+    for (auto _ : state) {
+        const Lookup &l = list[i++ % list.size()];
+        sqlite3_bind_text(stmt, 1, l.series.constData(), 1, SQLITE_STATIC);
+        sqlite3_bind_int(stmt, 2, l.ryr);
+        sqlite3_bind_int(stmt, 3, l.rmo);
+        sqlite3_bind_int(stmt, 4, l.iyr);
+        sqlite3_bind_int(stmt, 5, l.imo);
+        if (sqlite3_step(stmt) == SQLITE_ROW)
+            benchmark::DoNotOptimize(sqlite3_column_int(stmt, 0));
+        sqlite3_reset(stmt);
+    }
+    sqlite3_finalize(stmt);
+    sqlite3_close(db);
+    state.SetItemsProcessed(state.iterations());
+}
+
+// The valuation-month check scans for a redemption month, which the key does not lead with.
+void BM_IsValidValueOfDate(benchmark::State &state)
+{
+    state.SetLabel(DatabaseLayouts::All[state.range(0)].name);
+    const BondAssessor assessor(layoutDatabase(static_cast<int>(state.range(0))));
+    int month = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(assessor.isValidValueOfDate(BondAssessor::monthDate(2000 + month % 25, month % 12 + 1)));
+        ++month;
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+
+void BM_IsValidIssueDate(benchmark::State &state)
+{
+    const BondAssessor assessor(databaseCopy());
+    int month = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(assessor.isValidIssueDate(BondAssessor::monthDate(1960 + month % 60, month % 12 + 1), Series::eeBond()));
+        ++month;
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+
+BENCHMARK(BM_AssessorValueOf);
+BENCHMARK(BM_BarePreparedStatement)->DenseRange(0, DatabaseLayouts::Count - 1);
+BENCHMARK(BM_IsValidValueOfDate)->DenseRange(0, DatabaseLayouts::Count - 1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_IsValidIssueDate)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+BENCHMARK_MAIN();

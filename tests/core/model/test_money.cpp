@@ -1,0 +1,74 @@
+#include "model/Money.h"
+
+#include <QDate>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct DollarEntry
+{
+    double dollars;
+    Pennies pennies;
+};
+
+class DollarsToPennies : public testing::TestWithParam<DollarEntry> {};
+
+TEST_P(DollarsToPennies, RoundsHalfUpTowardPositiveInfinity)
+{
+    const DollarEntry entry = GetParam();
+    EXPECT_EQ(dollarsToPennies(entry.dollars), entry.pennies);
+    EXPECT_EQ(DollarTransformer::reverseTransformedValue(entry.dollars).toLongLong(), entry.pennies);
+}
+
+INSTANTIATE_TEST_SUITE_P(TypedAmounts, DollarsToPennies,
+                         testing::Values(DollarEntry{123.456, 12346}, DollarEntry{0.004, 0}, DollarEntry{0.005, 1},
+                                         DollarEntry{0.125, 13}, DollarEntry{-0.125, -12}, DollarEntry{-0.126, -13},
+                                         DollarEntry{25.0, 2500}, DollarEntry{0.0, 0}));
+
+TEST(DollarTransformer, NullStaysNullInBothDirections)
+{
+    EXPECT_TRUE(DollarTransformer::transformedValue(QVariant()).isNull());
+    EXPECT_TRUE(DollarTransformer::reverseTransformedValue(QVariant()).isNull());
+}
+
+TEST(DollarTransformer, ForwardTakesTheWholePennyValueOfAnyNumber)
+{
+    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(QVariant::fromValue<qint64>(12345)).toDouble(), 123.45);
+    // A number holding 2.9 answers 2 as its penny value; text holding 2.9 is truncated the same way.
+    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(2.9).toDouble(), 0.02);
+    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(QStringLiteral("2.9")).toDouble(), 0.02);
+    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(-2.9).toDouble(), -0.02);
+}
+
+TEST(DollarTransformer, ReverseParsesText)
+{
+    EXPECT_EQ(DollarTransformer::reverseTransformedValue(QStringLiteral("123.456")).toLongLong(), 12346);
+}
+
+TEST(DollarTransformer, RefusesValuesThatAreNotNumbers)
+{
+    const QVariant date(QDate(2020, 1, 1));
+    try {
+        DollarTransformer::transformedValue(date);
+        FAIL() << "a date was accepted";
+    } catch (const DollarConversionError &error) {
+        EXPECT_STREQ(error.what(), "Value (QDate) does not respond to -doubleValue.");
+    }
+    EXPECT_THROW(DollarTransformer::reverseTransformedValue(date), DollarConversionError);
+}
+
+TEST(Money, PennyArithmeticStaysExactBeyondDoublePrecision)
+{
+    const Pennies large = (Pennies(1) << 53) + 1;
+    EXPECT_EQ(large + 1 - 1, large);
+    EXPECT_NE(static_cast<Pennies>(penniesToDollars(large) * 100.0), large); // only the dollar form loses it
+}
+
+TEST(Money, FormatsDollarsWithTwoDecimalsAndGrouping)
+{
+    EXPECT_EQ(formatDollars(123456), QStringLiteral("$1,234.56"));
+    EXPECT_EQ(formatDollars(5), QStringLiteral("$0.05"));
+    EXPECT_EQ(formatDollars(-25), QStringLiteral("-$0.25"));
+}
+
+} // namespace

@@ -1,0 +1,75 @@
+#include "model/Series.h"
+#include "model/UserDefaults.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Series, LooksUpOnlyTheExactOneLetterCodes)
+{
+    EXPECT_EQ(Series::seriesForCode(QStringLiteral("N")), Series::eeBond());
+    for (const char *code : {"EE", "e", "", "n", "SN", "X"}) {
+        SCOPED_TRACE(code);
+        EXPECT_EQ(Series::seriesForCode(QString::fromLatin1(code)), nullptr);
+    }
+    for (const char *code : {"E", "N", "I", "S"})
+        EXPECT_EQ(Series::seriesForCode(QString::fromLatin1(code))->code(), QString::fromLatin1(code));
+}
+
+TEST(Series, AllSeriesAreOrderedByLabelWithEBeforeEE)
+{
+    QStringList labels;
+    for (const Series *series : Series::allSeries())
+        labels << series->label();
+    EXPECT_EQ(labels, QStringList({"E Bond", "EE Bond", "I Bond", "Savings Note"}));
+    EXPECT_LT(Series::seriesForCode(QStringLiteral("E"))->compare(Series::eeBond()), 0);
+    EXPECT_GT(Series::eeBond()->compare(Series::seriesForCode(QStringLiteral("E"))), 0);
+}
+
+struct IssuePriceCase
+{
+    const char *code;
+    Pennies faceValue;
+    bool paper;
+    Pennies issuePrice;
+};
+
+class IssuePrice : public testing::TestWithParam<IssuePriceCase> {};
+
+TEST_P(IssuePrice, FollowsTheSeriesRuleTruncatingTowardZero)
+{
+    const IssuePriceCase c = GetParam();
+    EXPECT_EQ(Series::seriesForCode(QString::fromLatin1(c.code))->issuePriceForFaceValue(c.faceValue, c.paper), c.issuePrice);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, IssuePrice,
+    testing::Values(IssuePriceCase{"S", 5000, true, 4050}, IssuePriceCase{"E", 5000, true, 3750},
+                    IssuePriceCase{"N", 5000, true, 2500}, IssuePriceCase{"N", 5000, false, 5000},
+                    IssuePriceCase{"I", 5000, true, 5000}, IssuePriceCase{"I", 5000, false, 5000},
+                    IssuePriceCase{"E", 5000, false, 3750}, IssuePriceCase{"S", 3, true, 2},
+                    IssuePriceCase{"S", -3, true, -2}, IssuePriceCase{"E", -5, true, -3},
+                    IssuePriceCase{"N", -5, true, -2}, IssuePriceCase{"N", 5, true, 2},
+                    IssuePriceCase{"E", 10, true, 7}));
+
+TEST(Series, SharePricesAreFixedPerCode)
+{
+    EXPECT_DOUBLE_EQ(Series::seriesForCode(QStringLiteral("E"))->sharePrice(), 18.75);
+    EXPECT_DOUBLE_EQ(Series::eeBond()->sharePrice(), 12.5);
+    EXPECT_DOUBLE_EQ(Series::seriesForCode(QStringLiteral("I"))->sharePrice(), 25.0);
+    EXPECT_DOUBLE_EQ(Series::seriesForCode(QStringLiteral("S"))->sharePrice(), 20.25);
+}
+
+TEST(Series, DefaultSeriesFallsBackToEEAndRefusesUnknownCodes)
+{
+    const QString key = QString::fromLatin1(UserDefaults::DefaultBondSeriesKey);
+    UserDefaults::remove(key);
+    EXPECT_EQ(Series::defaultSeries(), Series::eeBond());
+    Series::setDefaultSeries(Series::seriesForCode(QStringLiteral("I")));
+    EXPECT_EQ(Series::defaultSeries(), Series::seriesForCode(QStringLiteral("I")));
+    UserDefaults::setValue(key, QStringLiteral("Q"));
+    EXPECT_EQ(Series::defaultSeries(), nullptr);
+    UserDefaults::remove(key);
+}
+
+} // namespace

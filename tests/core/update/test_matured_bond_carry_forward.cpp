@@ -1,0 +1,101 @@
+#include "update/sources/MaturedBondCarryForward.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+PriceRecord record(char series, int ryr, int rmo, int iyr, std::initializer_list<std::pair<int, qint32>> values)
+{
+    PriceRecord r;
+    r.series = series;
+    r.ryr = static_cast<quint16>(ryr);
+    r.rmo = static_cast<quint8>(rmo);
+    r.iyr = static_cast<quint16>(iyr);
+    r.value.fill(-2);
+    for (auto [month, value] : values)
+        r.value[month - 1] = value;
+    return r;
+}
+
+struct Maturity
+{
+    char series;
+    int issueYear, issueMonth, months;
+};
+
+class FinalMaturity : public testing::TestWithParam<Maturity> {};
+
+TEST_P(FinalMaturity, DependsOnSeriesAndIssueMonth)
+{
+    const Maturity m = GetParam();
+    EXPECT_EQ(MaturedBondCarryForward::monthsToFinalMaturity(m.series, m.issueYear, m.issueMonth), m.months);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rules, FinalMaturity,
+                         testing::Values(Maturity{'E', 1941, 5, 480}, Maturity{'E', 1965, 11, 480}, Maturity{'E', 1965, 12, 360},
+                                         Maturity{'E', 1980, 6, 360}, Maturity{'N', 1990, 1, 360}, Maturity{'S', 1967, 5, 360}));
+
+// An E bond of May 1941 (matured May 1981) listed in two months with a gap between them; another
+// source reaches two months further.
+QList<NamedPriceRecords> eBondSources(qint32 laterValue = 9059)
+{
+    return {{QStringLiteral("early.asc"), {record('E', 1992, 5, 1941, {{5, 9059}, {6, 9000}})}},
+            {QStringLiteral("later.asc"), {record('E', 1992, 8, 1941, {{5, laterValue}, {6, 9000}})}},
+            {QStringLiteral("i.csv"), {record('I', 1992, 10, 1992, {{1, -1}})}}};
+}
+
+TEST(MaturedBondCarryForward, FillsGapsAndMonthsAfterTheLastOfficialOne)
+{
+    const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(eBondSources());
+    ASSERT_TRUE(result.ok()) << result.error.toStdString();
+    QList<int> months;
+    for (const PriceRecord &r : result.records) {
+        EXPECT_EQ(r.series, 'E');
+        EXPECT_EQ(r.iyr, 1941);
+        EXPECT_EQ(r.value[4], 9059);
+        EXPECT_EQ(r.value[5], 9000);
+        EXPECT_EQ(r.value[0], -2); // never issued: stays without data
+        months << r.ryr * 100 + r.rmo;
+    }
+    EXPECT_EQ(months, (QList<int>{199206, 199207, 199209, 199210}));
+}
+
+TEST(MaturedBondCarryForward, RefusesAValueThatChangesAfterMaturity)
+{
+    const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(eBondSources(9100));
+    EXPECT_TRUE(result.records.isEmpty());
+    EXPECT_TRUE(result.error.contains(QLatin1String("Series E issued 1941-05"))) << result.error.toStdString();
+    EXPECT_TRUE(result.error.contains(QLatin1String("1992-08 (later.asc)"))) << result.error.toStdString();
+    EXPECT_TRUE(result.error.contains(QLatin1String("$91.00"))) << result.error.toStdString();
+}
+
+TEST(MaturedBondCarryForward, CarriesOnlyBondsThatMatureWithinTheData)
+{
+    // EE bonds of November and December 1991 mature in November and December 2021; the EE data
+    // ends with November 2021 while I data goes on to January 2022.
+    const QList<NamedPriceRecords> sources = {
+        {QStringLiteral("sb202111.asc"), {record('N', 2021, 11, 1991, {{11, 6000}, {12, 5900}})}},
+        {QStringLiteral("i.csv"), {record('I', 2022, 1, 2021, {{1, 2600}})}}};
+    const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(sources);
+    ASSERT_TRUE(result.ok());
+    ASSERT_EQ(result.records.size(), 2);
+    EXPECT_EQ(result.records.at(0).ryr * 100 + result.records.at(0).rmo, 202112);
+    EXPECT_EQ(result.records.at(1).ryr * 100 + result.records.at(1).rmo, 202201);
+    for (const PriceRecord &r : result.records) {
+        // Only November 1991 is known to have matured; December's final value is unknown.
+        EXPECT_EQ(r.value[10], 6000);
+        EXPECT_EQ(r.value[11], -2);
+    }
+}
+
+TEST(MaturedBondCarryForward, DoesNotTouchMonthsAnOfficialRecordCovers)
+{
+    // Both matured bonds are listed in every month of the data: nothing to derive.
+    const QList<NamedPriceRecords> sources = {
+        {QStringLiteral("a.asc"), {record('N', 2021, 11, 1991, {{11, 6000}}), record('N', 2021, 12, 1991, {{11, 6000}, {12, 5990}})}}};
+    const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(sources);
+    ASSERT_TRUE(result.ok()) << result.error.toStdString();
+    EXPECT_TRUE(result.records.isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,149 @@
+#include "TestSupport.h"
+
+#include "update/PriceDataFile.h"
+#include "update/PriceDataInstaller.h"
+#include "update/RedemptionDateRangeNotifier.h"
+
+#include <QCoreApplication>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+namespace {
+
+PriceRecord record(char series, int ryr, int rmo, int iyr, qint32 fill)
+{
+    PriceRecord r;
+    r.series = series;
+    r.ryr = static_cast<quint16>(ryr);
+    r.rmo = static_cast<quint8>(rmo);
+    r.iyr = static_cast<quint16>(iyr);
+    r.value.fill(fill);
+    return r;
+}
+
+class PriceDataInstallerTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_EQ(sqlite3_open(TestSupport::emptyDatabase().toUtf8().constData(), &m_db), SQLITE_OK);
+        m_feedback.status = [this](const QString &status) { m_statuses << status; };
+        m_feedback.progress = [this](double value, double maximum) { m_progress = {value, maximum}; };
+    }
+    void TearDown() override { sqlite3_close(m_db); }
+
+    qint64 count(const char *sql)
+    {
+        sqlite3_stmt *stmt = nullptr;
+        sqlite3_prepare_v2(m_db, sql, -1, &stmt, nullptr);
+        const qint64 n = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int64(stmt, 0) : -1;
+        sqlite3_finalize(stmt);
+        return n;
+    }
+    QStringList dataFiles()
+    {
+        QStringList names;
+        sqlite3_stmt *stmt = nullptr;
+        sqlite3_prepare_v2(m_db, "select name from data_file order by rowid", -1, &stmt, nullptr);
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            names << QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
+        sqlite3_finalize(stmt);
+        return names;
+    }
+    bool install(const QByteArray &data, const QString &name)
+    {
+        PriceDataInstaller installer(m_db, m_feedback);
+        return installer.updatePricingDataWithData(data, name);
+    }
+
+    sqlite3 *m_db = nullptr;
+    PriceDataInstaller::Feedback m_feedback;
+    QStringList m_statuses;
+    std::pair<double, double> m_progress{-1, -1};
+};
+
+TEST_F(PriceDataInstallerTest, TrailingBytesThatFillNoRecordAreIgnored)
+{
+    QByteArray data = PriceDataFile::encode({record('N', 2021, 11, 1990, 5184), record('E', 2021, 11, 1980, 0)});
+    data += QByteArray(30, '\x7f');
+    ASSERT_EQ(data.size(), 142);
+    ASSERT_TRUE(install(data, QStringLiteral("two.bin")));
+    EXPECT_EQ(count("select count(*) from bond_value"), 24);
+    EXPECT_EQ(count("select count(*) from bond_value where series = 'E' and value = 0"), 12); // zeros still add rows
+    EXPECT_EQ(dataFiles(), QStringList{QStringLiteral("two.bin")});
+    EXPECT_EQ(m_statuses, QStringList{QStringLiteral("Installing updated prices...")});
+    EXPECT_EQ(m_progress, std::make_pair(0.0, 0.0)); // two records: maximum 2 / 10 = 0
+}
+
+TEST_F(PriceDataInstallerTest, AFileTooShortForOneRecordIsStillRecorded)
+{
+    ASSERT_TRUE(install(QByteArray(55, 'N'), QStringLiteral("short.bin")));
+    ASSERT_TRUE(install(QByteArray(), QStringLiteral("empty.bin")));
+    EXPECT_EQ(count("select count(*) from bond_value"), 0);
+    EXPECT_EQ(dataFiles(), QStringList({QStringLiteral("short.bin"), QStringLiteral("empty.bin")}));
+}
+
+TEST_F(PriceDataInstallerTest, NamesWithQuotesAreRecordedIntact)
+{
+    const QString name = QStringLiteral("O'Neil's ''prices''.bin");
+    ASSERT_TRUE(install(QByteArray(), name));
+    EXPECT_EQ(dataFiles(), QStringList{name});
+}
+
+TEST_F(PriceDataInstallerTest, AFileRepeatingPresentRowsRollsBackWhole)
+{
+    ASSERT_TRUE(install(PriceDataFile::encode({record('I', 2026, 10, 2010, 4071)}), QStringLiteral("first.bin")));
+    m_statuses.clear();
+    // Eleven records: the first ten are new, the last repeats the installed one.
+    QList<PriceRecord> records;
+    for (int year = 2000; year < 2010; ++year)
+        records << record('I', 2026, 10, year, -1);
+    records << record('I', 2026, 10, 2010, 4000);
+    EXPECT_FALSE(install(PriceDataFile::encode(records), QStringLiteral("second.bin")));
+    EXPECT_EQ(count("select count(*) from bond_value"), 12);
+    EXPECT_EQ(count("select count(*) from bond_value where value <> 4071"), 0);
+    EXPECT_EQ(dataFiles(), QStringList{QStringLiteral("first.bin")});
+    EXPECT_EQ(m_statuses, QStringList({QStringLiteral("Installing updated prices..."), QStringLiteral("Data inconsistency; update canceled")}));
+    EXPECT_EQ(m_progress.first, 0.0);
+    // The connection is usable again: the transaction was closed.
+    EXPECT_TRUE(install(PriceDataFile::encode({record('I', 2026, 11, 2010, 4080)}), QStringLiteral("third.bin")));
+}
+
+TEST_F(PriceDataInstallerTest, ProgressEndsAtItsMaximum)
+{
+    QList<PriceRecord> records;
+    for (int year = 1990; year < 2015; ++year)
+        records << record('N', 2021, 11, year, -1);
+    ASSERT_TRUE(install(PriceDataFile::encode(records), QStringLiteral("many.bin")));
+    EXPECT_EQ(m_progress, std::make_pair(2.0, 2.0));
+    EXPECT_EQ(count("select count(*) from bond_value where value = -1"), 25 * 12);
+}
+
+TEST_F(PriceDataInstallerTest, SummaryTablesFollowTheDataAndAreAnnounced)
+{
+    ASSERT_TRUE(install(PriceDataFile::encode({record('E', 1995, 3, 1980, 100), record('E', 1994, 7, 1980, 90)}), QStringLiteral("a")));
+    ASSERT_TRUE(install(PriceDataFile::encode({record('I', 2026, 11, 2010, 4080)}), QStringLiteral("b")));
+    QVariantMap announced;
+    const auto connection = QObject::connect(RedemptionDateRangeNotifier::instance(), &RedemptionDateRangeNotifier::redemptionDateRangeDidChange,
+                                             [&](const QObject *, const QVariantMap &userInfo) { announced = userInfo; });
+    PriceDataInstaller installer(m_db, m_feedback);
+    QDateTime minimum, maximum;
+    ASSERT_TRUE(installer.updateRedemptionDateSummaryTables(&minimum, &maximum));
+    QCoreApplication::processEvents();
+    QObject::disconnect(connection);
+    EXPECT_EQ(minimum, QDateTime(QDate(1994, 7, 1), QTime(0, 0, 1)));
+    EXPECT_EQ(maximum, QDateTime(QDate(2026, 11, 1), QTime(0, 0, 1)));
+    EXPECT_EQ(announced.value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(), maximum);
+    EXPECT_EQ(announced.value(QString::fromLatin1(QBMinimumRedemptionDateKey)).toDateTime(), minimum);
+    EXPECT_EQ(m_statuses.last(), QStringLiteral("Optimizing pricing data..."));
+}
+
+TEST_F(PriceDataInstallerTest, SummaryRebuildFailsWithoutTheSummaryTables)
+{
+    sqlite3_exec(m_db, "drop table max_rdate", nullptr, nullptr, nullptr);
+    PriceDataInstaller installer(m_db, m_feedback);
+    EXPECT_FALSE(installer.updateRedemptionDateSummaryTables(nullptr, nullptr, false));
+    EXPECT_FALSE(installer.lastError().isEmpty());
+}
+
+} // namespace

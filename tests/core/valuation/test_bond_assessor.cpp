@@ -1,0 +1,178 @@
+#include "TestSupport.h"
+
+#include "model/Series.h"
+#include "update/PriceDataFile.h"
+#include "update/PriceDataInstaller.h"
+#include "valuation/BondAssessor.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sqlite3.h>
+
+namespace {
+
+const Series *series(const char *code)
+{
+    return Series::seriesForCode(QString::fromLatin1(code));
+}
+
+BondTerms bond(const char *code, int issueYear, int issueMonth, Pennies face = 2500, int factor = 1)
+{
+    BondTerms terms;
+    terms.series = series(code);
+    terms.issueDate = BondAssessor::monthDate(issueYear, issueMonth);
+    terms.faceValue = face;
+    terms.pricingCorrectionFactor = factor;
+    terms.security = QStringLiteral("US SAVINGS BOND");
+    return terms;
+}
+
+// One assessor on a private copy of the database the build made, shared by the whole program.
+const BondAssessor &shipped()
+{
+    static const std::unique_ptr<BondAssessor> assessor = std::make_unique<BondAssessor>(TestSupport::copyOfShippedDatabase());
+    return *assessor;
+}
+
+struct OfficialValue
+{
+    const char *code;
+    int issueYear, issueMonth, redemptionYear, redemptionMonth;
+    qint64 stored; // per $25 face, or a marker
+};
+
+class ShippedValue : public testing::TestWithParam<OfficialValue> {};
+
+TEST_P(ShippedValue, ComesBackExactly)
+{
+    const OfficialValue v = GetParam();
+    EXPECT_EQ(shipped().valueOf(bond(v.code, v.issueYear, v.issueMonth), BondAssessor::monthDate(v.redemptionYear, v.redemptionMonth)),
+              v.stored);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Official, ShippedValue,
+    testing::Values(OfficialValue{"I", 2010, 1, 2026, 10, 4071}, OfficialValue{"I", 2010, 1, 2021, 11, 3226},
+                    OfficialValue{"N", 1990, 1, 2021, 11, 5184}, OfficialValue{"E", 1980, 6, 2021, 6, 11175},
+                    OfficialValue{"S", 1967, 5, 2000, 10, 15333}, OfficialValue{"I", 1998, 9, 1999, 3, 2529},
+                    OfficialValue{"N", 2005, 5, 2021, 11, 2214}, OfficialValue{"E", 1941, 5, 2006, 10, 9059},
+                    OfficialValue{"I", 2026, 1, 2026, 6, RedemptionMarker::NotRedeemable},
+                    OfficialValue{"I", 1990, 1, 2020, 1, RedemptionMarker::NoPricingData},
+                    OfficialValue{"E", 1941, 4, 2000, 1, RedemptionMarker::NoPricingData}, // a blank field
+                    OfficialValue{"N", 1990, 1, 2026, 12, RedemptionMarker::NoPricingData}));
+
+// Values the build carries forward from final maturity, after the official files stop and in
+// the months no official file covers.
+INSTANTIATE_TEST_SUITE_P(
+    CarriedForward, ShippedValue,
+    testing::Values(OfficialValue{"E", 1941, 5, 2026, 11, 9059}, OfficialValue{"E", 1941, 5, 2001, 12, 9059},
+                    OfficialValue{"S", 1967, 5, 2026, 11, 15333}, OfficialValue{"S", 1967, 5, 2002, 2, 15333},
+                    OfficialValue{"N", 1991, 12, 2022, 1, RedemptionMarker::NoPricingData}, // matures after the data ends
+                    OfficialValue{"N", 1992, 1, 2026, 11, RedemptionMarker::NoPricingData}));
+
+TEST(ShippedDatabase, EEBondKeepsItsMaturityValueFromMaturityOn)
+{
+    const BondTerms ee = bond("N", 1990, 1);
+    const qint64 atMaturity = shipped().valueOf(ee, BondAssessor::monthDate(2020, 1));
+    EXPECT_GT(atMaturity, shipped().valueOf(ee, BondAssessor::monthDate(2019, 12)));
+    for (int year = 2020; year <= 2026; ++year) {
+        for (int month = 1; month <= (year == 2026 ? 11 : 12); ++month) {
+            SCOPED_TRACE(QStringLiteral("%1-%2").arg(year).arg(month).toStdString());
+            ASSERT_EQ(shipped().valueOf(ee, BondAssessor::monthDate(year, month)), atMaturity);
+        }
+    }
+}
+
+TEST(ShippedDatabase, ScalesToFaceValueAndAppliesTheCorrectionFactor)
+{
+    const QDateTime november2021 = BondAssessor::monthDate(2021, 11);
+    EXPECT_EQ(shipped().valueOf(bond("N", 1990, 1, 10000), november2021), 4 * 5184);
+    EXPECT_EQ(shipped().valueOf(bond("N", 1990, 1, 10000, 2), november2021), 2 * 4 * 5184);
+    // A stored "not redeemable" read with factor 2 turns into the no-data marker.
+    EXPECT_EQ(shipped().valueOf(bond("N", 2021, 6, 10000, 2), november2021), RedemptionMarker::NoPricingData);
+    EXPECT_EQ(shipped().valueOf(bond("N", 2021, 6, 10000, 1), november2021), RedemptionMarker::NotRedeemable);
+}
+
+TEST(ShippedDatabase, CoversMay1992ToNovember2026)
+{
+    EXPECT_EQ(shipped().minimumRedemptionDate(), QDateTime(QDate(1992, 5, 1), QTime(0, 0, 1), Qt::LocalTime));
+    EXPECT_EQ(shipped().maximumRedemptionDate(), QDateTime(QDate(2026, 11, 1), QTime(0, 0, 1), Qt::LocalTime));
+    EXPECT_TRUE(shipped().isValidValueOfDate(BondAssessor::monthDate(2001, 12)));
+    EXPECT_FALSE(shipped().isValidValueOfDate(BondAssessor::monthDate(1992, 4)));
+    EXPECT_FALSE(shipped().isValidValueOfDate(BondAssessor::monthDate(2026, 12)));
+    EXPECT_TRUE(shipped().isValidIssueDate(BondAssessor::monthDate(1941, 5), series("E")));
+    EXPECT_FALSE(shipped().isValidIssueDate(BondAssessor::monthDate(1941, 5), series("I")));
+    EXPECT_TRUE(shipped().installedFiles().contains(QStringLiteral("matured-carry-forward")));
+}
+
+TEST(ShippedDatabase, ValuesSinceIssueListPositiveValuesInMonthOrder)
+{
+    const QStringList lines = shipped().valuesSinceIssue(bond("I", 2026, 1));
+    // Not redeemable before January 2027: no line at all.
+    EXPECT_TRUE(lines.isEmpty());
+    const QStringList ee = shipped().valuesSinceIssue(bond("N", 1990, 1, 10000, 2));
+    ASSERT_FALSE(ee.isEmpty());
+    EXPECT_EQ(ee.first(), QStringLiteral("US SAVINGS BOND,%1,05/1/1992\r").arg(ee.first().section(QLatin1Char(','), 1, 1)));
+    EXPECT_TRUE(ee.contains(QStringLiteral("US SAVINGS BOND,51.84,11/1/2021\r"))); // neither scaled nor corrected
+}
+
+// A database holding exactly one record: series N, 2000-01, issue year 1990, value 3000 in January.
+QString oneRecordDatabase()
+{
+    const QString path = TestSupport::emptyDatabase();
+    PriceRecord record;
+    record.series = 'N';
+    record.ryr = 2000;
+    record.rmo = 1;
+    record.iyr = 1990;
+    record.value.fill(-1);
+    record.value[0] = 3000;
+    record.value[1] = 0;
+    sqlite3 *db = nullptr;
+    sqlite3_open(path.toUtf8().constData(), &db);
+    PriceDataInstaller installer(db);
+    EXPECT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode({record}), QStringLiteral("one")));
+    sqlite3_close(db);
+    return path;
+}
+
+TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
+{
+    const BondAssessor assessor(oneRecordDatabase());
+    const QDateTime asOf = BondAssessor::monthDate(2000, 1);
+    for (auto [face, expected] : {std::pair<Pennies, qint64>{5000, 6000}, {1000, 1200}, {1, 1}, {2500, 3000}}) {
+        SCOPED_TRACE(face);
+        EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1, face), asOf), expected);
+    }
+    EXPECT_EQ(assessor.valueOf(bond("N", 1990, 2, 5000), asOf), 0); // a stored zero
+    BondTerms undated = bond("N", 1990, 1);
+    undated.issueDate = QDateTime();
+    EXPECT_EQ(assessor.valueOf(undated, asOf), RedemptionMarker::NoIssueDate);
+    // The summary tables were never rebuilt: no range.
+    EXPECT_FALSE(assessor.minimumRedemptionDate().isValid());
+}
+
+TEST(BondAssessor, MissingFileAnswersNothing)
+{
+    const BondAssessor assessor(TestSupport::temporaryDirectory() + QStringLiteral("/none.bvdb"));
+    EXPECT_EQ(assessor.state(), BondAssessor::State::Missing);
+    EXPECT_EQ(assessor.valueOf(bond("E", 1980, 6), BondAssessor::monthDate(2021, 6)), RedemptionMarker::NoPricingData);
+    EXPECT_FALSE(assessor.maximumRedemptionDate().isValid());
+    EXPECT_FALSE(assessor.isValidIssueDate(BondAssessor::monthDate(1980, 6), series("E")));
+    EXPECT_TRUE(assessor.errorMessage().isEmpty());
+}
+
+TEST(BondAssessor, UnreadableFileIsReportedWithItsPath)
+{
+    const QString path = TestSupport::temporaryDirectory() + QStringLiteral("/garbage.bvdb");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(4096, 'x'));
+    file.close();
+    const BondAssessor assessor(path);
+    EXPECT_EQ(assessor.state(), BondAssessor::State::Unreadable);
+    EXPECT_EQ(assessor.errorMessage(), QStringLiteral("Unable to load essential resources from %1").arg(path));
+}
+
+} // namespace
