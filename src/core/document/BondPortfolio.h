@@ -145,10 +145,8 @@ signals:
 
 private:
     friend class PortfolioRecorder;
-    void startObservingHolding(Holding *holding);
-    void stopObservingHolding(Holding *holding);
-    void startObservingPerson(Person *person);
-    void stopObservingPerson(Person *person);
+    friend class InsertHoldingCommand;
+    friend class DeleteHoldingCommand;
     void insertHoldingWithoutRecording(const HoldingRef &holding, int index);
     HoldingRef takeHoldingWithoutRecording(int index);
     void installTitleHolders(const QList<PersonRef> &people);

@@ -83,7 +83,7 @@ public:
     // Clears every role held by this very object.
     void deleteTitleHolder(const Person *person);
 
-    BondPortfolio *portfolio() const { return m_portfolio.data(); }
+    BondPortfolio *portfolio() const;
     // Attaches the holding and swaps its people for the portfolio's own equal objects. An owner
     // the portfolio does not list joins its title holders and leaves this holding's owner role.
     void setPortfolio(BondPortfolio *portfolio);

@@ -17,6 +17,9 @@ struct PersonRecord
     QString firstName; // empty when the card has none
     QString lastName;
     QList<LabelledEmail> emails;
+    // Further parts of the card's structured name (additional names, prefixes, suffixes), kept
+    // as read so that they are written back.
+    QStringList otherNameParts;
     // Content lines of the card this program does not interpret (telephones, addresses, ...),
     // unfolded, written back unchanged so that rewriting a contacts file loses nothing.
     QStringList otherLines;

@@ -1,0 +1,203 @@
+#include "document/BondPortfolio.h"
+
+#include "document/PortfolioUndo.h"
+#include "model/PeopleStore.h"
+#include "model/Series.h"
+
+#include <QFileInfo>
+#include <QUndoStack>
+#include <algorithm>
+
+BondPortfolio::BondPortfolio(PeopleStore *people, const QString &databasePath, QObject *parent)
+    : QObject(parent)
+    , m_assessor(std::make_unique<BondAssessor>(databasePath))
+    , m_people(people ? people : &PeopleStore::shared())
+    , m_undoStack(new QUndoStack(this))
+    , m_recorder(new PortfolioRecorder(this, m_undoStack))
+{
+    connect(m_undoStack, &QUndoStack::cleanChanged, this, [this](bool clean) { emit editedChanged(!clean); });
+    setTitleHolders(Person::family(*m_people));
+    m_summaryMode = 0;
+    m_valueOfDate = initialValueOfDate();
+    // Nothing done so far can be undone: a new document is not edited.
+    m_undoStack->clear();
+}
+
+BondPortfolio::~BondPortfolio()
+{
+    for (const HoldingRef &holding : std::as_const(m_holdings))
+        m_recorder->stopObserving(holding.get());
+    // Commands keep removed holdings alive; let them go while this object is still whole.
+    delete m_undoStack;
+    m_undoStack = nullptr;
+}
+
+void BondPortfolio::setHoldings(const QList<HoldingRef> &holdings)
+{
+    if (holdings == m_holdings)
+        return;
+    for (const HoldingRef &holding : std::as_const(m_holdings))
+        m_recorder->stopObserving(holding.get());
+    m_holdings = holdings;
+    for (const HoldingRef &holding : std::as_const(m_holdings))
+        m_recorder->startObserving(holding);
+    emit holdingsReset();
+    emit interestSummaryChanged();
+}
+
+void BondPortfolio::insertHolding(const HoldingRef &holding, int index)
+{
+    if (!holding || m_holdings.contains(holding))
+        return;
+    index = std::clamp(index, 0, int(m_holdings.size()));
+    m_undoStack->push(new InsertHoldingCommand(this, holding, index));
+}
+
+void BondPortfolio::removeHoldingAt(int index)
+{
+    if (index < 0 || index >= m_holdings.size())
+        return;
+    m_undoStack->push(new DeleteHoldingCommand(this, index));
+}
+
+int BondPortfolio::indexOfHolding(const Holding *holding) const
+{
+    for (qsizetype i = 0; i < m_holdings.size(); ++i) {
+        if (m_holdings.at(i).get() == holding)
+            return int(i);
+    }
+    return -1;
+}
+
+void BondPortfolio::insertHoldingWithoutRecording(const HoldingRef &holding, int index)
+{
+    index = std::clamp(index, 0, int(m_holdings.size()));
+    m_recorder->startObserving(holding);
+    m_holdings.insert(index, holding);
+    emit holdingInserted(index);
+    emit interestSummaryChanged();
+}
+
+HoldingRef BondPortfolio::takeHoldingWithoutRecording(int index)
+{
+    const HoldingRef holding = m_holdings.at(index);
+    emit holdingAboutToBeRemoved(index);
+    m_recorder->stopObserving(holding.get());
+    // Unobserved, so clearing the roles records nothing; it unlinks the people's lists.
+    holding->setOwner(nullptr);
+    holding->setCoOwner(nullptr);
+    holding->setBeneficiary(nullptr);
+    m_holdings.removeAt(index);
+    emit holdingRemoved(index);
+    emit interestSummaryChanged();
+    return holding;
+}
+
+void BondPortfolio::setHoldingsFilter(HoldingFilter filter)
+{
+    m_filter = std::move(filter);
+    emit interestSummaryChanged();
+}
+
+QList<HoldingRef> BondPortfolio::shownHoldings() const
+{
+    if (!m_filter)
+        return m_holdings;
+    QList<HoldingRef> shown;
+    for (const HoldingRef &holding : m_holdings) {
+        if (m_filter(*holding))
+            shown << holding;
+    }
+    return shown;
+}
+
+void BondPortfolio::setTitleHolders(const QList<PersonRef> &people)
+{
+    if (people == m_titleHolders)
+        return;
+    if (!m_recorder->isApplying())
+        m_undoStack->push(new SetTitleHoldersCommand(this, m_titleHolders, people));
+    installTitleHolders(people);
+}
+
+void BondPortfolio::setTitleHoldersWithoutRecording(const QList<PersonRef> &people)
+{
+    PortfolioRecorder::Applying applying(m_recorder);
+    installTitleHolders(people);
+}
+
+void BondPortfolio::installTitleHolders(const QList<PersonRef> &people)
+{
+    QList<PersonRef> sorted;
+    for (const PersonRef &person : people) {
+        if (person)
+            sorted << person;
+    }
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const PersonRef &a, const PersonRef &b) { return a->name() < b->name(); });
+    m_titleHolders = sorted;
+    emit titleHoldersChanged();
+}
+
+void BondPortfolio::deleteTitleHolderFromAllBonds(const PersonRef &person)
+{
+    if (!person)
+        return;
+    // Roles name the list's own objects; the caller may hold an equal one.
+    QList<const Person *> objects{person.get()};
+    for (const PersonRef &listed : std::as_const(m_titleHolders)) {
+        if (listed != person && samePerson(listed.get(), person.get()))
+            objects << listed.get();
+    }
+    m_undoStack->beginMacro(QString::fromLatin1(UndoActionName::EditPeople));
+    QList<PersonRef> remaining = m_titleHolders;
+    remaining.removeIf([&person](const PersonRef &p) { return samePerson(p.get(), person.get()); });
+    setTitleHolders(remaining);
+    const QList<HoldingRef> holdings = m_holdings;
+    for (const HoldingRef &holding : holdings) {
+        for (const Person *object : std::as_const(objects))
+            holding->deleteTitleHolder(object);
+    }
+    m_undoStack->endMacro();
+}
+
+QList<const Series *> BondPortfolio::series() const
+{
+    return Series::allSeries();
+}
+
+bool BondPortfolio::isEdited() const
+{
+    return !m_undoStack->isClean();
+}
+
+void BondPortfolio::markEdited()
+{
+    m_undoStack->resetClean();
+}
+
+void BondPortfolio::markSaved()
+{
+    m_undoStack->setClean();
+}
+
+void BondPortfolio::changeKeyPath(Holding *holding, const QString &key, const QVariant &value)
+{
+    PortfolioRecorder::Applying applying(m_recorder);
+    holding->setValueForKey(key, value);
+}
+
+void BondPortfolio::setFileName(const QString &fileName)
+{
+    if (fileName == m_fileName)
+        return;
+    m_fileName = fileName;
+    emit fileNameChanged();
+}
+
+QString BondPortfolio::displayName() const
+{
+    if (m_fileName.isEmpty())
+        return QStringLiteral("Untitled");
+    return QFileInfo(m_fileName).completeBaseName();
+}

@@ -1,0 +1,95 @@
+// The valuation date, the current interest period and the interest summary of a portfolio.
+#include "document/BondPortfolio.h"
+
+#include <QtGlobal>
+
+bool BondPortfolio::setValueOfDate(const QDateTime &date)
+{
+    if (!date.isValid())
+        return false;
+    if (date == m_valueOfDate && date.timeSpec() == m_valueOfDate.timeSpec())
+        return true;
+    m_valueOfDate = date.toLocalTime();
+    emit valueOfDateChanged();
+    emit interestSummaryChanged();
+    return true;
+}
+
+bool BondPortfolio::validateValueOfDate(const QDateTime &proposed, ValidationError *error) const
+{
+    if (proposed.isValid() && m_assessor->isValidValueOfDate(proposed))
+        return true;
+    if (error)
+        *error = {QString::fromLatin1(ValueOfDateErrorDomain), 1, QString::fromLatin1(NoValuationDataMessage)};
+    return false;
+}
+
+QDateTime BondPortfolio::initialValueOfDate() const
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDateTime latest = m_assessor->maximumRedemptionDate();
+    if (!latest.isValid())
+        return now;
+    return latest < now ? latest : now;
+}
+
+DateRange BondPortfolio::currentInterestPeriod() const
+{
+    if (!m_valueOfDate.isValid())
+        return {};
+    const int month = m_valueOfDate.date().month();
+    const int year = m_valueOfDate.date().year();
+    // Built on day 1, keeping the time of day, so that both ends stay in May and November.
+    auto at = [this](int y, int m) {
+        QDateTime end = m_valueOfDate;
+        end.setDate(QDate(y, m, 1));
+        return end;
+    };
+    if (month <= 4)
+        return {at(year - 1, 11), at(year, 5)};
+    if (month <= 10)
+        return {at(year, 5), at(year, 11)};
+    return {at(year, 11), at(year + 1, 5)};
+}
+
+void BondPortfolio::setSummaryMode(int mode)
+{
+    m_summaryMode = mode;
+    emit summaryModeChanged();
+    emit interestSummaryChanged();
+}
+
+QMap<int, Pennies> BondPortfolio::yearsWithInterestEarnedCumulative(bool cumulative) const
+{
+    QMap<int, Pennies> years;
+    const QDateTime latest = m_assessor->maximumRedemptionDate();
+    if (!latest.isValid())
+        return years;
+    // Only years whose December the database holds are summarised.
+    const int lastYear = latest.date().month() < 12 ? latest.date().year() - 1 : latest.date().year();
+    for (const HoldingRef &holding : shownHoldings()) {
+        const int issueYear = holding->issueDate().isValid() ? holding->issueDate().date().year() : 0;
+        if (issueYear == 0)
+            continue;
+        for (int year = lastYear; year >= issueYear; --year)
+            years[year] += holding->cumulativeInterestEarnedAsOfDate(BondAssessor::monthDate(year, 12));
+    }
+    if (cumulative)
+        return years;
+    const QList<int> keys = years.keys();
+    for (qsizetype k = keys.size() - 1; k >= 1; --k)
+        years[keys.at(k)] -= years.value(keys.at(k - 1));
+    return years;
+}
+
+QList<InterestSummaryRow> BondPortfolio::interestSummary() const
+{
+    const QMap<int, Pennies> years = yearsWithInterestEarnedCumulative(m_summaryMode == 0);
+    QList<InterestSummaryRow> rows;
+    for (auto it = years.cbegin(); it != years.cend(); ++it) {
+        if (rows.isEmpty() && it.value() == 0)
+            continue;
+        rows.append({it.key(), it.value()});
+    }
+    return rows;
+}

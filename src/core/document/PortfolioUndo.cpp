@@ -1,0 +1,155 @@
+#include "document/PortfolioUndo.h"
+
+#include "document/BondPortfolio.h"
+
+#include <QUndoStack>
+
+PortfolioRecorder::PortfolioRecorder(BondPortfolio *portfolio, QUndoStack *stack)
+    : QObject(portfolio)
+    , m_portfolio(portfolio)
+    , m_stack(stack)
+{
+}
+
+void PortfolioRecorder::startObserving(const HoldingRef &holding)
+{
+    Holding *raw = holding.get();
+    // The connection keeps only a weak reference; the portfolio's list owns the holding.
+    std::weak_ptr<Holding> weak = holding;
+    connect(raw, &Holding::valueChanged, this, [this, weak](const QString &key, const QVariant &oldValue) {
+        if (const HoldingRef strong = weak.lock())
+            valueChanged(strong, key, oldValue);
+    });
+    connect(raw, &Holding::changesCompleted, this, &PortfolioRecorder::changesCompleted);
+}
+
+void PortfolioRecorder::stopObserving(Holding *holding)
+{
+    disconnect(holding, nullptr, this, nullptr);
+}
+
+void PortfolioRecorder::valueChanged(const HoldingRef &holding, const QString &key, const QVariant &oldValue)
+{
+    if (!isApplying()) {
+        if (!m_pending)
+            m_pending = new QUndoCommand(QString::fromLatin1(UndoActionName::Edit));
+        new ChangeValueCommand(m_portfolio, holding, key, oldValue, holding->valueForKey(key), m_pending);
+    }
+    emit m_portfolio->holdingChanged(holding.get(), key);
+    emit m_portfolio->interestSummaryChanged();
+}
+
+void PortfolioRecorder::changesCompleted()
+{
+    if (!m_pending)
+        return;
+    QUndoCommand *command = m_pending;
+    m_pending = nullptr;
+    m_stack->push(command);
+}
+
+ChangeValueCommand::ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, QString key,
+                                       QVariant oldValue, QVariant newValue, QUndoCommand *parent)
+    : QUndoCommand(QString::fromLatin1(UndoActionName::Edit), parent)
+    , m_portfolio(portfolio)
+    , m_holding(std::move(holding))
+    , m_key(std::move(key))
+    , m_oldValue(std::move(oldValue))
+    , m_newValue(std::move(newValue))
+{
+}
+
+void ChangeValueCommand::undo()
+{
+    m_portfolio->changeKeyPath(m_holding.get(), m_key, m_oldValue);
+}
+
+void ChangeValueCommand::redo()
+{
+    if (m_happened) {
+        m_happened = false;
+        return;
+    }
+    m_portfolio->changeKeyPath(m_holding.get(), m_key, m_newValue);
+}
+
+SetTitleHoldersCommand::SetTitleHoldersCommand(BondPortfolio *portfolio, QList<PersonRef> oldPeople,
+                                               QList<PersonRef> newPeople)
+    : QUndoCommand(QString::fromLatin1(UndoActionName::EditPeople))
+    , m_portfolio(portfolio)
+    , m_oldPeople(std::move(oldPeople))
+    , m_newPeople(std::move(newPeople))
+{
+}
+
+void SetTitleHoldersCommand::undo()
+{
+    m_portfolio->setTitleHoldersWithoutRecording(m_oldPeople);
+}
+
+void SetTitleHoldersCommand::redo()
+{
+    if (m_happened) {
+        m_happened = false;
+        return;
+    }
+    m_portfolio->setTitleHoldersWithoutRecording(m_newPeople);
+}
+
+HoldingRoles HoldingRoles::of(const Holding &holding)
+{
+    return {holding.owner(), holding.coOwner(), holding.beneficiary()};
+}
+
+void HoldingRoles::restoreTo(Holding &holding) const
+{
+    if (owner)
+        holding.setOwner(owner);
+    if (coOwner)
+        holding.setCoOwner(coOwner);
+    if (beneficiary)
+        holding.setBeneficiary(beneficiary);
+}
+
+InsertHoldingCommand::InsertHoldingCommand(BondPortfolio *portfolio, HoldingRef holding, int index)
+    : QUndoCommand(QString::fromLatin1(UndoActionName::InsertHolding))
+    , m_portfolio(portfolio)
+    , m_holding(std::move(holding))
+    , m_index(index)
+    , m_roles(HoldingRoles::of(*m_holding))
+{
+}
+
+void InsertHoldingCommand::undo()
+{
+    m_roles = HoldingRoles::of(*m_holding);
+    m_portfolio->takeHoldingWithoutRecording(m_index);
+}
+
+void InsertHoldingCommand::redo()
+{
+    m_portfolio->insertHoldingWithoutRecording(m_holding, m_index);
+    PortfolioRecorder::Applying applying(m_portfolio->m_recorder);
+    m_roles.restoreTo(*m_holding);
+}
+
+DeleteHoldingCommand::DeleteHoldingCommand(BondPortfolio *portfolio, int index)
+    : QUndoCommand(QString::fromLatin1(UndoActionName::DeleteHolding))
+    , m_portfolio(portfolio)
+    , m_holding(portfolio->holdings().at(index))
+    , m_index(index)
+{
+}
+
+void DeleteHoldingCommand::undo()
+{
+    m_portfolio->insertHoldingWithoutRecording(m_holding, m_index);
+    PortfolioRecorder::Applying applying(m_portfolio->m_recorder);
+    m_roles.restoreTo(*m_holding);
+}
+
+void DeleteHoldingCommand::redo()
+{
+    m_roles = HoldingRoles::of(*m_holding);
+    m_portfolio->takeHoldingWithoutRecording(m_index);
+}

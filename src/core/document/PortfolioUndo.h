@@ -1,0 +1,118 @@
+#pragma once
+// How the portfolio records its changes: an observer that turns the holdings' announcements into
+// undo commands, and the commands themselves. A recorded change has already happened, so the
+// first redo() of such a command does nothing; undo() and later redo() set values through the
+// holding's own setters while the recorder ignores the announcements that follow.
+#include "model/Holding.h"
+#include "model/Person.h"
+
+#include <QObject>
+#include <QUndoCommand>
+#include <QVariant>
+
+class BondPortfolio;
+class QUndoStack;
+
+class PortfolioRecorder : public QObject
+{
+    Q_OBJECT
+public:
+    PortfolioRecorder(BondPortfolio *portfolio, QUndoStack *stack);
+
+    void startObserving(const HoldingRef &holding);
+    void stopObserving(Holding *holding);
+
+    // While one exists, announcements are not recorded (a command is applying a value).
+    class Applying
+    {
+    public:
+        explicit Applying(PortfolioRecorder *recorder) : m_recorder(recorder) { ++m_recorder->m_applying; }
+        ~Applying() { --m_recorder->m_applying; }
+        Applying(const Applying &) = delete;
+        Applying &operator=(const Applying &) = delete;
+
+    private:
+        PortfolioRecorder *m_recorder;
+    };
+    bool isApplying() const { return m_applying > 0; }
+
+private:
+    void valueChanged(const HoldingRef &holding, const QString &key, const QVariant &oldValue);
+    void changesCompleted();
+
+    BondPortfolio *m_portfolio;
+    QUndoStack *m_stack;
+    int m_applying = 0;
+    QUndoCommand *m_pending = nullptr; // "Edit" collecting the changes of one setter call
+};
+
+// One key of one holding, from an old value to a new one.
+class ChangeValueCommand : public QUndoCommand
+{
+public:
+    ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, QString key, QVariant oldValue,
+                       QVariant newValue, QUndoCommand *parent);
+    void undo() override;
+    void redo() override;
+
+private:
+    BondPortfolio *m_portfolio;
+    HoldingRef m_holding;
+    QString m_key;
+    QVariant m_oldValue;
+    QVariant m_newValue;
+    bool m_happened = true;
+};
+
+// The title-holder list, replaced as a whole.
+class SetTitleHoldersCommand : public QUndoCommand
+{
+public:
+    SetTitleHoldersCommand(BondPortfolio *portfolio, QList<PersonRef> oldPeople, QList<PersonRef> newPeople);
+    void undo() override;
+    void redo() override;
+
+private:
+    BondPortfolio *m_portfolio;
+    QList<PersonRef> m_oldPeople;
+    QList<PersonRef> m_newPeople;
+    bool m_happened = true;
+};
+
+// The owner, co-owner and beneficiary of a holding that leaves the list, to give back on return.
+struct HoldingRoles
+{
+    PersonRef owner;
+    PersonRef coOwner;
+    PersonRef beneficiary;
+    static HoldingRoles of(const Holding &holding);
+    void restoreTo(Holding &holding) const;
+};
+
+class InsertHoldingCommand : public QUndoCommand
+{
+public:
+    InsertHoldingCommand(BondPortfolio *portfolio, HoldingRef holding, int index);
+    void undo() override;
+    void redo() override;
+
+private:
+    BondPortfolio *m_portfolio;
+    HoldingRef m_holding;
+    int m_index;
+    HoldingRoles m_roles; // as they were when the insertion was undone
+};
+
+class DeleteHoldingCommand : public QUndoCommand
+{
+public:
+    DeleteHoldingCommand(BondPortfolio *portfolio, int index);
+    void undo() override;
+    void redo() override;
+
+private:
+    BondPortfolio *m_portfolio;
+    HoldingRef m_holding;
+    int m_index;
+    HoldingRoles m_roles;
+};

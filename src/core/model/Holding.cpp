@@ -1,0 +1,313 @@
+#include "model/Holding.h"
+
+#include "document/BondPortfolio.h"
+#include "model/UserDefaults.h"
+
+namespace HoldingKey {
+
+QStringList observedKeys()
+{
+    return {QString::fromLatin1(Series), QString::fromLatin1(Quantity), QString::fromLatin1(Paper),
+            QString::fromLatin1(IssueDate), QString::fromLatin1(FaceValue), QString::fromLatin1(SerialNumber),
+            QString::fromLatin1(Owner), QString::fromLatin1(CoOwner), QString::fromLatin1(Beneficiary)};
+}
+
+bool affectsDerivedValues(const QString &key)
+{
+    return key == QLatin1String(Series) || key == QLatin1String(Paper) || key == QLatin1String(IssueDate)
+           || key == QLatin1String(Quantity) || key == QLatin1String(FaceValue);
+}
+
+} // namespace HoldingKey
+
+// Groups the announcements of one outermost setter call: the role rules make one setter change
+// up to three keys, and observers should see them as one change.
+class Holding::ChangeScope
+{
+public:
+    explicit ChangeScope(Holding *holding)
+        : m_holding(holding)
+    {
+        ++m_holding->m_changeDepth;
+    }
+    ~ChangeScope()
+    {
+        if (--m_holding->m_changeDepth == 0 && m_holding->m_changedInScope) {
+            m_holding->m_changedInScope = false;
+            emit m_holding->changesCompleted();
+        }
+    }
+    ChangeScope(const ChangeScope &) = delete;
+    ChangeScope &operator=(const ChangeScope &) = delete;
+
+private:
+    Holding *m_holding;
+};
+
+Holding::Holding()
+    : m_series(Series::defaultSeries())
+{
+    const QVariant paper = UserDefaults::value(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey));
+    m_isPaper = paper.isValid() ? paper.toBool() : true;
+}
+
+Holding::~Holding()
+{
+    // The people's role lists must not keep pointing at a holding that is gone.
+    if (m_owner)
+        m_owner->removeOwnerHolding(this);
+    if (m_coOwner)
+        m_coOwner->removeCoOwnerHolding(this);
+    if (m_beneficiary)
+        m_beneficiary->removeBeneficiaryHolding(this);
+}
+
+void Holding::announce(const char *key, const QVariant &oldValue)
+{
+    m_changedInScope = true;
+    const QString name = QString::fromLatin1(key);
+    emit valueChanged(name, oldValue);
+    if (HoldingKey::affectsDerivedValues(name))
+        emit derivedValuesChanged();
+}
+
+const Series *Holding::series() const
+{
+    return m_series ? m_series : Series::eeBond();
+}
+
+void Holding::setSeries(const Series *series)
+{
+    ChangeScope scope(this);
+    if (series == m_series)
+        return;
+    const Series *old = m_series;
+    m_series = series;
+    announce(HoldingKey::Series, QVariant::fromValue(old));
+}
+
+void Holding::setQuantity(qint32 quantity)
+{
+    ChangeScope scope(this);
+    const qint32 old = m_quantity;
+    m_quantity = quantity;
+    announce(HoldingKey::Quantity, old);
+}
+
+void Holding::setFaceValue(Pennies faceValue)
+{
+    ChangeScope scope(this);
+    const Pennies old = m_faceValue;
+    m_faceValue = faceValue;
+    announce(HoldingKey::FaceValue, old);
+}
+
+void Holding::setIssueDate(const QDateTime &issueDate)
+{
+    ChangeScope scope(this);
+    if (issueDate.isValid() == m_issueDate.isValid() && issueDate == m_issueDate)
+        return;
+    const QDateTime old = m_issueDate;
+    m_issueDate = issueDate;
+    announce(HoldingKey::IssueDate, old.isValid() ? QVariant(old) : QVariant());
+}
+
+void Holding::setSerialNumber(const QString &serialNumber)
+{
+    ChangeScope scope(this);
+    if (serialNumber.isNull() == m_serialNumber.isNull() && serialNumber == m_serialNumber)
+        return;
+    const QString old = m_serialNumber;
+    m_serialNumber = serialNumber;
+    announce(HoldingKey::SerialNumber, old.isNull() ? QVariant() : QVariant(old));
+}
+
+void Holding::setPaper(bool paper)
+{
+    ChangeScope scope(this);
+    const bool old = m_isPaper;
+    m_isPaper = paper;
+    announce(HoldingKey::Paper, old);
+}
+
+void Holding::setOwner(const PersonRef &person)
+{
+    ChangeScope scope(this);
+    if (person != m_owner) {
+        const PersonRef old = m_owner;
+        if (old)
+            old->removeOwnerHolding(this);
+        m_owner = person;
+        if (person)
+            person->addOwnerHolding(this);
+        announce(HoldingKey::Owner, old ? QVariant::fromValue(old) : QVariant());
+    }
+    if (person) {
+        if (samePerson(person.get(), m_coOwner.get()))
+            setCoOwner(nullptr);
+        else if (samePerson(person.get(), m_beneficiary.get()))
+            setBeneficiary(nullptr);
+    }
+}
+
+void Holding::setCoOwner(const PersonRef &person)
+{
+    ChangeScope scope(this);
+    if (person != m_coOwner) {
+        const PersonRef old = m_coOwner;
+        if (old)
+            old->removeCoOwnerHolding(this);
+        m_coOwner = person;
+        if (person)
+            person->addCoOwnerHolding(this);
+        announce(HoldingKey::CoOwner, old ? QVariant::fromValue(old) : QVariant());
+    }
+    if (m_coOwner && m_beneficiary)
+        setBeneficiary(nullptr);
+    if (m_owner && samePerson(m_owner.get(), m_coOwner.get()))
+        setOwner(nullptr);
+}
+
+void Holding::setBeneficiary(const PersonRef &person)
+{
+    ChangeScope scope(this);
+    if (person != m_beneficiary) {
+        const PersonRef old = m_beneficiary;
+        if (old)
+            old->removeBeneficiaryHolding(this);
+        m_beneficiary = person;
+        if (person)
+            person->addBeneficiaryHolding(this);
+        announce(HoldingKey::Beneficiary, old ? QVariant::fromValue(old) : QVariant());
+    }
+    if (m_coOwner && m_beneficiary)
+        setCoOwner(nullptr);
+    if (m_owner && samePerson(m_owner.get(), m_beneficiary.get()))
+        setOwner(nullptr);
+}
+
+void Holding::deleteTitleHolder(const Person *person)
+{
+    ChangeScope scope(this);
+    if (!person)
+        return;
+    if (m_owner.get() == person)
+        setOwner(nullptr);
+    if (m_coOwner.get() == person)
+        setCoOwner(nullptr);
+    if (m_beneficiary.get() == person)
+        setBeneficiary(nullptr);
+}
+
+BondPortfolio *Holding::portfolio() const
+{
+    return m_portfolio.data();
+}
+
+void Holding::setPortfolio(BondPortfolio *portfolio)
+{
+    ChangeScope scope(this);
+    m_portfolio = portfolio;
+    if (!portfolio)
+        return;
+    QList<PersonRef> people = portfolio->titleHolders();
+    auto listed = [&people](const PersonRef &person) -> PersonRef {
+        for (const PersonRef &candidate : people) {
+            if (samePerson(candidate.get(), person.get()))
+                return candidate;
+        }
+        return nullptr;
+    };
+    bool peopleChanged = false;
+    if (m_owner) {
+        if (const PersonRef own = listed(m_owner)) {
+            setOwner(own);
+        } else {
+            // The unlisted owner joins the title holders and leaves this holding's owner role:
+            // long-standing behaviour that files and users rely on.
+            people << m_owner;
+            peopleChanged = true;
+            setOwner(nullptr);
+        }
+    }
+    if (m_coOwner) {
+        if (const PersonRef own = listed(m_coOwner))
+            setCoOwner(own);
+    }
+    if (m_beneficiary) {
+        if (const PersonRef own = listed(m_beneficiary))
+            setBeneficiary(own);
+    }
+    if (peopleChanged)
+        portfolio->setTitleHolders(people);
+}
+
+bool Holding::validateIssueDate(const QDateTime &proposed, ValidationError *error) const
+{
+    const BondAssessor *reader = assessor();
+    if (reader && reader->isValidIssueDate(proposed, series()))
+        return true;
+    if (error)
+        *error = {QString::fromLatin1(IssueDateErrorDomain), 1, QString::fromLatin1(NoIssueDataMessage)};
+    return false;
+}
+
+QString Holding::registration() const
+{
+    if (!m_owner)
+        return {};
+    if (m_coOwner)
+        return QStringLiteral("%1 OR %2").arg(m_owner->name(), m_coOwner->name());
+    if (m_beneficiary)
+        return QStringLiteral("%1 POD %2").arg(m_owner->name(), m_beneficiary->name());
+    return m_owner->name();
+}
+
+QVariant Holding::valueForKey(const QString &key) const
+{
+    auto person = [](const PersonRef &p) { return p ? QVariant::fromValue(p) : QVariant(); };
+    if (key == QLatin1String(HoldingKey::Series))
+        return QVariant::fromValue(m_series);
+    if (key == QLatin1String(HoldingKey::Quantity))
+        return m_quantity;
+    if (key == QLatin1String(HoldingKey::FaceValue))
+        return m_faceValue;
+    if (key == QLatin1String(HoldingKey::IssueDate))
+        return m_issueDate.isValid() ? QVariant(m_issueDate) : QVariant();
+    if (key == QLatin1String(HoldingKey::SerialNumber))
+        return m_serialNumber.isNull() ? QVariant() : QVariant(m_serialNumber);
+    if (key == QLatin1String(HoldingKey::Paper))
+        return m_isPaper;
+    if (key == QLatin1String(HoldingKey::Owner))
+        return person(m_owner);
+    if (key == QLatin1String(HoldingKey::CoOwner))
+        return person(m_coOwner);
+    if (key == QLatin1String(HoldingKey::Beneficiary))
+        return person(m_beneficiary);
+    return {};
+}
+
+bool Holding::setValueForKey(const QString &key, const QVariant &value)
+{
+    if (key == QLatin1String(HoldingKey::Series))
+        setSeries(value.value<const Series *>());
+    else if (key == QLatin1String(HoldingKey::Quantity))
+        setQuantity(value.toInt());
+    else if (key == QLatin1String(HoldingKey::FaceValue))
+        setFaceValue(value.toLongLong());
+    else if (key == QLatin1String(HoldingKey::IssueDate))
+        setIssueDate(value.toDateTime());
+    else if (key == QLatin1String(HoldingKey::SerialNumber))
+        setSerialNumber(value.isValid() ? value.toString() : QString());
+    else if (key == QLatin1String(HoldingKey::Paper))
+        setPaper(value.toBool());
+    else if (key == QLatin1String(HoldingKey::Owner))
+        setOwner(value.value<PersonRef>());
+    else if (key == QLatin1String(HoldingKey::CoOwner))
+        setCoOwner(value.value<PersonRef>());
+    else if (key == QLatin1String(HoldingKey::Beneficiary))
+        setBeneficiary(value.value<PersonRef>());
+    else
+        return false;
+    return true;
+}

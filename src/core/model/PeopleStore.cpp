@@ -1,0 +1,117 @@
+#include "model/PeopleStore.h"
+
+#include "model/UserDefaults.h"
+#include "model/VCard.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QUuid>
+#include <QtDebug>
+
+QString PeopleStore::defaultPath()
+{
+    const QString overridden = qEnvironmentVariable(PathEnvironmentVariable);
+    if (!overridden.isEmpty())
+        return overridden;
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u'/'
+           + QString::fromLatin1(FileName);
+}
+
+PeopleStore &PeopleStore::shared()
+{
+    static PeopleStore store(defaultPath());
+    return store;
+}
+
+PeopleStore::PeopleStore(const QString &path)
+    : m_path(path)
+{
+    reload();
+}
+
+bool PeopleStore::reload(QString *error)
+{
+    m_records.clear();
+    m_warnings.clear();
+    QFile file(m_path);
+    if (!file.exists())
+        return true;
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = QStringLiteral("Could not read the people file %1: %2").arg(m_path, file.errorString());
+        qWarning().noquote() << "Could not read the people file" << m_path << ":" << file.errorString();
+        return false;
+    }
+    const VCard::ReadResult read = VCard::read(file.readAll());
+    for (const QString &warning : read.warnings)
+        qWarning().noquote() << m_path + QStringLiteral(": ") + warning;
+    m_warnings = read.warnings;
+    for (const PersonRecord &record : read.records)
+        m_records << std::make_shared<PersonRecord>(record);
+    return true;
+}
+
+std::shared_ptr<PersonRecord> PeopleStore::recordForUniqueId(const QString &uniqueId) const
+{
+    if (uniqueId.isEmpty())
+        return nullptr;
+    for (const auto &record : m_records) {
+        if (record->uniqueId == uniqueId)
+            return record;
+    }
+    return nullptr;
+}
+
+QList<std::shared_ptr<PersonRecord>> PeopleStore::recordsWithLastNamePrefix(const QString &prefix) const
+{
+    QList<std::shared_ptr<PersonRecord>> matches;
+    for (const auto &record : m_records) {
+        if (record->lastName.startsWith(prefix, Qt::CaseInsensitive))
+            matches << record;
+    }
+    return matches;
+}
+
+std::shared_ptr<PersonRecord> PeopleStore::createRecord(const PersonRecord &fields)
+{
+    auto record = std::make_shared<PersonRecord>(fields);
+    if (record->uniqueId.isEmpty() || recordForUniqueId(record->uniqueId))
+        record->uniqueId = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    m_records << record;
+    return record;
+}
+
+bool PeopleStore::save(QString *error) const
+{
+    QList<PersonRecord> plain;
+    for (const auto &record : m_records)
+        plain << *record;
+    const QFileInfo info(m_path);
+    QDir().mkpath(info.absolutePath());
+    QSaveFile file(m_path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        if (error)
+            *error = QStringLiteral("Could not write the people file %1: %2").arg(m_path, file.errorString());
+        return false;
+    }
+    file.write(VCard::write(plain));
+    if (!file.commit()) {
+        if (error)
+            *error = QStringLiteral("Could not write the people file %1: %2").arg(m_path, file.errorString());
+        return false;
+    }
+    return true;
+}
+
+std::shared_ptr<PersonRecord> PeopleStore::me() const
+{
+    return recordForUniqueId(UserDefaults::settings().value(m_meKey).toString());
+}
+
+void PeopleStore::setMe(const QString &uniqueId)
+{
+    UserDefaults::settings().setValue(m_meKey, uniqueId);
+}

@@ -1,0 +1,29 @@
+#pragma once
+// A people store of its own in a temporary folder, with a me identifier kept under a key that
+// no other test uses.
+#include "TestSupport.h"
+#include "model/PeopleStore.h"
+#include "model/Person.h"
+
+#include <QUuid>
+#include <memory>
+
+class PeopleFixture
+{
+public:
+    PeopleFixture()
+        : store(TestSupport::temporaryDirectory() + QStringLiteral("/people.vcf"))
+    {
+        store.setMeIdentifierKey(QStringLiteral("testMe-") + QUuid::createUuid().toString(QUuid::WithoutBraces));
+    }
+
+    PersonRef person(const QString &first, const QString &last)
+    {
+        PersonRecord fields;
+        fields.firstName = first;
+        fields.lastName = last;
+        return Person::create(store.createRecord(fields));
+    }
+
+    PeopleStore store;
+};

@@ -1,0 +1,159 @@
+#include "../PeopleFixture.h"
+#include "../QtPrinters.h"
+#include "../ValueTableFixture.h"
+#include "document/BondPortfolio.h"
+#include "document/PortfolioArchive.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using ObjectPtr = std::shared_ptr<ArchiveObject>;
+
+ObjectPtr objectAt(const ArchiveRef &ref)
+{
+    const auto *p = std::get_if<ObjectPtr>(&ref);
+    return p ? *p : nullptr;
+}
+
+ArchiveRef fieldRef(const ObjectPtr &object, const char *key)
+{
+    const ArchiveField *field = object->field(QString::fromLatin1(key));
+    return field && std::holds_alternative<ArchiveRef>(*field) ? std::get<ArchiveRef>(*field) : ArchiveRef();
+}
+
+class PortfolioArchiveMapping : public ::testing::Test
+{
+protected:
+    PortfolioArchiveMapping()
+    {
+        ann = people.person("Ann", "Smith");
+        bob = people.person("Bob", "Jones");
+        first = Holding::create();
+        first->setSeries(Series::seriesForCode(QStringLiteral("E")));
+        first->setQuantity(3);
+        first->setFaceValue(Pennies(1) << 40);
+        first->setIssueDate(BondAssessor::monthDate(1980, 6));
+        first->setSerialNumber(QStringLiteral("C123"));
+        first->setOwner(ann);
+        first->setCoOwner(bob);
+        first->setPaper(true);
+        second = Holding::create();
+        second->setPaper(false);
+        second->setOwner(bob);
+        second->setBeneficiary(ann);
+    }
+
+    PeopleFixture people;
+    PersonRef ann, bob;
+    HoldingRef first, second;
+};
+
+TEST_F(PortfolioArchiveMapping, WritesTheKeysAndSharesPeopleAndSeries)
+{
+    const ArchiveRef root = PortfolioArchive::encodePortfolio({first, second}, {bob, ann});
+    const auto dict = std::get<std::shared_ptr<ArchiveDictionary>>(root);
+    const auto holdings = std::get<std::shared_ptr<ArchiveArray>>(*dict->value("holdings"));
+    const auto titleHolders = std::get<std::shared_ptr<ArchiveArray>>(*dict->value("titleHolders"));
+    ASSERT_EQ(holdings->items.size(), 2);
+    const ObjectPtr h = objectAt(holdings->items.at(0));
+    EXPECT_EQ(h->className, QStringLiteral("Holding"));
+    QStringList keys;
+    for (const auto &f : h->fields)
+        keys << f.first;
+    EXPECT_EQ(keys, (QStringList{"series", "quantity", "faceValue", "issueDate", "serialNumber", "owner",
+                                 "coOwner", "beneficiary", "paper"}));
+    EXPECT_EQ(std::get<qint64>(*h->field("quantity")), 3);
+    EXPECT_EQ(std::get<qint64>(*h->field("faceValue")), Pennies(1) << 40);
+    EXPECT_TRUE(std::get<bool>(*h->field("paper")));
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(fieldRef(h, "beneficiary")));
+    const ObjectPtr series = objectAt(fieldRef(h, "series"));
+    EXPECT_EQ(std::get<QString>(fieldRef(series, "code")), QStringLiteral("E"));
+    // One archive object per person, wherever it is named.
+    EXPECT_EQ(objectAt(fieldRef(h, "owner")), objectAt(titleHolders->items.at(1)));
+    EXPECT_EQ(objectAt(fieldRef(h, "coOwner")), objectAt(titleHolders->items.at(0)));
+    EXPECT_EQ(objectAt(fieldRef(objectAt(holdings->items.at(1)), "owner")), objectAt(titleHolders->items.at(0)));
+    EXPECT_EQ(std::get<QString>(fieldRef(objectAt(titleHolders->items.at(0)), "uid")), bob->uniqueId());
+}
+
+TEST_F(PortfolioArchiveMapping, DecodesEveryFieldAndKeepsPeopleShared)
+{
+    const ArchiveRef root = PortfolioArchive::encodePortfolio({first, second}, {ann, bob});
+    const auto decoded = PortfolioArchive::decodePortfolio(root, people.store);
+    ASSERT_TRUE(decoded.ok) << decoded.error.toStdString();
+    ASSERT_EQ(decoded.holdings.size(), 2);
+    const HoldingRef h = decoded.holdings.at(0);
+    EXPECT_EQ(h->series()->code(), QStringLiteral("E"));
+    EXPECT_EQ(h->quantity(), 3);
+    EXPECT_EQ(h->faceValue(), Pennies(1) << 40);
+    EXPECT_EQ(h->issueDate(), first->issueDate());
+    EXPECT_EQ(h->serialNumber(), QStringLiteral("C123"));
+    EXPECT_FALSE(decoded.holdings.at(1)->isPaper());
+    EXPECT_TRUE(decoded.holdings.at(1)->serialNumber().isNull());
+    ASSERT_TRUE(decoded.hasTitleHolders);
+    const PersonRef decodedAnn = decoded.titleHolders.at(0);
+    EXPECT_TRUE(samePerson(decodedAnn.get(), ann.get()));
+    EXPECT_EQ(h->owner(), decodedAnn);
+    EXPECT_EQ(decoded.holdings.at(1)->beneficiary(), decodedAnn);
+    EXPECT_EQ(decodedAnn->ownerHoldingsCount(), QVariant(1));
+    EXPECT_EQ(decodedAnn->beneficiaryHoldingsCount(), QVariant(1));
+}
+
+TEST_F(PortfolioArchiveMapping, PersonMissingFromTheStoreVanishesFromListAndRoles)
+{
+    PeopleFixture otherMachine; // knows nobody
+    const PersonRef kept = Person::create(otherMachine.store.createRecord(*ann->record()));
+    const auto decoded = PortfolioArchive::decodePortfolio(
+        PortfolioArchive::encodePortfolio({first}, {ann, bob}), otherMachine.store);
+    ASSERT_TRUE(decoded.ok);
+    ASSERT_EQ(decoded.titleHolders.size(), 1);
+    EXPECT_TRUE(samePerson(decoded.titleHolders.at(0).get(), kept.get()));
+    EXPECT_EQ(decoded.holdings.at(0)->coOwner(), nullptr);
+    EXPECT_EQ(decoded.holdings.at(0)->owner(), decoded.titleHolders.at(0));
+}
+
+TEST_F(PortfolioArchiveMapping, OlderRootIsABareListAndPaperDefaultsToTrue)
+{
+    const ArchiveRef list = PortfolioArchive::encodeHoldings({second});
+    objectAt(std::get<std::shared_ptr<ArchiveArray>>(list)->items.at(0))->fields.removeLast(); // no "paper"
+    const auto decoded = PortfolioArchive::decodePortfolio(list, people.store);
+    ASSERT_TRUE(decoded.ok);
+    EXPECT_FALSE(decoded.hasTitleHolders);
+    EXPECT_TRUE(decoded.holdings.at(0)->isPaper());
+}
+
+TEST_F(PortfolioArchiveMapping, RefusesGraphsOfTheWrongShape)
+{
+    struct Case { const char *name; std::function<void(ArchiveRef &)> spoil; };
+    const Case cases[] = {
+        {"root is a string", [](ArchiveRef &r) { r = QStringLiteral("hello"); }},
+        {"holdings not a list", [](ArchiveRef &r) { std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second = QStringLiteral("x"); }},
+        {"holding of another class", [](ArchiveRef &r) {
+             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
+             objectAt(h->items[0])->className = QStringLiteral("NSObject"); }},
+        {"quantity too large", [](ArchiveRef &r) {
+             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
+             objectAt(h->items[0])->set("quantity", qint64(1) << 33); }},
+        {"face value is text", [](ArchiveRef &r) {
+             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
+             objectAt(h->items[0])->set("faceValue", ArchiveRef(QStringLiteral("5000"))); }},
+        {"owner is a holding", [](ArchiveRef &r) {
+             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
+             objectAt(h->items[0])->set("owner", h->items[0]); }},
+        {"holding listed twice", [](ArchiveRef &r) {
+             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
+             h->items << h->items[0]; }},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.name);
+        ArchiveRef root = PortfolioArchive::encodePortfolio({first}, {ann, bob});
+        c.spoil(root);
+        const auto decoded = PortfolioArchive::decodePortfolio(root, people.store);
+        EXPECT_FALSE(decoded.ok);
+        EXPECT_FALSE(decoded.error.isEmpty());
+        EXPECT_TRUE(decoded.holdings.isEmpty());
+    }
+    EXPECT_EQ(ann->ownerHoldingsCount(), QVariant(1)) << "the originals are untouched";
+}
+
+} // namespace

@@ -1,0 +1,121 @@
+#include "../QtPrinters.h"
+#include "../PeopleFixture.h"
+#include "model/Holding.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList names(const QList<PersonRef> &people)
+{
+    QStringList out;
+    for (const PersonRef &p : people)
+        out << p->name();
+    return out;
+}
+
+TEST(PeopleStore, FamilyIsEveryLastNameStartingWithMineIgnoringCase)
+{
+    PeopleFixture people;
+    EXPECT_TRUE(Person::family(people.store).isEmpty()) << "no me record: no family";
+    const PersonRef me = people.person("Ann", "Smith");
+    people.person("Bob", "smith");
+    people.person("Cy", "Smithers");
+    people.person("Dee", "Jones");
+    people.person("Eve", "Blacksmith");
+    people.store.setMe(me->uniqueId());
+    EXPECT_EQ(names(Person::family(people.store)), (QStringList{"Ann Smith", "Bob smith", "Cy Smithers"}));
+}
+
+TEST(PeopleStore, SavedRecordsComeBackFromTheFileAndTheEnvironmentNamesTheDefaultFile)
+{
+    PeopleFixture people;
+    PersonRecord fields;
+    fields.firstName = QStringLiteral("Ann");
+    fields.lastName = QStringLiteral("Smith");
+    fields.emails = {{"home", "ann@example.org"}};
+    const auto created = people.store.createRecord(fields);
+    EXPECT_FALSE(created->uniqueId.isEmpty());
+    EXPECT_NE(people.store.createRecord(*created)->uniqueId, created->uniqueId) << "identifiers stay unique";
+    QString error;
+    ASSERT_TRUE(people.store.save(&error)) << error.toStdString();
+
+    qputenv(PeopleStore::PathEnvironmentVariable, people.store.path().toLocal8Bit());
+    EXPECT_EQ(PeopleStore::defaultPath(), people.store.path());
+    qunsetenv(PeopleStore::PathEnvironmentVariable);
+
+    PeopleStore reread(people.store.path());
+    ASSERT_EQ(reread.records().size(), 2);
+    const auto found = reread.recordForUniqueId(created->uniqueId);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->emails, fields.emails);
+    EXPECT_EQ(reread.recordsWithLastNamePrefix(QStringLiteral("SMI")).size(), 2);
+    EXPECT_TRUE(reread.recordsWithLastNamePrefix(QStringLiteral("mith")).isEmpty());
+}
+
+TEST(PeopleStore, FailedSaveLeavesTheOldFileWhole)
+{
+    PeopleFixture people;
+    people.person("Ann", "Smith");
+    ASSERT_TRUE(people.store.save());
+    QFile file(people.store.path());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+    file.close();
+    PeopleStore blocked(people.store.path() + QStringLiteral("/not-a-folder/people.vcf"));
+    PersonRecord fields;
+    blocked.createRecord(fields);
+    QString error;
+    EXPECT_FALSE(blocked.save(&error));
+    EXPECT_FALSE(error.isEmpty());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), before);
+}
+
+TEST(Person, NameNeedsBothNames)
+{
+    PeopleFixture people;
+    const struct { const char *first, *last, *expected; } cases[] = {
+        {"Ann", "Smith", "Ann Smith"}, {"Ann", "", "Deleted User"}, {"", "Acme Corp", "Deleted User"}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.expected);
+        EXPECT_EQ(people.person(c.first, c.last)->name(), QString::fromLatin1(c.expected));
+    }
+    EXPECT_EQ(Person(nullptr).name(), QStringLiteral("Deleted User"));
+}
+
+TEST(Person, IdentityIsTheRecordIdentifierAlone)
+{
+    PeopleFixture people;
+    const PersonRef a = people.person("Ann", "Smith");
+    const PersonRef sameRecord = Person::create(a->record());
+    const PersonRef other = people.person("Ann", "Smith");
+    EXPECT_TRUE(samePerson(a.get(), sameRecord.get()));
+    EXPECT_FALSE(samePerson(a.get(), other.get()));
+}
+
+TEST(Person, RoleCountsAreNoValueAtZeroAndAnnouncedOncePerChange)
+{
+    PeopleFixture people;
+    const PersonRef ann = people.person("Ann", "Smith");
+    EXPECT_FALSE(ann->ownerHoldingsCount().isValid());
+    QStringList announced;
+    QObject::connect(ann.get(), &Person::countChanged, [&](const QString &key) { announced << key; });
+    Holding first, second;
+    ann->addOwnerHolding(&first);
+    EXPECT_EQ(announced, QStringList{"ownerHoldingsCount"});
+    EXPECT_EQ(ann->ownerHoldingsCount(), QVariant(1));
+    ann->addOwnerHolding(&second);
+    ann->addOwnerHolding(&first);
+    ann->removeOwnerHolding(&first); // every occurrence goes
+    EXPECT_EQ(ann->ownerHoldings(), QList<Holding *>{&second});
+    ann->addBeneficiaryHolding(&first);
+    EXPECT_EQ(ann->beneficiaryHoldingsCount(), QVariant(1));
+    EXPECT_FALSE(ann->coOwnerHoldingsCount().isValid());
+    ann->removeOwnerHolding(&second);
+    ann->removeBeneficiaryHolding(&first);
+    EXPECT_FALSE(ann->ownerHoldingsCount().isValid());
+}
+
+} // namespace
