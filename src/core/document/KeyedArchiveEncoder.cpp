@@ -1,0 +1,283 @@
+// Writing keyed archives: the object graph is flattened into "$objects", every reference
+// becomes a UID, and each class is described once by a class dictionary.
+#include "document/KeyedArchive.h"
+#include "document/KeyedArchiveFormat.h"
+#include "document/KeyedArchiveLimits.h"
+#include "document/PlistPtr.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <vector>
+
+namespace {
+
+using namespace KeyedArchiveFormat;
+
+class ArchiveEncoder
+{
+public:
+    QByteArray encode(const ArchiveRef &root, QString *error)
+    {
+        m_objects.emplace_back(plist_new_string(NullObject));
+        quint64 rootUid = 0;
+        if (!encodeReference(root, 1, &rootUid)) {
+            if (error)
+                *error = m_error;
+            return {};
+        }
+        PlistPtr objects(plist_new_array());
+        for (PlistPtr &object : m_objects)
+            plist_array_append_item(objects.get(), object.release());
+        PlistPtr top(plist_new_dict());
+        plist_dict_set_item(top.get(), RootKey, plist_new_uid(rootUid));
+        PlistPtr archive(plist_new_dict());
+        plist_dict_set_item(archive.get(), VersionKey, plist_new_uint(ArchiverVersion));
+        plist_dict_set_item(archive.get(), ArchiverKey, plist_new_string(ArchiverName));
+        plist_dict_set_item(archive.get(), TopKey, top.release());
+        plist_dict_set_item(archive.get(), ObjectsKey, objects.release());
+
+        char *bytes = nullptr;
+        uint32_t length = 0;
+        plist_to_bin(archive.get(), &bytes, &length);
+        if (!bytes) {
+            if (error)
+                *error = QStringLiteral("The archive could not be converted to a property list.");
+            return {};
+        }
+        QByteArray result(bytes, qsizetype(length));
+        plist_to_bin_free(bytes);
+        if (error)
+            error->clear();
+        return result;
+    }
+
+private:
+    bool fail(const QString &message)
+    {
+        if (m_error.isEmpty())
+            m_error = message;
+        return false;
+    }
+
+    // Slots are taken before an object's contents are written, so that a parent precedes its
+    // children in "$objects" as in the archives Foundation writes.
+    quint64 reserveSlot()
+    {
+        m_objects.emplace_back();
+        return quint64(m_objects.size() - 1);
+    }
+
+    bool encodeReference(const ArchiveRef &ref, int depth, quint64 *uid)
+    {
+        if (depth > KeyedArchiveLimits::MaximumDepth)
+            return fail(QStringLiteral("The data is nested more than %1 levels deep and cannot be saved.")
+                            .arg(KeyedArchiveLimits::MaximumDepth));
+        if (std::holds_alternative<std::monostate>(ref)) {
+            *uid = 0;
+            return true;
+        }
+        if (const auto *text = std::get_if<QString>(&ref))
+            return encodeString(*text, uid);
+        if (const auto *date = std::get_if<ArchiveDate>(&ref))
+            return encodeDate(*date, uid);
+        if (const auto *object = std::get_if<std::shared_ptr<ArchiveObject>>(&ref))
+            return encodeShared(object->get(), depth, uid);
+        if (const auto *array = std::get_if<std::shared_ptr<ArchiveArray>>(&ref))
+            return encodeShared(array->get(), depth, uid);
+        const auto &dictionary = std::get<std::shared_ptr<ArchiveDictionary>>(ref);
+        return encodeShared(dictionary.get(), depth, uid);
+    }
+
+    // One UID per pointer; reaching a pointer again while its contents are being written means
+    // the graph contains itself, which the reader would refuse.
+    template<typename Node>
+    bool encodeShared(const Node *node, int depth, quint64 *uid)
+    {
+        if (!node) {
+            *uid = 0;
+            return true;
+        }
+        if (m_inProgress.contains(node))
+            return fail(QStringLiteral("The data refers back to itself and cannot be saved."));
+        if (const auto known = m_uidByPointer.constFind(node); known != m_uidByPointer.constEnd()) {
+            *uid = *known;
+            return true;
+        }
+        m_inProgress.insert(node);
+        const quint64 slot = reserveSlot();
+        PlistPtr content;
+        const bool written = encodeContent(*node, depth, &content);
+        m_inProgress.remove(node);
+        if (!written)
+            return false;
+        m_objects[slot] = std::move(content);
+        m_uidByPointer.insert(node, slot);
+        *uid = slot;
+        return true;
+    }
+
+    bool encodeString(const QString &text, quint64 *uid)
+    {
+        if (const auto known = m_uidByString.constFind(text); known != m_uidByString.constEnd()) {
+            *uid = *known;
+            return true;
+        }
+        if (text.contains(QChar(0)))
+            return fail(QStringLiteral("A text contains a null character and cannot be saved."));
+        *uid = reserveSlot();
+        m_objects[*uid].reset(plist_new_string(text.toUtf8().constData()));
+        m_uidByString.insert(text, *uid);
+        return true;
+    }
+
+    bool encodeDate(const ArchiveDate &date, quint64 *uid)
+    {
+        if (!date.instant.isValid())
+            return fail(QStringLiteral("An invalid date cannot be saved."));
+        const quint64 slot = reserveSlot();
+        PlistPtr dictionary(plist_new_dict());
+        const double seconds = double(date.instant.toMSecsSinceEpoch() - ReferenceDateMSecsSinceEpoch) / 1000.0;
+        plist_dict_set_item(dictionary.get(), TimeKey, plist_new_real(seconds));
+        quint64 classUid = 0;
+        if (!encodeClass(DateClass, hierarchyOf(DateClass), &classUid))
+            return false;
+        plist_dict_set_item(dictionary.get(), ClassKey, plist_new_uid(classUid));
+        m_objects[slot] = std::move(dictionary);
+        *uid = slot;
+        return true;
+    }
+
+    bool encodeContent(const ArchiveObject &object, int depth, PlistPtr *content)
+    {
+        if (object.className.isEmpty())
+            return fail(QStringLiteral("An object without a class name cannot be saved."));
+        if (isFoundationClass(object.className))
+            return fail(QStringLiteral("An object of class %1 must be saved as a date, string, array or "
+                                       "dictionary.").arg(object.className));
+        PlistPtr dictionary(plist_new_dict());
+        for (const auto &[key, field] : object.fields) {
+            if (key.isEmpty() || key.contains(QChar(0)))
+                return fail(QStringLiteral("An object of class %1 has an unusable key.").arg(object.className));
+            PlistPtr value;
+            if (!encodeField(field, depth, &value))
+                return false;
+            plist_dict_set_item(dictionary.get(), escapeKey(key).toUtf8().constData(), value.release());
+        }
+        QStringList hierarchy = object.classHierarchy;
+        if (hierarchy.isEmpty())
+            hierarchy = {object.className, QStringLiteral("NSObject")};
+        return finishWithClass(object.className, hierarchy, std::move(dictionary), content);
+    }
+
+    bool encodeContent(const ArchiveArray &array, int depth, PlistPtr *content)
+    {
+        if (array.className != MutableArrayClass && array.className != ArrayClass)
+            return fail(QStringLiteral("An array of class %1 cannot be saved.").arg(array.className));
+        PlistPtr items;
+        if (!encodeReferenceList(array.items, depth, &items))
+            return false;
+        PlistPtr dictionary(plist_new_dict());
+        plist_dict_set_item(dictionary.get(), ObjectsListKey, items.release());
+        return finishWithClass(array.className, hierarchyOf(array.className), std::move(dictionary), content);
+    }
+
+    bool encodeContent(const ArchiveDictionary &dictionaryValue, int depth, PlistPtr *content)
+    {
+        const QString &className = dictionaryValue.className;
+        if (className != MutableDictionaryClass && className != DictionaryClass)
+            return fail(QStringLiteral("A dictionary of class %1 cannot be saved.").arg(className));
+        QList<ArchiveRef> keys, values;
+        QSet<QString> seen;
+        for (const auto &[key, value] : dictionaryValue.entries) {
+            if (seen.contains(key))
+                return fail(QStringLiteral("A dictionary has the key \"%1\" twice and cannot be saved.").arg(key));
+            seen.insert(key);
+            keys.append(key);
+            values.append(value);
+        }
+        PlistPtr keyList, valueList;
+        if (!encodeReferenceList(keys, depth, &keyList) || !encodeReferenceList(values, depth, &valueList))
+            return false;
+        PlistPtr dictionary(plist_new_dict());
+        plist_dict_set_item(dictionary.get(), KeysListKey, keyList.release());
+        plist_dict_set_item(dictionary.get(), ObjectsListKey, valueList.release());
+        return finishWithClass(className, hierarchyOf(className), std::move(dictionary), content);
+    }
+
+    bool encodeReferenceList(const QList<ArchiveRef> &references, int depth, PlistPtr *list)
+    {
+        list->reset(plist_new_array());
+        for (const ArchiveRef &reference : references) {
+            quint64 uid = 0;
+            if (!encodeReference(reference, depth + 1, &uid))
+                return false;
+            plist_array_append_item(list->get(), plist_new_uid(uid));
+        }
+        return true;
+    }
+
+    bool encodeField(const ArchiveField &field, int depth, PlistPtr *value)
+    {
+        if (const auto *integer = std::get_if<qint64>(&field)) {
+            // libplist writes values with the top bit set as eight-byte integers, which property
+            // lists define as signed, so negative numbers survive.
+            value->reset(plist_new_uint(quint64(*integer)));
+        } else if (const auto *flag = std::get_if<bool>(&field)) {
+            value->reset(plist_new_bool(*flag ? 1 : 0));
+        } else if (const auto *real = std::get_if<double>(&field)) {
+            value->reset(plist_new_real(*real));
+        } else {
+            quint64 uid = 0;
+            if (!encodeReference(std::get<ArchiveRef>(field), depth + 1, &uid))
+                return false;
+            value->reset(plist_new_uid(uid));
+        }
+        return true;
+    }
+
+    bool finishWithClass(const QString &className, const QStringList &hierarchy, PlistPtr dictionary,
+                         PlistPtr *content)
+    {
+        quint64 classUid = 0;
+        if (!encodeClass(className, hierarchy, &classUid))
+            return false;
+        plist_dict_set_item(dictionary.get(), ClassKey, plist_new_uid(classUid));
+        *content = std::move(dictionary);
+        return true;
+    }
+
+    bool encodeClass(const QString &className, const QStringList &hierarchy, quint64 *uid)
+    {
+        if (const auto known = m_classes.constFind(className); known != m_classes.constEnd()) {
+            if (known->second != hierarchy)
+                return fail(QStringLiteral("The class %1 is described in two different ways.").arg(className));
+            *uid = known->first;
+            return true;
+        }
+        *uid = reserveSlot();
+        PlistPtr names(plist_new_array());
+        for (const QString &name : hierarchy)
+            plist_array_append_item(names.get(), plist_new_string(name.toUtf8().constData()));
+        PlistPtr description(plist_new_dict());
+        plist_dict_set_item(description.get(), ClassesKey, names.release());
+        plist_dict_set_item(description.get(), ClassNameKey, plist_new_string(className.toUtf8().constData()));
+        m_objects[*uid] = std::move(description);
+        m_classes.insert(className, {*uid, hierarchy});
+        return true;
+    }
+
+    std::vector<PlistPtr> m_objects;
+    QHash<const void *, quint64> m_uidByPointer;
+    QSet<const void *> m_inProgress;
+    QHash<QString, quint64> m_uidByString;
+    QHash<QString, std::pair<quint64, QStringList>> m_classes;
+    QString m_error;
+};
+
+} // namespace
+
+QByteArray KeyedArchive::encode(const ArchiveRef &root, QString *error)
+{
+    return ArchiveEncoder().encode(root, error);
+}

@@ -1,0 +1,408 @@
+// Keyed archives: round trips, the layout Foundation expects, refusal of damaged or hostile
+// files, and a check of written files by Python's independent property-list reader.
+#include "document/KeyedArchive.h"
+
+#include "TestSupport.h"
+
+#include <QFile>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTimeZone>
+#include <gtest/gtest.h>
+#include <plist/plist.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+namespace {
+
+using ObjectPtr = std::shared_ptr<ArchiveObject>;
+using ArrayPtr = std::shared_ptr<ArchiveArray>;
+using DictionaryPtr = std::shared_ptr<ArchiveDictionary>;
+
+constexpr qint64 Int64Max = std::numeric_limits<qint64>::max();
+constexpr qint64 Int64Min = std::numeric_limits<qint64>::min();
+
+ArchiveRef text(const char *value) { return QString::fromUtf8(value); }
+
+ObjectPtr makeObject(const QString &className, const QList<std::pair<QString, ArchiveField>> &fields = {})
+{
+    auto object = std::make_shared<ArchiveObject>();
+    object->className = className;
+    object->classHierarchy = {className, QStringLiteral("NSObject")};
+    for (const auto &[key, value] : fields)
+        object->set(key, value);
+    return object;
+}
+
+ArrayPtr makeArray(const QList<ArchiveRef> &items, const QString &className = QStringLiteral("NSMutableArray"))
+{
+    auto array = std::make_shared<ArchiveArray>();
+    array->className = className;
+    array->items = items;
+    return array;
+}
+
+DictionaryPtr makeDictionary(const QList<std::pair<QString, ArchiveRef>> &entries,
+                             const QString &className = QStringLiteral("NSMutableDictionary"))
+{
+    auto dictionary = std::make_shared<ArchiveDictionary>();
+    dictionary->className = className;
+    dictionary->entries = entries;
+    return dictionary;
+}
+
+QDateTime utc(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, int msec = 0)
+{
+    return QDateTime(QDate(year, month, day), QTime(hour, minute, second, msec), QTimeZone::utc());
+}
+
+// Structural equality that also demands the same sharing: a pointer met twice on one side must
+// match one and the same pointer on the other side, and vice versa.
+class GraphComparison
+{
+public:
+    bool equal(const ArchiveField &a, const ArchiveField &b)
+    {
+        if (a.index() != b.index())
+            return false;
+        if (const auto *ref = std::get_if<ArchiveRef>(&a))
+            return equal(*ref, std::get<ArchiveRef>(b));
+        if (const auto *integer = std::get_if<qint64>(&a))
+            return *integer == std::get<qint64>(b);
+        if (const auto *flag = std::get_if<bool>(&a))
+            return *flag == std::get<bool>(b);
+        return std::get<double>(a) == std::get<double>(b);
+    }
+
+    bool equal(const ArchiveRef &a, const ArchiveRef &b)
+    {
+        if (a.index() != b.index())
+            return false;
+        if (const auto *string = std::get_if<QString>(&a))
+            return *string == std::get<QString>(b);
+        if (const auto *date = std::get_if<ArchiveDate>(&a))
+            return date->instant.toMSecsSinceEpoch() == std::get<ArchiveDate>(b).instant.toMSecsSinceEpoch();
+        bool consistent = true;
+        if (const auto *object = std::get_if<ObjectPtr>(&a)) {
+            const ObjectPtr &other = std::get<ObjectPtr>(b);
+            if (!firstMeeting(object->get(), other.get(), &consistent))
+                return consistent;
+            return (*object)->className == other->className && (*object)->classHierarchy == other->classHierarchy
+                   && sameEntries((*object)->fields, other->fields);
+        }
+        if (const auto *array = std::get_if<ArrayPtr>(&a)) {
+            const ArrayPtr &other = std::get<ArrayPtr>(b);
+            if (!firstMeeting(array->get(), other.get(), &consistent))
+                return consistent;
+            if ((*array)->className != other->className || (*array)->items.size() != other->items.size())
+                return false;
+            for (qsizetype i = 0; i < other->items.size(); ++i)
+                if (!equal((*array)->items[i], other->items[i]))
+                    return false;
+            return true;
+        }
+        if (const auto *dictionary = std::get_if<DictionaryPtr>(&a)) {
+            const DictionaryPtr &other = std::get<DictionaryPtr>(b);
+            if (!firstMeeting(dictionary->get(), other.get(), &consistent))
+                return consistent;
+            return (*dictionary)->className == other->className
+                   && sameEntries((*dictionary)->entries, other->entries);
+        }
+        return true; // both nil
+    }
+
+private:
+    template<typename Entries>
+    bool sameEntries(const Entries &a, const Entries &b)
+    {
+        if (a.size() != b.size())
+            return false;
+        for (qsizetype i = 0; i < a.size(); ++i)
+            if (a[i].first != b[i].first || !equal(a[i].second, b[i].second))
+                return false;
+        return true;
+    }
+
+    // True the first time `a` is met (its contents are then compared); otherwise *consistent
+    // tells whether `b` is the very object `a` was paired with before.
+    bool firstMeeting(const void *a, const void *b, bool *consistent)
+    {
+        if (const auto known = m_pairs.constFind(a); known != m_pairs.constEnd()) {
+            *consistent = *known == b;
+            return false;
+        }
+        if (m_reverse.contains(b)) {
+            *consistent = false;
+            return false;
+        }
+        m_pairs.insert(a, b);
+        m_reverse.insert(b, a);
+        return true;
+    }
+
+    QHash<const void *, const void *> m_pairs, m_reverse;
+};
+
+// A portfolio-like graph with every kind of value, shared objects and a nil.
+ArchiveRef sampleGraph()
+{
+    auto person = makeObject(QStringLiteral("Person"), {{QStringLiteral("uid"), text("5F1C-ABCD:ABPerson")}});
+    auto series = makeObject(QStringLiteral("Series"), {{QStringLiteral("code"), text("N")}});
+    auto first = makeObject(QStringLiteral("Holding"),
+                            {{QStringLiteral("series"), series},
+                             {QStringLiteral("quantity"), qint64(2)},
+                             {QStringLiteral("faceValue"), Int64Max},
+                             {QStringLiteral("lowest"), Int64Min},
+                             {QStringLiteral("minusOne"), qint64(-1)},
+                             {QStringLiteral("issueDate"), ArchiveDate{utc(2004, 3, 1, 0, 0, 1, 250)}},
+                             {QStringLiteral("serialNumber"), text("C123456789EE")},
+                             {QStringLiteral("owner"), person},
+                             {QStringLiteral("coOwner"), ArchiveRef()},
+                             {QStringLiteral("paper"), false},
+                             {QStringLiteral("checked"), true},
+                             {QStringLiteral("rate"), 0.0325},
+                             {QStringLiteral("$price"), text("Ünïcode €")}});
+    auto second = makeObject(QStringLiteral("Holding"), {{QStringLiteral("series"), series},
+                                                         {QStringLiteral("serialNumber"), text("C123456789EE")},
+                                                         {QStringLiteral("owner"), person}});
+    return makeDictionary({{QStringLiteral("holdings"), makeArray({first, second, first})},
+                           {QStringLiteral("titleHolders"), makeArray({person}, QStringLiteral("NSArray"))},
+                           {QStringLiteral("nothing"), ArchiveRef()},
+                           {QStringLiteral("empty"), makeDictionary({}, QStringLiteral("NSDictionary"))}});
+}
+
+KeyedArchive::DecodeResult roundTrip(const ArchiveRef &root)
+{
+    QString error;
+    const QByteArray bytes = KeyedArchive::encode(root, &error);
+    EXPECT_FALSE(bytes.isEmpty()) << error.toStdString();
+    return KeyedArchive::decode(bytes);
+}
+
+TEST(KeyedArchiveRoundTrip, KeepsValuesOrderAndSharing)
+{
+    const ArchiveRef graph = sampleGraph();
+    const auto result = roundTrip(graph);
+    ASSERT_TRUE(result.ok) << result.error.toStdString();
+    EXPECT_TRUE(GraphComparison().equal(graph, result.root));
+
+    // The same objects, spelled out: one holding listed twice, one person in three places.
+    const auto &root = std::get<DictionaryPtr>(result.root);
+    const auto &holdings = std::get<ArrayPtr>(*root->value(QStringLiteral("holdings")))->items;
+    const auto &people = std::get<ArrayPtr>(*root->value(QStringLiteral("titleHolders")))->items;
+    const auto &first = std::get<ObjectPtr>(holdings[0]);
+    const auto &second = std::get<ObjectPtr>(holdings[1]);
+    EXPECT_EQ(first, std::get<ObjectPtr>(holdings[2]));
+    EXPECT_NE(first, second);
+    const auto ownerOf = [](const ObjectPtr &holding) {
+        return std::get<ObjectPtr>(std::get<ArchiveRef>(*holding->field(QStringLiteral("owner"))));
+    };
+    EXPECT_EQ(ownerOf(first), std::get<ObjectPtr>(people[0]));
+    EXPECT_EQ(ownerOf(second), std::get<ObjectPtr>(people[0]));
+}
+
+TEST(KeyedArchiveRoundTrip, EveryKindOfRootValue)
+{
+    const QList<ArchiveRef> roots = {ArchiveRef(), text(""), text("plain"), ArchiveDate{utc(2001, 1, 1)},
+                                     makeArray({}), makeArray({ArchiveRef(), text("after nil")}),
+                                     makeObject(QStringLiteral("Empty"))};
+    for (qsizetype i = 0; i < roots.size(); ++i) {
+        SCOPED_TRACE(i);
+        const auto result = roundTrip(roots[i]);
+        ASSERT_TRUE(result.ok) << result.error.toStdString();
+        EXPECT_TRUE(GraphComparison().equal(roots[i], result.root));
+    }
+}
+
+TEST(KeyedArchiveRoundTrip, DatesKeepTheirMillisecond)
+{
+    const QList<QDateTime> dates = {utc(2001, 1, 1),         utc(1970, 1, 1),
+                                    utc(1941, 5, 1, 0, 0, 1), utc(2024, 2, 29, 12, 34, 56, 789),
+                                    utc(2000, 12, 31, 23, 59, 59, 999), utc(2999, 12, 31, 23, 59, 59, 1),
+                                    QDateTime(QDate(1992, 6, 1), QTime(0, 0, 1))};
+    for (const QDateTime &date : dates) {
+        SCOPED_TRACE(date.toString(Qt::ISODateWithMs).toStdString());
+        const auto result = roundTrip(makeArray({ArchiveDate{date}}));
+        ASSERT_TRUE(result.ok) << result.error.toStdString();
+        const auto &decoded = std::get<ArchiveDate>(std::get<ArrayPtr>(result.root)->items[0]).instant;
+        EXPECT_EQ(decoded.toMSecsSinceEpoch(), date.toMSecsSinceEpoch());
+    }
+}
+
+TEST(KeyedArchiveEncode, RefusesGraphsItCouldNotReadBack)
+{
+    auto selfReferring = makeObject(QStringLiteral("Loop"));
+    selfReferring->set(QStringLiteral("me"), selfReferring);
+    auto outer = makeArray({});
+    outer->items.append(makeDictionary({{QStringLiteral("back"), outer}}));
+    ArchiveRef chain = text("bottom");
+    for (int i = 0; i < 999; ++i)
+        chain = makeArray({chain});
+    ASSERT_TRUE(roundTrip(chain).ok); // 1000 levels with the text are fine, one more is not
+    const struct
+    {
+        const char *name;
+        ArchiveRef graph;
+    } cases[] = {
+        {"object refers to itself", selfReferring},
+        {"cycle through an array and a dictionary", outer},
+        {"nested too deeply", makeArray({chain})},
+        {"invalid date", ArchiveDate{QDateTime()}},
+        {"array of unknown class", makeArray({}, QStringLiteral("NSSet"))},
+        {"object posing as a Foundation class", makeObject(QStringLiteral("NSDate"))},
+        {"text with a null character", ArchiveRef(QStringLiteral("a") + QChar(0) + QStringLiteral("b"))},
+    };
+    for (const auto &testCase : cases) {
+        SCOPED_TRACE(testCase.name);
+        QString error;
+        EXPECT_TRUE(KeyedArchive::encode(testCase.graph, &error).isEmpty());
+        EXPECT_FALSE(error.isEmpty());
+    }
+}
+
+
+// The bytes, as libplist itself reads them back, independently of the decoder.
+TEST(KeyedArchiveLayout, IsTheLayoutFoundationWrites)
+{
+    const QByteArray bytes = KeyedArchive::encode(sampleGraph());
+    ASSERT_TRUE(bytes.startsWith("bplist00"));
+    plist_t parsed = nullptr;
+    plist_from_bin(bytes.constData(), uint32_t(bytes.size()), &parsed);
+    const std::unique_ptr<void, void (*)(plist_t)> archive(parsed, plist_free);
+    ASSERT_TRUE(PLIST_IS_DICT(parsed));
+    const auto textOf = [](plist_t node) {
+        uint64_t length = 0;
+        const char *value = PLIST_IS_STRING(node) ? plist_get_string_ptr(node, &length) : nullptr;
+        return value ? QString::fromUtf8(value, qsizetype(length)) : QStringLiteral("<not a string>");
+    };
+    const auto uintOf = [](plist_t node) {
+        uint64_t value = 0xDEAD;
+        if (PLIST_IS_UINT(node) || PLIST_IS_UID(node))
+            (PLIST_IS_UID(node) ? plist_get_uid_val : plist_get_uint_val)(node, &value);
+        return value;
+    };
+
+    EXPECT_EQ(plist_dict_get_size(parsed), 4u);
+    EXPECT_EQ(textOf(plist_dict_get_item(parsed, "$archiver")), QStringLiteral("NSKeyedArchiver"));
+    ASSERT_TRUE(PLIST_IS_UINT(plist_dict_get_item(parsed, "$version")));
+    EXPECT_EQ(uintOf(plist_dict_get_item(parsed, "$version")), 100000u);
+    plist_t top = plist_dict_get_item(parsed, "$top");
+    ASSERT_TRUE(PLIST_IS_DICT(top));
+    ASSERT_TRUE(PLIST_IS_UID(plist_dict_get_item(top, "root")));
+    plist_t objects = plist_dict_get_item(parsed, "$objects");
+    ASSERT_TRUE(PLIST_IS_ARRAY(objects));
+    EXPECT_EQ(textOf(plist_array_get_item(objects, 0)), QStringLiteral("$null"));
+    const auto object = [&](plist_t reference) { return plist_array_get_item(objects, uint32_t(uintOf(reference))); };
+
+    // One class dictionary per class, with Foundation's hierarchies; every other dictionary names one.
+    QMap<QString, QStringList> hierarchies;
+    int serialNumbers = 0;
+    for (uint32_t i = 1; i < plist_array_get_size(objects); ++i) {
+        plist_t entry = plist_array_get_item(objects, i);
+        serialNumbers += textOf(entry) == QStringLiteral("C123456789EE");
+        if (!PLIST_IS_DICT(entry))
+            continue;
+        if (plist_t name = plist_dict_get_item(entry, "$classname")) {
+            EXPECT_FALSE(hierarchies.contains(textOf(name))) << textOf(name).toStdString();
+            plist_t classes = plist_dict_get_item(entry, "$classes");
+            for (uint32_t k = 0; k < plist_array_get_size(classes); ++k)
+                hierarchies[textOf(name)].append(textOf(plist_array_get_item(classes, k)));
+        } else {
+            EXPECT_TRUE(plist_dict_get_item(object(plist_dict_get_item(entry, "$class")), "$classname"));
+        }
+    }
+    EXPECT_EQ(serialNumbers, 1); // equal strings are stored once
+    const QStringList plain{QStringLiteral("NSObject")};
+    const QMap<QString, QStringList> expected{
+        {"Holding", QStringList{"Holding"} + plain},
+        {"Person", QStringList{"Person"} + plain},
+        {"Series", QStringList{"Series"} + plain},
+        {"NSDate", QStringList{"NSDate"} + plain},
+        {"NSArray", QStringList{"NSArray"} + plain},
+        {"NSDictionary", QStringList{"NSDictionary"} + plain},
+        {"NSMutableArray", QStringList{"NSMutableArray", "NSArray"} + plain},
+        {"NSMutableDictionary", QStringList{"NSMutableDictionary", "NSDictionary"} + plain}};
+    EXPECT_EQ(hierarchies, expected);
+
+    // Root dictionary → "holdings" → first holding, whose scalars are inline and objects are UIDs.
+    plist_t root = object(plist_dict_get_item(top, "root"));
+    ASSERT_EQ(textOf(object(plist_array_get_item(plist_dict_get_item(root, "NS.keys"), 0))), QStringLiteral("holdings"));
+    plist_t holdings = object(plist_array_get_item(plist_dict_get_item(root, "NS.objects"), 0));
+    plist_t holding = object(plist_array_get_item(plist_dict_get_item(holdings, "NS.objects"), 0));
+    ASSERT_TRUE(PLIST_IS_DICT(holding));
+    EXPECT_EQ(uintOf(plist_dict_get_item(holding, "quantity")), 2u);
+    EXPECT_EQ(qint64(uintOf(plist_dict_get_item(holding, "faceValue"))), Int64Max);
+    EXPECT_EQ(qint64(uintOf(plist_dict_get_item(holding, "lowest"))), Int64Min);
+    EXPECT_TRUE(PLIST_IS_BOOLEAN(plist_dict_get_item(holding, "paper")));
+    EXPECT_TRUE(PLIST_IS_REAL(plist_dict_get_item(holding, "rate")));
+    ASSERT_TRUE(PLIST_IS_UID(plist_dict_get_item(holding, "coOwner")));
+    EXPECT_EQ(uintOf(plist_dict_get_item(holding, "coOwner")), 0u);
+    EXPECT_EQ(textOf(object(plist_dict_get_item(holding, "$$price"))), QStringLiteral("Ünïcode €"));
+    plist_t date = object(plist_dict_get_item(holding, "issueDate"));
+    double seconds = 0;
+    plist_get_real_val(plist_dict_get_item(date, "NS.time"), &seconds);
+    EXPECT_DOUBLE_EQ(seconds, 99792001.25); // 1155 days and 1.25 s after 2001-01-01 UTC
+}
+
+TEST(KeyedArchiveIndependentReader, PythonSeesTheSameGraph)
+{
+    const QString python = QStandardPaths::findExecutable(QStringLiteral("python3"));
+    if (python.isEmpty())
+        GTEST_SKIP() << "python3 is not installed";
+    const QString path = TestSupport::temporaryDirectory() + QStringLiteral("/sample.bondportfolio");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(KeyedArchive::encode(sampleGraph()));
+    file.close();
+    QProcess reader;
+    reader.start(python, {TestSupport::sourcePath(QStringLiteral("tests/core/document/read_keyed_archive.py")), path});
+    ASSERT_TRUE(reader.waitForFinished(60000));
+    ASSERT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().toStdString();
+    const QJsonObject json = QJsonDocument::fromJson(reader.readAllStandardOutput()).object();
+
+    EXPECT_EQ(json["format"].toString(), QStringLiteral("binary"));
+    EXPECT_EQ(json["topKeys"].toArray(), QJsonArray({"$archiver", "$objects", "$top", "$version"}));
+    EXPECT_EQ(json["archiver"].toString(), QStringLiteral("NSKeyedArchiver"));
+    EXPECT_EQ(json["version"].toInteger(), 100000);
+    EXPECT_EQ(json["null"].toString(), QStringLiteral("$null"));
+    EXPECT_EQ(json["classDictionaryCount"].toInt(), 8);
+    EXPECT_EQ(json["hierarchies"]["NSMutableArray"].toArray(), QJsonArray({"NSMutableArray", "NSArray", "NSObject"}));
+
+    const QJsonObject root = json["root"].toObject();
+    EXPECT_EQ(root.keys(), QStringList({"empty", "holdings", "nothing", "titleHolders"}));
+    EXPECT_TRUE(root["nothing"].isNull());
+    EXPECT_EQ(root["empty"].toObject(), QJsonObject());
+    const QJsonArray holdings = root["holdings"].toArray();
+    ASSERT_EQ(holdings.size(), 3);
+    const QJsonObject first = holdings[0].toObject();
+    EXPECT_EQ(first["$class"].toString(), QStringLiteral("Holding"));
+    EXPECT_EQ(first["quantity"].toInteger(), 2);
+    EXPECT_EQ(first["faceValue"].toInteger(), Int64Max);
+    EXPECT_EQ(first["lowest"].toInteger(), Int64Min);
+    EXPECT_EQ(first["minusOne"].toInteger(), -1);
+    EXPECT_EQ(first["paper"], QJsonValue(false));
+    EXPECT_EQ(first["checked"], QJsonValue(true));
+    EXPECT_EQ(first["rate"].toDouble(), 0.0325);
+    EXPECT_EQ(first["issueDate"]["$date"].toString(), QStringLiteral("2004-03-01T00:00:01.250+00:00"));
+    EXPECT_EQ(first["serialNumber"].toString(), QStringLiteral("C123456789EE"));
+    EXPECT_TRUE(first["coOwner"].isNull());
+    EXPECT_EQ(first["$$price"].toString(), QStringLiteral("Ünïcode €"));
+    EXPECT_EQ(first["series"]["code"].toString(), QStringLiteral("N"));
+
+    // Sharing as Python sees it: one holding listed twice, one person on both holdings and in the list.
+    const QJsonValue personId = root["titleHolders"][0]["$id"];
+    EXPECT_EQ(root["titleHolders"][0]["uid"].toString(), QStringLiteral("5F1C-ABCD:ABPerson"));
+    EXPECT_EQ(holdings[2]["$id"], first["$id"]);
+    EXPECT_NE(holdings[1]["$id"], first["$id"]);
+    EXPECT_EQ(first["owner"]["$id"], personId);
+    EXPECT_EQ(holdings[1]["owner"]["$id"], personId);
+    EXPECT_EQ(holdings[1]["series"]["$id"], first["series"]["$id"]);
+}
+
+} // namespace
