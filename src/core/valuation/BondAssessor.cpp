@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <sqlite3.h>
+#include <utility>
 
 namespace {
 
@@ -36,14 +37,18 @@ BondAssessor::BondAssessor(const QString &databasePath)
         return; // no file: every lookup answers "nothing"
     const QByteArray native = QFileInfo(m_path).absoluteFilePath().toUtf8();
     int flags = QFileInfo(m_path).isWritable() ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
-    if (sqlite3_open_v2(native.constData(), &m_db, flags, nullptr) != SQLITE_OK
-        || sqlite3_exec(m_db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) {
+    // Configured before the first read: a writer on another connection may hold the file for a
+    // moment (a checkpoint as it closes), and the first read must wait for it, not fail.
+    if (sqlite3_open_v2(native.constData(), &m_db, flags, nullptr) == SQLITE_OK)
+        RedemptionDatabase::configureConnection(m_db);
+    else
+        sqlite3_close(std::exchange(m_db, nullptr));
+    if (!m_db || sqlite3_exec(m_db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) {
         sqlite3_close(m_db);
         m_db = nullptr;
         m_state = State::Unreadable;
         return;
     }
-    RedemptionDatabase::configureConnection(m_db);
     sqlite3_prepare_v2(m_db,
                        "select value from bond_value where series = ? and ryr = ? and rmo = ? and iyr = ? and imo = ?",
                        -1, &m_stmt, nullptr);

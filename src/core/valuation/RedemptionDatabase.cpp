@@ -82,6 +82,12 @@ bool createSchema(sqlite3 *db, QString *error)
 void configureConnection(sqlite3 *db)
 {
     sqlite3_busy_timeout(db, 10000);
+    // Write-ahead logging lets open portfolios keep reading, unblocked, the last committed state
+    // while the updater installs a file on its own connection. The mode is stored in the file, so
+    // it is set only where the file may be written: a read-only file keeps its rollback journal
+    // and still opens in a folder that cannot be written.
+    if (sqlite3_db_readonly(db, "main") == 0)
+        sqlite3_exec(db, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
 }
 
 } // namespace RedemptionDatabase

@@ -1,0 +1,97 @@
+#include "update/PriceDataDownloader.h"
+
+#include <QEventLoop>
+#include <QHostAddress>
+#include <QNetworkAccessManager>
+#include <QNetworkProxy>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QTimer>
+#include <memory>
+
+PriceDataDownloader::PriceDataDownloader() = default;
+
+PriceDataDownloader::PriceDataDownloader(Limits limits)
+    : m_limits(limits)
+{
+}
+
+bool PriceDataDownloader::isSupportedScheme(const QUrl &url)
+{
+    const QString scheme = url.scheme().toLower();
+    return scheme == QLatin1String("http") || scheme == QLatin1String("https");
+}
+
+std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
+{
+    m_lastError.clear();
+    if (!url.isValid() || !isSupportedScheme(url)) {
+        m_lastError = QStringLiteral("unsupported address %1").arg(url.toString());
+        return std::nullopt;
+    }
+
+    QNetworkAccessManager manager;
+    // A proxy never helps to reach this machine itself (and would break local test servers).
+    const QHostAddress host(url.host());
+    if (url.host() == QLatin1String("localhost") || (!host.isNull() && host.isLoopback()))
+        manager.setProxy(QNetworkProxy::NoProxy);
+
+    QNetworkRequest request(url);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setMaximumRedirectsAllowed(m_limits.maximumRedirects);
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    request.setTransferTimeout(m_limits.idleTimeoutMs);
+
+    std::unique_ptr<QNetworkReply> reply(manager.get(request));
+    QByteArray body;
+    QString failure;
+    QEventLoop loop;
+
+    auto abortWith = [&](const QString &why) {
+        if (failure.isEmpty())
+            failure = why;
+        reply->abort();
+    };
+    QObject::connect(reply.get(), &QNetworkReply::redirected, &loop, [&](const QUrl &target) {
+        if (!isSupportedScheme(target))
+            abortWith(QStringLiteral("redirected to unsupported address %1").arg(target.toString()));
+    });
+    QObject::connect(reply.get(), &QNetworkReply::metaDataChanged, &loop, [&] {
+        const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
+        if (length.isValid() && length.toLongLong() > m_limits.maximumBytes)
+            abortWith(QStringLiteral("%1 is larger than %2 bytes").arg(url.toString()).arg(m_limits.maximumBytes));
+    });
+    QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, [&] {
+        body += reply->readAll();
+        if (body.size() > m_limits.maximumBytes)
+            abortWith(QStringLiteral("%1 is larger than %2 bytes").arg(url.toString()).arg(m_limits.maximumBytes));
+    });
+    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    QObject::connect(&deadline, &QTimer::timeout, &loop,
+                     [&] { abortWith(QStringLiteral("%1 took too long").arg(url.toString())); });
+    deadline.start(m_limits.totalTimeoutMs);
+
+    if (!reply->isFinished())
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    deadline.stop();
+
+    if (failure.isEmpty() && reply->error() != QNetworkReply::NoError)
+        failure = reply->errorString();
+    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (failure.isEmpty() && status != 200)
+        failure = QStringLiteral("%1 answered with status %2").arg(reply->url().toString()).arg(status);
+    if (failure.isEmpty() && !isSupportedScheme(reply->url()))
+        failure = QStringLiteral("redirected to unsupported address %1").arg(reply->url().toString());
+    if (!failure.isEmpty()) {
+        m_lastError = failure;
+        return std::nullopt;
+    }
+    body += reply->readAll();
+    if (body.size() > m_limits.maximumBytes) {
+        m_lastError = QStringLiteral("%1 is larger than %2 bytes").arg(url.toString()).arg(m_limits.maximumBytes);
+        return std::nullopt;
+    }
+    return body;
+}

@@ -1,0 +1,380 @@
+// The updater against a real HTTP server on 127.0.0.1: checks, installations, every failure the
+// network or the data can produce, and what the database holds afterwards.
+#include "LocalHttpServer.h"
+#include "PriceUpdateTestData.h"
+#include "TestSupport.h"
+#include "update/PriceUpdater.h"
+#include "update/RedemptionDateRangeNotifier.h"
+#include "update/UpdateCatalogue.h"
+#include "valuation/BondAssessor.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace PriceUpdateTestData;
+using Behaviour = LocalHttpServer::Behaviour;
+using Response = LocalHttpServer::Response;
+
+void PrintTo(const QString &text, std::ostream *os)
+{
+    *os << '"' << text.toStdString() << '"';
+}
+
+namespace {
+
+const QString UpToDate = QStringLiteral("Your software is up to date.");
+const QString Unavailable = QStringLiteral("Update information unavailable. Check internet connections and try again.");
+const QString Corrupt = QStringLiteral("Download corrupt; unable to update");
+const QString Installing = QStringLiteral("Installing updated prices...");
+const QString Optimizing = QStringLiteral("Optimizing pricing data...");
+const QString AllInstalled = QStringLiteral("All updates installed");
+const QString SomeFailed = QStringLiteral("Some updates could not be performed");
+const QString Inconsistent = QStringLiteral("Data inconsistency; update canceled");
+
+// Three months of Series I values; the database starts with the first.
+const QString January = QStringLiteral("i-2030-01.bin");
+const QString February = QStringLiteral("i-2030-02.bin");
+const QString March = QStringLiteral("i-2030-03.bin");
+
+std::optional<QStringList> offered(const QStringList &names)
+{
+    return names;
+}
+
+struct Recorder
+{
+    QStringList statuses;
+    QList<QPair<double, double>> progress;
+    QList<bool> downloading;
+    QList<QVariantMap> ranges;
+    QList<const QObject *> rangeSenders;
+};
+
+class PriceUpdaterTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        database = TestSupport::emptyDatabase();
+        ASSERT_TRUE(install(database, {{January, priceFile('I', 2030, 1, 2000, 25)}}));
+        server.setBody(QStringLiteral("/updates/") + January, priceFile('I', 2030, 1, 2000, 25));
+        server.setBody(QStringLiteral("/updates/") + February, priceFile('I', 2030, 2, 2000, 25));
+        server.setBody(QStringLiteral("/updates/") + March, priceFile('I', 2030, 3, 2000, 25));
+        QObject::connect(RedemptionDateRangeNotifier::instance(),
+                         &RedemptionDateRangeNotifier::redemptionDateRangeDidChange, &context,
+                         [this](const QObject *sender, const QVariantMap &userInfo) {
+                             recorder.ranges << userInfo;
+                             recorder.rangeSenders << sender;
+                         });
+    }
+
+    std::unique_ptr<PriceUpdater> makeUpdater()
+    {
+        auto updater = std::make_unique<PriceUpdater>(database);
+        updater->setBaseUrl(server.url(QStringLiteral("/updates/")));
+        PriceDataDownloader::Limits limits;
+        limits.idleTimeoutMs = 700;
+        limits.maximumBytes = 4096;
+        updater->setDownloadLimits(limits);
+        QObject::connect(updater.get(), &PriceUpdater::statusTextChanged, &context,
+                         [this](const QString &status) { recorder.statuses << status; });
+        QObject::connect(updater.get(), &PriceUpdater::progressChanged, &context,
+                         [this](double value, double maximum) { recorder.progress << qMakePair(value, maximum); });
+        QObject::connect(updater.get(), &PriceUpdater::downloadingChanged, &context,
+                         [this](bool downloading) { recorder.downloading << downloading; });
+        return updater;
+    }
+
+    void setCatalogue(const QStringList &entries)
+    {
+        server.setBody(QStringLiteral("/updates/AvailableBondData.plist"), UpdateCatalogue::encode(entries));
+    }
+
+    void check(PriceUpdater &updater)
+    {
+        ASSERT_TRUE(updater.checkForUpdates());
+        EXPECT_TRUE(updater.checkingForUpdates());
+        ASSERT_TRUE(waitUntil([&] { return !updater.checkingForUpdates(); }));
+    }
+
+    void installAll(PriceUpdater &updater)
+    {
+        ASSERT_TRUE(updater.updatePriceData());
+        EXPECT_TRUE(updater.updatingPriceData());
+        ASSERT_TRUE(waitUntil([&] { return !updater.updatingPriceData(); }));
+        // The range announcement travels one more hop through the notifier.
+        waitUntil([&] { return !recorder.ranges.isEmpty(); }, 2000);
+    }
+
+    QStringList installed() const { return BondAssessor(database).installedFiles(); }
+    QString latestMonth() const
+    {
+        return queryText(database, QStringLiteral("select ryr || '-' || rmo from max_rdate"));
+    }
+
+    QObject context;
+    LocalHttpServer server;
+    QString database;
+    Recorder recorder;
+};
+
+TEST_F(PriceUpdaterTest, NothingNewIsUpToDate)
+{
+    setCatalogue({January});
+    auto updater = makeUpdater();
+    EXPECT_FALSE(updater->availableUpdates().has_value());
+    check(*updater);
+    EXPECT_EQ(recorder.statuses, QStringList({QStringLiteral("Checking for updates..."), UpToDate}));
+    ASSERT_TRUE(updater->availableUpdates().has_value());
+    EXPECT_TRUE(updater->availableUpdates()->isEmpty());
+    EXPECT_FALSE(updater->updateAvailable());
+    EXPECT_EQ(recorder.downloading, QList<bool>({true, false}));
+}
+
+TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
+{
+    setCatalogue({March, January, February});
+    auto updater = makeUpdater();
+    QList<bool> availability;
+    QObject::connect(updater.get(), &PriceUpdater::updateAvailableChanged, &context,
+                     [&](bool available) { availability << available; });
+    check(*updater);
+    EXPECT_EQ(updater->statusText(), QStringLiteral("2 update(s) available"));
+    EXPECT_EQ(updater->availableUpdates(), offered({March, February}));
+    EXPECT_TRUE(updater->updateAvailable());
+
+    recorder = {};
+    installAll(*updater);
+    EXPECT_EQ(recorder.statuses,
+              QStringList({QStringLiteral("Downloading update 1 of 2"), Installing,
+                           QStringLiteral("Downloading update 2 of 2"), Installing, Optimizing, AllInstalled}));
+    EXPECT_EQ(installed(), QStringList({January, March, February}));
+    EXPECT_EQ(latestMonth(), QStringLiteral("2030-3"));
+    EXPECT_EQ(updater->availableUpdates(), offered({}));
+    EXPECT_EQ(availability, QList<bool>({true, false}));
+
+    ASSERT_EQ(recorder.ranges.size(), 1);
+    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(),
+              BondAssessor::monthDate(2030, 3));
+    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMinimumRedemptionDateKey)).toDateTime(),
+              BondAssessor::monthDate(2030, 1));
+    EXPECT_EQ(recorder.rangeSenders[0], updater.get());
+
+    // 25 records: a bar of 2 steps, stepped after records 0, 10 and 20, then set to its maximum.
+    const QList<QPair<double, double>> oneFile = {{0, 2}, {1, 2}, {2, 2}, {3, 2}, {2, 2}};
+    EXPECT_EQ(recorder.progress, oneFile + oneFile);
+    EXPECT_EQ(recorder.downloading, QList<bool>({true, false, true, false}));
+    EXPECT_EQ(BondAssessor(database).isValidValueOfDate(BondAssessor::monthDate(2030, 3)), true);
+}
+
+TEST_F(PriceUpdaterTest, FileListedTwiceIsOfferedTwiceAndTheSecondRollsBack)
+{
+    setCatalogue({January, February, February});
+    auto updater = makeUpdater();
+    check(*updater);
+    EXPECT_EQ(updater->availableUpdates(), offered({February, February}));
+    recorder = {};
+    installAll(*updater);
+    EXPECT_EQ(recorder.statuses,
+              QStringList({QStringLiteral("Downloading update 1 of 2"), Installing,
+                           QStringLiteral("Downloading update 2 of 2"), Installing, Inconsistent, Optimizing,
+                           SomeFailed}));
+    EXPECT_EQ(installed(), QStringList({January, February}));
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where rmo = 2")), 25 * 12);
+    EXPECT_FALSE(updater->availableUpdates().has_value());
+    EXPECT_EQ(recorder.progress.last(), qMakePair(0.0, 2.0));
+}
+
+TEST_F(PriceUpdaterTest, InstallingNothingStillRebuildsAndAnnounces)
+{
+    auto updater = makeUpdater();
+    installAll(*updater);
+    EXPECT_EQ(recorder.statuses, QStringList({Optimizing, AllInstalled}));
+    EXPECT_TRUE(server.requestedPaths().isEmpty());
+    ASSERT_EQ(recorder.ranges.size(), 1);
+    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(),
+              BondAssessor::monthDate(2030, 1));
+}
+
+TEST_F(PriceUpdaterTest, EntriesResolveAgainstTheBaseOrStandAlone)
+{
+    server.setBody(QStringLiteral("/updates/more/") + February, priceFile('I', 2030, 2, 2000, 3));
+    server.setBody(QStringLiteral("/elsewhere/") + March, priceFile('I', 2030, 3, 2000, 3));
+    const QString absolute = server.url(QStringLiteral("/elsewhere/") + March).toString();
+    const QString nested = QStringLiteral("more/") + February;
+    setCatalogue({nested, absolute});
+    auto updater = makeUpdater();
+    check(*updater);
+    installAll(*updater);
+    EXPECT_EQ(updater->statusText(), AllInstalled);
+    EXPECT_EQ(installed(), QStringList({January, nested, absolute}));
+    EXPECT_TRUE(server.requestedPaths().contains(QStringLiteral("/updates/more/") + February));
+}
+
+TEST_F(PriceUpdaterTest, RefusesASecondActionWhileOneRuns)
+{
+    server.setResponse(QStringLiteral("/updates/AvailableBondData.plist"), Response{200, {}, Behaviour::NeverAnswer});
+    auto updater = makeUpdater();
+    ASSERT_TRUE(updater->checkForUpdates());
+    EXPECT_FALSE(updater->checkForUpdates());
+    EXPECT_FALSE(updater->updatePriceData());
+    ASSERT_TRUE(waitUntil([&] { return !updater->checkingForUpdates(); }));
+    EXPECT_EQ(updater->statusText(), Unavailable);
+}
+
+TEST_F(PriceUpdaterTest, WorkerFinishesWhenTheUpdaterGoesAway)
+{
+    setCatalogue({January, February, March});
+    auto updater = makeUpdater();
+    check(*updater);
+    ASSERT_TRUE(updater->updatePriceData());
+    updater.reset();
+    ASSERT_TRUE(waitUntil([&] { return recorder.ranges.size() == 1; }));
+    EXPECT_EQ(installed(), QStringList({January, February, March}));
+    EXPECT_EQ(recorder.rangeSenders[0], nullptr);
+}
+
+// A failing catalogue: the status says why, and the list keeps what an earlier check found.
+struct CatalogueFailure
+{
+    const char *name;
+    Response response;
+    QString status;
+};
+
+class CatalogueFailureTest : public PriceUpdaterTest, public ::testing::WithParamInterface<CatalogueFailure>
+{
+};
+
+TEST_P(CatalogueFailureTest, EndsInItsStatusAndKeepsTheList)
+{
+    setCatalogue({January, February});
+    auto updater = makeUpdater();
+    check(*updater);
+    ASSERT_EQ(updater->availableUpdates(), offered({February}));
+
+    server.setResponse(QStringLiteral("/updates/AvailableBondData.plist"), GetParam().response);
+    recorder = {};
+    check(*updater);
+    EXPECT_EQ(recorder.statuses, QStringList({QStringLiteral("Checking for updates..."), GetParam().status}));
+    EXPECT_EQ(updater->availableUpdates(), offered({February}));
+    EXPECT_EQ(installed(), QStringList({January}));
+}
+
+const QByteArray dictionary = "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>a</key>"
+                              "<string>b</string></dict></plist>";
+const QByteArray numbers = "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><integer>1</integer>"
+                           "</array></plist>";
+
+INSTANTIATE_TEST_SUITE_P(
+    Replies, CatalogueFailureTest,
+    ::testing::Values(
+        CatalogueFailure{"Missing", Response{404, "no such file"}, Unavailable},
+        CatalogueFailure{"EmptyReply", Response{200, ""}, Unavailable},
+        CatalogueFailure{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, Unavailable},
+        CatalogueFailure{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, Unavailable},
+        CatalogueFailure{"ServerError", Response{500, UpdateCatalogue::encode({March})}, Unavailable},
+        CatalogueFailure{"TooLarge", Response{200, QByteArray(8192, ' ')}, Unavailable},
+        CatalogueFailure{"RedirectLoop", Response{302, "", Behaviour::Answer, "/updates/AvailableBondData.plist"}, Unavailable},
+        CatalogueFailure{"RedirectToFile", Response{302, "", Behaviour::Answer, "file:///etc/hostname"}, Unavailable},
+        CatalogueFailure{"NotAPropertyList", Response{200, "<html>Not here</html>"}, Corrupt},
+        CatalogueFailure{"Dictionary", Response{200, dictionary}, Corrupt},
+        CatalogueFailure{"ArrayOfNumbers", Response{200, numbers}, Corrupt}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+// The same catalogue, slowly or by a detour, is read as usual.
+TEST_F(PriceUpdaterTest, SlowOrRedirectedCatalogueIsRead)
+{
+    const QByteArray catalogue = UpdateCatalogue::encode({January, February, March});
+    server.setBody(QStringLiteral("/moved/AvailableBondData.plist"), catalogue);
+    for (const Response &response : {Response{200, catalogue, Behaviour::Trickle},
+                                     Response{301, "", Behaviour::Answer, "/moved/AvailableBondData.plist"}}) {
+        SCOPED_TRACE(response.status);
+        server.setResponse(QStringLiteral("/updates/AvailableBondData.plist"), response);
+        auto updater = makeUpdater();
+        check(*updater);
+        EXPECT_EQ(updater->statusText(), QStringLiteral("2 update(s) available"));
+    }
+}
+
+// A file that fails in the middle of a run: the files before it stay installed, the run stops,
+// and the next check offers exactly the rest.
+struct FileFailure
+{
+    const char *name;
+    Response response;
+    QString lastStatusBeforeOptimizing;
+};
+
+class FileFailureTest : public PriceUpdaterTest, public ::testing::WithParamInterface<FileFailure>
+{
+};
+
+TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
+{
+    const QString broken = QStringLiteral("broken.bin");
+    server.setResponse(QStringLiteral("/updates/") + broken, GetParam().response);
+    setCatalogue({January, February, broken, March});
+    auto updater = makeUpdater();
+    check(*updater);
+    ASSERT_EQ(updater->availableUpdates(), offered({February, broken, March}));
+
+    recorder = {};
+    installAll(*updater);
+    ASSERT_GE(recorder.statuses.size(), 3);
+    EXPECT_EQ(recorder.statuses.mid(recorder.statuses.size() - 3),
+              QStringList({GetParam().lastStatusBeforeOptimizing, Optimizing, SomeFailed}));
+    EXPECT_FALSE(recorder.statuses.contains(QStringLiteral("Downloading update 3 of 3")));
+    EXPECT_FALSE(updater->availableUpdates().has_value());
+    EXPECT_FALSE(updater->updateAvailable());
+    EXPECT_EQ(installed(), QStringList({January, February}));
+    EXPECT_EQ(latestMonth(), QStringLiteral("2030-2"));
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), 2 * 25 * 12);
+    ASSERT_EQ(recorder.ranges.size(), 1);
+    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(),
+              BondAssessor::monthDate(2030, 2));
+
+    recorder = {};
+    check(*updater);
+    EXPECT_EQ(updater->availableUpdates(), offered({broken, March}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Replies, FileFailureTest,
+    ::testing::Values(
+        FileFailure{"Missing", Response{404, "no such file"}, QStringLiteral("Downloading update 2 of 3")},
+        FileFailure{"EmptyReply", Response{200, ""}, QStringLiteral("Downloading update 2 of 3")},
+        FileFailure{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, QStringLiteral("Downloading update 2 of 3")},
+        FileFailure{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, QStringLiteral("Downloading update 2 of 3")},
+        FileFailure{"TooLarge", Response{200, priceFile('I', 2030, 4, 2000, 100)}, QStringLiteral("Downloading update 2 of 3")},
+        FileFailure{"CollidesWithInstalledRows", Response{200, priceFile('I', 2030, 1, 2000, 25)}, Inconsistent}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+// canPerformUpdate follows the file's (and its folder's) write permission.
+TEST(PriceUpdaterPermissions, CanPerformUpdateOnlyOnAWritableDatabase)
+{
+    const QFile::Permissions readWrite = QFile::ReadOwner | QFile::WriteOwner;
+    const QFile::Permissions readOnly = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    const QFile::Permissions folder = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const QFile::Permissions lockedFolder = QFile::ReadOwner | QFile::ExeOwner;
+    struct Case
+    {
+        const char *name;
+        QFile::Permissions file;
+        QFile::Permissions folder;
+        bool expected;
+    };
+    for (const Case &c : {Case{"writable", readWrite, folder, true}, Case{"read-only file", readOnly, folder, false},
+                          Case{"read-only folder", readWrite, lockedFolder, false}}) {
+        SCOPED_TRACE(c.name);
+        const QString path = TestSupport::emptyDatabase();
+        const QString dir = QFileInfo(path).absolutePath();
+        QFile::setPermissions(path, c.file);
+        QFile::setPermissions(dir, c.folder);
+        EXPECT_EQ(PriceUpdater::canPerformUpdate(path), c.expected);
+        QFile::setPermissions(dir, folder);
+    }
+    EXPECT_FALSE(PriceUpdater::canPerformUpdate(TestSupport::temporaryDirectory() + QStringLiteral("/none.bvdb")));
+}
+
+} // namespace

@@ -1,0 +1,148 @@
+// Installation against other users of the same database file: portfolios keep reading while a
+// file is installed, and a process killed in the middle of an installation leaves the file
+// either wholly installed or not at all.
+#include "PriceUpdateTestData.h"
+#include "TestSupport.h"
+#include "model/Series.h"
+#include "update/PriceDataInstaller.h"
+#include "update/UpdateConnection.h"
+#include "valuation/BondAssessor.h"
+
+#include <QFile>
+#include <QProcess>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+using namespace PriceUpdateTestData;
+
+namespace {
+
+const char *ChildDatabaseVariable = "QUILLMERE_TEST_CHILD_DATABASE";
+const char *ChildFileVariable = "QUILLMERE_TEST_CHILD_FILE";
+
+// Big enough that the installation cannot keep its changes in the page cache.
+constexpr int LargeFileRecords = 60000;
+
+// Issue years 0.. for January 2031 onwards: never colliding with the 2030 rows already there.
+QByteArray largeFile()
+{
+    QList<PriceRecord> records;
+    for (int i = 0; i < LargeFileRecords; ++i) {
+        PriceRecord record;
+        record.series = 'E';
+        record.ryr = static_cast<quint16>(2031 + i / 12000);
+        record.rmo = static_cast<quint8>(1 + (i / 1000) % 12);
+        record.iyr = static_cast<quint16>(i % 1000);
+        record.value.fill(4000 + i % 97);
+        records << record;
+    }
+    return PriceDataFile::encode(records);
+}
+
+QString databaseWithOneMonth()
+{
+    const QString database = TestSupport::emptyDatabase();
+    EXPECT_TRUE(install(database, {{QStringLiteral("base.bin"), priceFile('I', 2030, 1, 2000, 25)}}));
+    return database;
+}
+
+BondTerms iBond(int issueYear, int issueMonth)
+{
+    BondTerms terms;
+    terms.series = Series::seriesForCode(QStringLiteral("I"));
+    terms.issueDate = BondAssessor::monthDate(issueYear, issueMonth);
+    terms.faceValue = 2500;
+    return terms;
+}
+
+TEST(InstallationWhileReading, PortfoliosReadTheCommittedStateThroughout)
+{
+    const QString database = databaseWithOneMonth();
+    BondAssessor portfolio(database);
+    const BondTerms bond = iBond(2001, 3);
+    const qint64 before = portfolio.valueOf(bond, BondAssessor::monthDate(2030, 1));
+    ASSERT_EQ(before, 2500 + 12 + 2);
+
+    UpdateConnection connection(database);
+    ASSERT_EQ(connection.state(), UpdateConnection::State::Open);
+    int readsDuringInstallation = 0;
+    PriceDataInstaller::Feedback feedback;
+    feedback.progress = [&](double value, double maximum) {
+        // Reads from another connection while the installation's transaction is open and large.
+        if (value < maximum / 2 || readsDuringInstallation > 0)
+            return;
+        ++readsDuringInstallation;
+        EXPECT_EQ(portfolio.valueOf(bond, BondAssessor::monthDate(2030, 1)), before);
+        EXPECT_FALSE(portfolio.isValidValueOfDate(BondAssessor::monthDate(2031, 1)));
+        EXPECT_EQ(BondAssessor(database).maximumRedemptionDate(), BondAssessor::monthDate(2030, 1));
+    };
+    PriceDataInstaller installer(connection.handle(), feedback);
+    ASSERT_TRUE(installer.updatePricingDataWithData(largeFile(), QStringLiteral("large.bin")));
+    EXPECT_EQ(readsDuringInstallation, 1);
+    EXPECT_TRUE(portfolio.isValidValueOfDate(BondAssessor::monthDate(2031, 1)));
+    EXPECT_EQ(queryText(database, QStringLiteral("pragma journal_mode")), QStringLiteral("wal"));
+}
+
+// Not a test of its own: the child process of the next test, started with the variables set.
+TEST(KilledInstallationChild, InstallsAndReportsHalfway)
+{
+    const QByteArray database = qgetenv(ChildDatabaseVariable);
+    if (database.isEmpty())
+        GTEST_SKIP() << "runs only as the child of KilledInstallation";
+    QFile file(QString::fromLocal8Bit(qgetenv(ChildFileVariable)));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray data = file.readAll();
+    UpdateConnection connection(QString::fromLocal8Bit(database));
+    bool reported = false;
+    PriceDataInstaller::Feedback feedback;
+    feedback.progress = [&](double value, double maximum) {
+        if (!reported && value >= maximum / 3) {
+            reported = true;
+            std::fputs("halfway\n", stdout);
+            std::fflush(stdout);
+        }
+    };
+    PriceDataInstaller installer(connection.handle(), feedback);
+    EXPECT_TRUE(installer.updatePricingDataWithData(data, QStringLiteral("large.bin")));
+}
+
+TEST(KilledInstallation, LeavesNoneOfTheFile)
+{
+    const QString database = databaseWithOneMonth();
+    const QString fileName = TestSupport::temporaryDirectory() + QStringLiteral("/large.bin");
+    {
+        QFile file(fileName);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(largeFile());
+    }
+    const qint64 rowsBefore = queryInt(database, QStringLiteral("select count(*) from bond_value"));
+
+    QProcess child;
+    QStringList environment = QProcess::systemEnvironment();
+    environment << QStringLiteral("%1=%2").arg(QLatin1String(ChildDatabaseVariable), database)
+                << QStringLiteral("%1=%2").arg(QLatin1String(ChildFileVariable), fileName);
+    child.setEnvironment(environment);
+    child.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_filter=KilledInstallationChild.*")});
+    ASSERT_TRUE(child.waitForStarted());
+    QByteArray output;
+    while (!output.contains("halfway") && child.waitForReadyRead(120000))
+        output += child.readAllStandardOutput();
+    ASSERT_TRUE(output.contains("halfway")) << output.constData();
+    child.kill(); // SIGKILL: no chance to roll back or clean up
+    child.waitForFinished();
+    EXPECT_EQ(child.exitStatus(), QProcess::CrashExit);
+
+    EXPECT_EQ(queryText(database, QStringLiteral("pragma integrity_check")), QStringLiteral("ok"));
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), rowsBefore);
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'large.bin'")), 0);
+
+    // The interrupted file installs cleanly afterwards, wholly.
+    ASSERT_TRUE(install(database, {{QStringLiteral("large.bin"), largeFile()}}));
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")),
+              rowsBefore + LargeFileRecords * 12);
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'large.bin'")), 1);
+}
+
+} // namespace

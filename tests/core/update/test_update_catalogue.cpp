@@ -1,0 +1,128 @@
+// Reading the update catalogue in every form it may come in, the delta against the installed
+// files, and where the updater looks for its files.
+#include "model/UserDefaults.h"
+#include "update/UpdateCatalogue.h"
+#include "update/UpdateLocation.h"
+
+#include <gtest/gtest.h>
+#include <plist/plist.h>
+
+namespace {
+
+QByteArray binaryPlist(const QStringList &entries)
+{
+    plist_t root = plist_new_array();
+    for (const QString &entry : entries)
+        plist_array_append_item(root, plist_new_string(entry.toUtf8().constData()));
+    char *bytes = nullptr;
+    uint32_t length = 0;
+    plist_to_bin(root, &bytes, &length);
+    QByteArray result(bytes, length);
+    plist_to_bin_free(bytes);
+    plist_free(root);
+    return result;
+}
+
+QByteArray xml(const char *body)
+{
+    return QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">") + body + "</plist>";
+}
+
+struct CatalogueCase
+{
+    const char *name;
+    QByteArray data;
+    UpdateCatalogue::Status status;
+    QStringList entries;
+};
+
+class CatalogueParsing : public ::testing::TestWithParam<CatalogueCase>
+{
+};
+
+TEST_P(CatalogueParsing, ReadsOrRefuses)
+{
+    const UpdateCatalogue catalogue = UpdateCatalogue::parse(GetParam().data);
+    EXPECT_EQ(catalogue.status(), GetParam().status);
+    EXPECT_EQ(catalogue.entries(), GetParam().entries);
+    EXPECT_EQ(catalogue.error().isEmpty(), GetParam().status != UpdateCatalogue::Status::Corrupt);
+}
+
+using Status = UpdateCatalogue::Status;
+const QStringList names = {QStringLiteral("sb202112.bin"), QStringLiteral("more/it's.bin"),
+                           QStringLiteral("https://example.org/x.bin"), QString::fromUtf8("caf\u00e9.bin")};
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, CatalogueParsing,
+    ::testing::Values(
+        CatalogueCase{"Published", UpdateCatalogue::encode(names), Status::Valid, names},
+        CatalogueCase{"Binary", binaryPlist(names), Status::Valid, names},
+        CatalogueCase{"EmptyArray", xml("<array/>"), Status::Valid, {}},
+        CatalogueCase{"NoData", QByteArray(), Status::Unavailable, {}},
+        CatalogueCase{"Garbage", QByteArray("\x00\x01\x02hello", 8), Status::Corrupt, {}},
+        CatalogueCase{"Html", "<html><body>Not found</body></html>", Status::Corrupt, {}},
+        CatalogueCase{"TruncatedXml", UpdateCatalogue::encode(names).left(60), Status::Corrupt, {}},
+        CatalogueCase{"TruncatedBinary", binaryPlist(names).left(40), Status::Corrupt, {}},
+        CatalogueCase{"TopLevelString", xml("<string>a.bin</string>"), Status::Corrupt, {}},
+        CatalogueCase{"TopLevelDictionary", xml("<dict><key>a</key><string>b</string></dict>"), Status::Corrupt, {}},
+        CatalogueCase{"NumberInArray", xml("<array><string>a.bin</string><integer>3</integer></array>"), Status::Corrupt, {}},
+        CatalogueCase{"NestedArray", xml("<array><array><string>a.bin</string></array></array>"), Status::Corrupt, {}},
+        CatalogueCase{"EmptyName", xml("<array><string>a.bin</string><string></string></array>"), Status::Corrupt, {}}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+TEST(CatalogueDelta, KeepsCatalogueOrderAndDuplicates)
+{
+    struct Case
+    {
+        QStringList catalogue, known, expected;
+    };
+    const QString a = QStringLiteral("a"), b = QStringLiteral("b"), c = QStringLiteral("c");
+    for (const Case &c_ : {Case{{a, b, c}, {}, {a, b, c}}, Case{{c, a, b}, {b}, {c, a}},
+                           Case{{a, b}, {b, a, c}, {}}, Case{{b, b, a}, {a}, {b, b}},
+                           Case{{QStringLiteral("A")}, {a}, {QStringLiteral("A")}}}) {
+        SCOPED_TRACE(c_.catalogue.join(QLatin1Char(',')).toStdString());
+        EXPECT_EQ(UpdateCatalogue::determineUpdateDataDelta(c_.catalogue, c_.known), c_.expected);
+    }
+}
+
+TEST(UpdateLocation, ResolvesEntriesAgainstTheBase)
+{
+    const QUrl base(QStringLiteral("http://host.test/data/"));
+    EXPECT_EQ(UpdateLocation::catalogueUrl(base).toString(), QStringLiteral("http://host.test/data/AvailableBondData.plist"));
+    struct Case
+    {
+        QString entry, expected;
+    };
+    for (const Case &c : {Case{QStringLiteral("sb2022.bin"), QStringLiteral("http://host.test/data/sb2022.bin")},
+                          Case{QStringLiteral("more/sb.bin"), QStringLiteral("http://host.test/data/more/sb.bin")},
+                          Case{QStringLiteral("../other/sb.bin"), QStringLiteral("http://host.test/other/sb.bin")},
+                          Case{QStringLiteral("/root.bin"), QStringLiteral("http://host.test/root.bin")},
+                          Case{QStringLiteral("https://elsewhere.test/x.bin"), QStringLiteral("https://elsewhere.test/x.bin")}}) {
+        SCOPED_TRACE(c.entry.toStdString());
+        EXPECT_EQ(UpdateLocation::fileUrl(base, c.entry).toString(), c.expected);
+    }
+}
+
+TEST(UpdateLocation, EnvironmentThenSettingsThenTheCompiledBase)
+{
+    const QByteArray variable = UpdateLocation::BaseUrlEnvironmentVariable;
+    const QString key = QString::fromLatin1(UpdateLocation::BaseUrlSettingsKey);
+    qunsetenv(variable.constData());
+    UserDefaults::remove(key);
+    EXPECT_EQ(UpdateLocation::baseUrl(), QUrl(QString::fromLatin1(UpdateLocation::DefaultBaseUrl)));
+    EXPECT_TRUE(UpdateLocation::baseUrl().path().endsWith(QLatin1Char('/')));
+
+    UserDefaults::setValue(key, QStringLiteral("http://mirror.test/bonds"));
+    EXPECT_EQ(UpdateLocation::baseUrl(), QUrl(QStringLiteral("http://mirror.test/bonds/")));
+
+    qputenv(variable.constData(), "http://127.0.0.1:8080/x/");
+    EXPECT_EQ(UpdateLocation::baseUrl(), QUrl(QStringLiteral("http://127.0.0.1:8080/x/")));
+
+    // An unusable override is passed over rather than leaving the updater without a base.
+    qputenv(variable.constData(), "not a url");
+    EXPECT_EQ(UpdateLocation::baseUrl(), QUrl(QStringLiteral("http://mirror.test/bonds/")));
+    qunsetenv(variable.constData());
+    UserDefaults::remove(key);
+}
+
+} // namespace

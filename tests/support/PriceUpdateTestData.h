@@ -1,0 +1,99 @@
+#pragma once
+// Price data files and database look-ups shared by the updater tests.
+#include "update/PriceDataFile.h"
+#include "update/PriceDataInstaller.h"
+#include "valuation/RedemptionDatabase.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QTimer>
+#include <QString>
+#include <functional>
+#include <sqlite3.h>
+
+namespace PriceUpdateTestData {
+
+// records records of one series and redemption month, issue years firstIssueYear onwards;
+// value[k] = base + issue year offset * 12 + k, so every row is told apart.
+inline QByteArray priceFile(char series, int ryr, int rmo, int firstIssueYear, int records, qint32 base = 2500)
+{
+    QList<PriceRecord> list;
+    for (int i = 0; i < records; ++i) {
+        PriceRecord record;
+        record.series = series;
+        record.ryr = static_cast<quint16>(ryr);
+        record.rmo = static_cast<quint8>(rmo);
+        record.iyr = static_cast<quint16>(firstIssueYear + i);
+        for (int k = 0; k < 12; ++k)
+            record.value[k] = base + i * 12 + k;
+        list << record;
+    }
+    return PriceDataFile::encode(list);
+}
+
+// Runs one query that yields one integer (or text, with queryText).
+inline qint64 queryInt(const QString &database, const QString &sql)
+{
+    sqlite3 *db = nullptr;
+    qint64 result = -1;
+    if (sqlite3_open_v2(database.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+        sqlite3_busy_timeout(db, 10000);
+        sqlite3_stmt *stmt = nullptr;
+        if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &stmt, nullptr) == SQLITE_OK
+            && sqlite3_step(stmt) == SQLITE_ROW)
+            result = sqlite3_column_int64(stmt, 0);
+        sqlite3_finalize(stmt);
+    }
+    sqlite3_close(db);
+    return result;
+}
+
+inline QString queryText(const QString &database, const QString &sql)
+{
+    sqlite3 *db = nullptr;
+    QString result;
+    if (sqlite3_open_v2(database.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+        sqlite3_busy_timeout(db, 10000);
+        sqlite3_stmt *stmt = nullptr;
+        if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &stmt, nullptr) == SQLITE_OK
+            && sqlite3_step(stmt) == SQLITE_ROW)
+            result = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
+        sqlite3_finalize(stmt);
+    }
+    sqlite3_close(db);
+    return result;
+}
+
+// Installs files straight into a database, as the build does.
+inline bool install(const QString &database, const QList<QPair<QString, QByteArray>> &files)
+{
+    sqlite3 *db = nullptr;
+    if (sqlite3_open(database.toUtf8().constData(), &db) != SQLITE_OK)
+        return false;
+    bool ok = true;
+    {
+        PriceDataInstaller installer(db);
+        for (const auto &[name, data] : files)
+            ok = ok && installer.updatePricingDataWithData(data, name);
+        ok = ok && installer.updateRedemptionDateSummaryTables(nullptr, nullptr, false);
+    }
+    sqlite3_close(db);
+    return ok;
+}
+
+// Lets queued signals arrive until the condition holds; false if it never does.
+inline bool waitUntil(const std::function<bool()> &condition, int milliseconds = 60000)
+{
+    QDeadlineTimer deadline(milliseconds);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QEventLoop loop;
+        QTimer::singleShot(10, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    return true;
+}
+
+} // namespace PriceUpdateTestData
