@@ -1,0 +1,65 @@
+// quillmere-cli import-csv: appends the bonds of a CSV file (this program's own export or a
+// Savings Bond Wizard 4.10 export) to a portfolio and saves it.
+#include "CliCommand.h"
+#include "CliPortfolioFile.h"
+#include "exchange/PortfolioCsvImport.h"
+
+#include <QCommandLineParser>
+#include <QFileInfo>
+
+namespace {
+
+int run(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Appends the bonds of a CSV file to a portfolio and saves it "
+                                                    "(a new portfolio is created when FILE does not exist). Lines "
+                                                    "that cannot be read, H and HH bonds among them, are skipped."));
+    parser.addHelpOption();
+    const QCommandLineOption formatOption(QStringLiteral("format"),
+                                          QStringLiteral("own (written by Quillmere, line feeds) or wizard (Savings Bond "
+                                                         "Wizard 4.10, CR LF)."),
+                                          QStringLiteral("own|wizard"));
+    parser.addOption(formatOption);
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
+    parser.addPositionalArgument(QStringLiteral("CSV"), QStringLiteral("The CSV file to read."));
+    if (!parser.parse(arguments))
+        return cliFail(parser.errorText());
+    if (parser.isSet(QStringLiteral("help"))) {
+        cliOut() << parser.helpText();
+        return 0;
+    }
+    const QStringList paths = parser.positionalArguments();
+    if (paths.size() != 2)
+        return cliFail(QStringLiteral("import-csv needs a portfolio file and a CSV file (see --help)"));
+    if (!parser.isSet(formatOption))
+        return cliFail(QStringLiteral("--format own|wizard is required"));
+    const QString formatName = parser.value(formatOption).toLower();
+    if (formatName != QLatin1String("own") && formatName != QLatin1String("wizard"))
+        return cliFail(QStringLiteral("unknown format '%1' (use own or wizard)").arg(parser.value(formatOption)));
+    const CsvImportFormat format = formatName == QLatin1String("own") ? CsvImportFormat::Own : CsvImportFormat::SavingsBondWizard;
+    if (!QFileInfo(paths.at(1)).isFile())
+        return cliFail(QStringLiteral("%1: no such file").arg(paths.at(1)));
+
+    QString error;
+    const bool creating = !QFileInfo::exists(paths.at(0));
+    const auto portfolio = creating ? newPortfolio() : openPortfolioFile(paths.at(0), &error);
+    if (!portfolio)
+        return cliFail(error);
+
+    const CsvImportOutcome outcome = PortfolioCsvImport::importCSVFileAtPath(*portfolio, paths.at(1), format);
+    if (!outcome.succeeded)
+        return cliFail(QStringLiteral("%1: %2 (%3)").arg(outcome.title, outcome.message, outcome.detail));
+    if (!portfolio->saveToFile(paths.at(0), &error))
+        return cliFail(QStringLiteral("%1: cannot save the portfolio: %2").arg(paths.at(0), error));
+    cliOut() << outcome.title << ": " << outcome.message << '\n';
+    if (creating)
+        cliOut() << "Created " << paths.at(0) << '\n';
+    return 0;
+}
+
+const CliCommand::Registration registration({QStringLiteral("import-csv"),
+                                             QStringLiteral("import-csv FILE CSV --format own|wizard   add the bonds of a CSV file"),
+                                             run});
+
+} // namespace

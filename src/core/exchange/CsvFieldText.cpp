@@ -1,0 +1,84 @@
+#include "exchange/CsvFieldText.h"
+
+#include "model/Series.h"
+
+#include <QRegularExpression>
+#include <limits>
+
+namespace CsvField {
+
+qint32 integerValue(QStringView text)
+{
+    qsizetype at = 0;
+    while (at < text.size() && text.at(at).isSpace())
+        ++at;
+    bool negative = false;
+    if (at < text.size() && (text.at(at) == QLatin1Char('-') || text.at(at) == QLatin1Char('+'))) {
+        negative = text.at(at) == QLatin1Char('-');
+        ++at;
+    }
+    // Accumulate toward the sign's limit and stop there, so that overflow saturates.
+    const qint64 limit = negative ? -qint64(std::numeric_limits<qint32>::min()) : std::numeric_limits<qint32>::max();
+    qint64 magnitude = 0;
+    for (; at < text.size(); ++at) {
+        const char16_t unit = text.at(at).unicode();
+        if (unit < u'0' || unit > u'9')
+            break;
+        magnitude = std::min<qint64>(magnitude * 10 + (unit - u'0'), limit);
+    }
+    return static_cast<qint32>(negative ? -magnitude : magnitude);
+}
+
+Pennies faceValue(const QString &text)
+{
+    const QStringList pieces = text.split(QLatin1Char('.'));
+    // The whole-dollar part is scaled in 32 bits on purpose: files that overflow it read as
+    // they always have. Unsigned arithmetic gives the wrap without undefined behaviour.
+    const auto wholeDollars = static_cast<quint32>(integerValue(pieces.at(0)));
+    Pennies pennies = static_cast<qint32>(wholeDollars * 100u);
+    if (pieces.size() == 2)
+        pennies += integerValue(pieces.at(1));
+    return pennies;
+}
+
+QDateTime issueMonth(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^ *([0-9]{1,2})/([0-9]{4}) *$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return {};
+    const int month = match.captured(1).toInt();
+    const int year = match.captured(2).toInt();
+    const QDate first(year, month, 1);
+    if (!first.isValid())
+        return {};
+    return QDateTime(first, QTime(0, 0), Qt::LocalTime);
+}
+
+QString withoutSurroundingQuotes(const QString &text)
+{
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && text.at(start) == QLatin1Char('"'))
+        ++start;
+    while (end > start && text.at(end - 1) == QLatin1Char('"'))
+        --end;
+    return text.mid(start, end - start);
+}
+
+} // namespace CsvField
+
+namespace SeriesCsv {
+
+const Series *seriesForCSVCode(const QString &text)
+{
+    if (text.startsWith(QLatin1String("EE")))
+        return Series::eeBond();
+    for (const char *code : {"E", "I", "S"}) {
+        if (text.startsWith(QLatin1String(code)))
+            return Series::seriesForCode(QLatin1String(code));
+    }
+    return nullptr;
+}
+
+} // namespace SeriesCsv

@@ -1,0 +1,12 @@
+#include "exchange/ExportChoice.h"
+
+namespace ExportChoice {
+
+QList<HoldingRef> holdingsToExport(const QList<HoldingRef> &all, const QList<HoldingRef> &selected, int chosenRow)
+{
+    if (!selected.isEmpty() && chosenRow != AllHoldingsRow)
+        return selected;
+    return all;
+}
+
+} // namespace ExportChoice

@@ -1,0 +1,55 @@
+#include "exchange/ExportText.h"
+
+#include <QSaveFile>
+#include <charconv>
+
+namespace ExportText {
+
+QByteArray latin1Bytes(const QString &text)
+{
+    const QString composed = text.normalized(QString::NormalizationForm_C);
+    QByteArray bytes;
+    bytes.reserve(composed.size());
+    for (const char32_t character : composed.toUcs4())
+        bytes.append(character <= 0xFF ? char(character) : '?');
+    return bytes;
+}
+
+QString fixedPoint(double value, int decimals)
+{
+    char buffer[400]; // enough for any finite double in fixed notation with a few decimals
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
+    if (result.ec != std::errc())
+        return QStringLiteral("nan");
+    return QString::fromLatin1(buffer, result.ptr - buffer);
+}
+
+double singlePrecisionDollars(Pennies pennies)
+{
+    const float dollars = static_cast<float>(pennies) / 100.0f;
+    return static_cast<double>(dollars);
+}
+
+bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *error)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        if (error)
+            *error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+        return false;
+    }
+    if (file.write(bytes) != bytes.size()) {
+        if (error)
+            *error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+        file.cancelWriting();
+        return false;
+    }
+    if (!file.commit()) {
+        if (error)
+            *error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+        return false;
+    }
+    return true;
+}
+
+} // namespace ExportText

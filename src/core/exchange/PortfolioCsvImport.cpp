@@ -1,0 +1,97 @@
+#include "exchange/PortfolioCsvImport.h"
+
+#include "document/BondPortfolio.h"
+#include "exchange/CsvHoldingReader.h"
+
+#include <QFile>
+
+namespace PortfolioCsvImport {
+
+namespace {
+
+// Bytes a text file never holds. Tab, line feed, vertical tab, form feed, carriage return and
+// the DOS end-of-file mark (0x1A) can occur in exported text.
+bool looksBinary(const QByteArray &data)
+{
+    for (const char byte : data) {
+        const auto unit = static_cast<unsigned char>(byte);
+        if (unit < 0x20 && !(unit >= 0x09 && unit <= 0x0D) && unit != 0x1A)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+CsvImportOutcome corruptFileOutcome(CsvImportFormat format, const QString &detail)
+{
+    CsvImportOutcome outcome;
+    outcome.succeeded = false;
+    outcome.title = QString::fromLatin1(CorruptTitle);
+    outcome.message = QString::fromLatin1(CorruptMessage).replace(QLatin1String("%@"), CsvImportFormats::producerName(format));
+    outcome.detail = detail;
+    return outcome;
+}
+
+CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QStringList> &lines, CsvImportFormat format)
+{
+    if (!lines || lines->size() < 2)
+        return corruptFileOutcome(format, QStringLiteral("fewer than two lines after splitting at the line separator"));
+    if (lines->size() > MaximumLineCount)
+        return corruptFileOutcome(format, QStringLiteral("more than %1 lines").arg(MaximumLineCount));
+
+    const QString &header = lines->first();
+    const CsvFieldMap fieldMap = CsvHoldingReader::fieldMapForHeader(header, format);
+    const int promisedFieldCount = CsvHoldingReader::fieldCount(header);
+
+    QList<HoldingRef> added;
+    int rejected = 0;
+    for (qsizetype index = 1; index < lines->size(); ++index) {
+        HoldingRef holding = CsvHoldingReader::holdingForCSVLine(lines->at(index), promisedFieldCount, fieldMap);
+        if (!holding) {
+            ++rejected;
+            continue;
+        }
+        holding->setPortfolio(&portfolio);
+        added << holding;
+    }
+
+    // The one change to the document, made only now that every line has been read.
+    portfolio.setHoldings(portfolio.holdings() + added);
+    portfolio.markEdited();
+
+    CsvImportOutcome outcome;
+    outcome.succeeded = true;
+    outcome.importedCount = int(added.size());
+    outcome.rejectedCount = rejected;
+    outcome.title = QString::fromLatin1(CompleteTitle);
+    // The second number is lines minus rejections minus the header: the count of bonds again.
+    outcome.message = QString::asprintf(CompleteMessage, outcome.importedCount, int(lines->size()) - rejected - 1);
+    return outcome;
+}
+
+CsvImportOutcome importCSVData(BondPortfolio &portfolio, const QByteArray &data, CsvImportFormat format)
+{
+    if (data.size() > MaximumFileSize)
+        return corruptFileOutcome(format, QStringLiteral("the file is larger than %1 bytes").arg(MaximumFileSize));
+    if (looksBinary(data))
+        return corruptFileOutcome(format, QStringLiteral("the file holds binary data, not text"));
+    const QString separator = CsvImportFormats::lineSeparator(format);
+    if (data.count(separator.toLatin1()) >= MaximumLineCount)
+        return corruptFileOutcome(format, QStringLiteral("more than %1 lines").arg(MaximumLineCount));
+    return importCSVLines(portfolio, QString::fromLatin1(data).split(separator), format);
+}
+
+CsvImportOutcome importCSVFileAtPath(BondPortfolio &portfolio, const QString &path, CsvImportFormat format)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return corruptFileOutcome(format, QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    // Read one byte past the limit rather than trusting the reported size (pipes, growing files).
+    const QByteArray data = file.read(MaximumFileSize + 1);
+    if (file.error() != QFileDevice::NoError)
+        return corruptFileOutcome(format, QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    return importCSVData(portfolio, data, format);
+}
+
+} // namespace PortfolioCsvImport

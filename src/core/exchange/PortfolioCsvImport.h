@@ -1,0 +1,45 @@
+#pragma once
+// Adds the bonds of a CSV file to a portfolio. The import works out every new holding first and
+// changes the document once, at the end: the new holdings are appended after the existing ones
+// and the document is marked edited. Every refusal leaves the document exactly as it was.
+#include "exchange/CsvImportFormat.h"
+#include "exchange/ExchangeOutcome.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+class BondPortfolio;
+
+struct CsvImportOutcome : ExchangeOutcome
+{
+    int importedCount = 0;
+    int rejectedCount = 0; // data lines skipped, the empty one after a final separator included
+};
+
+namespace PortfolioCsvImport {
+inline constexpr const char *CompleteTitle = "Import Complete";
+inline constexpr const char *CompleteMessage = "Imported %d out of %d bonds. (HH/H bonds not supported)";
+inline constexpr const char *CorruptTitle = "Import file corrupt";
+inline constexpr const char *CorruptMessage =
+    "The file you selected does not appear to be a CSV file produced by %@.  Please verify your choice and try again.";
+
+// Files beyond these sizes are no household's bond list; they are refused before any holding
+// is built, so that a wrong choice in the open panel cannot exhaust memory.
+inline constexpr qint64 MaximumFileSize = 8 * 1024 * 1024;
+inline constexpr int MaximumLineCount = 100000;
+
+// Line 0 is the header; every later line is a bond or is skipped and counted. Fewer than two
+// lines are refused as corrupt.
+CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QStringList> &lines,
+                                CsvImportFormat format);
+// The bytes of a whole file: read as ISO Latin 1 and split at the format's separator. Refused as
+// corrupt when too large or not text (a NUL or another control character than tab, line
+// breaks, form feed and the DOS end-of-file mark).
+CsvImportOutcome importCSVData(BondPortfolio &portfolio, const QByteArray &data, CsvImportFormat format);
+CsvImportOutcome importCSVFileAtPath(BondPortfolio &portfolio, const QString &path, CsvImportFormat format);
+
+// The corrupt-file alert for the format, with the reason for the log.
+CsvImportOutcome corruptFileOutcome(CsvImportFormat format, const QString &detail);
+}

@@ -1,0 +1,54 @@
+#pragma once
+// The two QIF files of a portfolio: a price list, and the positions (securities, one investment
+// account named after the document, purchases and again the prices). Bytes are ISO Latin 1 with
+// '?' for what Latin 1 cannot hold; lines end in a bare carriage return.
+#include "exchange/ExchangeOutcome.h"
+#include "model/Holding.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+class BondPortfolio;
+
+namespace PortfolioQuicken {
+inline constexpr const char *AccountDescription = "Generated with Quillmere";
+
+// "!Type:Prices\r", every price line of each holding in list order, "^\r".
+QByteArray quickenPriceListRepresentation(const QList<HoldingRef> &holdings);
+// Securities, the account named accountName, the purchases, then the price list of the same
+// holdings.
+QByteArray quickenPortfolioRepresentation(const QString &accountName, const QList<HoldingRef> &holdings);
+// The same with the document's display name as the account name.
+QByteArray quickenPortfolioRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
+}
+
+namespace QuickenFileSet {
+inline constexpr const char *FailureTitle = "Alert";
+inline constexpr const char *FailureMessage = "Unable to export data";
+inline constexpr const char *SuccessTitle = "Export complete";
+inline constexpr const char *SuccessMessage =
+    "You may now import your portfolio positions and pricelist from the files in %@";
+
+struct Paths
+{
+    QString priceList;
+    QString positions;
+};
+
+// "PriceList.qif" and "Positions.qif" in the directory; while a price list of that name exists,
+// the next numbered pair ("PriceList-1.qif" and "Positions-1.qif", then -2, ...). Only the
+// price list's name is tested: a positions file beside a free price list name is replaced.
+Paths pathsInDirectory(const QString &directory);
+
+struct Outcome : ExchangeOutcome
+{
+    Paths paths; // the names chosen, whether or not writing succeeded
+};
+
+// Writes the price list of every holding of the portfolio and the positions of the chosen
+// holdings into the directory, each file atomically; the positions only after the price list
+// was written. The document is neither changed nor marked edited.
+Outcome exportToQuickenFileSet(const BondPortfolio &portfolio, const QList<HoldingRef> &chosen,
+                               const QString &directory);
+}
