@@ -1,0 +1,13 @@
+#pragma once
+// The portfolio as the window shows it, for the terminal and for scripts.
+#include <QByteArray>
+#include <QString>
+
+class BondPortfolio;
+
+namespace PortfolioReport {
+// A table of holdings with totals, then the interest summary.
+QString text(const BondPortfolio &portfolio);
+// The same figures as JSON; money in pennies, months as "YYYY-MM".
+QByteArray json(const BondPortfolio &portfolio);
+}

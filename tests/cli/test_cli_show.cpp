@@ -1,0 +1,93 @@
+#include "../core/QtPrinters.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList environment()
+{
+    return {QStringLiteral("QUILLMERE_DATABASE=") + TestSupport::shippedDatabasePath(),
+            QStringLiteral("QUILLMERE_PEOPLE=") + TestSupport::sourcePath(QStringLiteral("examples/people.vcf"))};
+}
+
+QString sample() { return TestSupport::sourcePath(QStringLiteral("examples/sample.bondportfolio")); }
+
+TEST(CliShow, SampleShowsItsPeopleFiguresAndSummary)
+{
+    const auto result = TestSupport::runCli({"show", sample(), "--as-of", "2021-11"}, environment());
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
+    const QString out = QString::fromUtf8(result.standardOutput);
+    EXPECT_TRUE(out.contains(QStringLiteral("Margaret Whitfield OR Thomas Whitfield")));
+    EXPECT_TRUE(out.contains(QStringLiteral("Thomas Whitfield POD Eleanor Whitfield")));
+    // EE issued January 1990, $100 face, two bonds: $51.84 per $25 in November 2021.
+    EXPECT_TRUE(out.contains(QStringLiteral("$414.72")));
+    EXPECT_TRUE(out.contains(QStringLiteral("[no pricing data]")));
+    EXPECT_TRUE(out.contains(QStringLiteral("Interest earned by tax year (cumulative)")));
+}
+
+TEST(CliShow, JsonHasPenniesTotalsAndYearlySummary)
+{
+    const auto result = TestSupport::runCli({"show", sample(), "--as-of", "2021-11", "--yearly", "--json"}, environment());
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
+    const QJsonObject root = QJsonDocument::fromJson(result.standardOutput).object();
+    EXPECT_EQ(root.value("valueOfDate").toString(), QStringLiteral("2021-11"));
+    EXPECT_EQ(root.value("summaryMode").toString(), QStringLiteral("yearly"));
+    const QJsonArray holdings = root.value("holdings").toArray();
+    ASSERT_GE(holdings.size(), 6);
+    QSet<QString> codes;
+    qint64 value = 0;
+    for (const QJsonValue &h : holdings) {
+        codes << h.toObject().value("seriesCode").toString();
+        value += h.toObject().value("value").toInteger();
+    }
+    EXPECT_EQ(codes, (QSet<QString>{"E", "N", "I", "S"}));
+    EXPECT_EQ(root.value("totals").toObject().value("value").toInteger(), value);
+    EXPECT_EQ(holdings.at(0).toObject().value("value").toInteger(), 41472);
+    EXPECT_FALSE(root.value("interestSummary").toArray().isEmpty());
+}
+
+TEST(CliShow, RefusesWhatItCannotShow)
+{
+    const QString junk = TestSupport::temporaryDirectory() + QStringLiteral("/junk.bondportfolio");
+    QFile file(junk);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("not a portfolio at all");
+    file.close();
+    struct Case { QStringList arguments; const char *message; };
+    const Case cases[] = {
+        {{"show", junk}, "portfolio"},
+        {{"show", sample(), "--as-of", "1850-01"}, "No pricing data available for bonds with that valuation date"},
+        {{"show", sample(), "--as-of", "2021-13"}, "YYYY-MM"},
+        {{"show"}, "portfolio"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        const auto result = TestSupport::runCli(c.arguments, environment());
+        EXPECT_NE(result.exitCode, 0);
+        EXPECT_TRUE(QString::fromUtf8(result.standardError).contains(QString::fromLatin1(c.message)))
+            << result.standardError.constData();
+    }
+}
+
+TEST(CliMakeSample, WritesTheCommittedExampleAgain)
+{
+    const QString folder = TestSupport::temporaryDirectory();
+    const auto result = TestSupport::runCli({"make-sample", folder}, environment());
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
+    for (const char *name : {"people.vcf", "sample.bondportfolio"}) {
+        SCOPED_TRACE(name);
+        QFile made(folder + u'/' + QString::fromLatin1(name));
+        QFile committed(TestSupport::sourcePath(QStringLiteral("examples/") + QString::fromLatin1(name)));
+        ASSERT_TRUE(made.open(QIODevice::ReadOnly));
+        ASSERT_TRUE(committed.open(QIODevice::ReadOnly));
+        EXPECT_EQ(made.readAll(), committed.readAll());
+    }
+}
+
+} // namespace
