@@ -4,8 +4,11 @@
 #include "update/PriceDataFile.h"
 #include "update/PriceDataInstaller.h"
 #include "valuation/BondAssessor.h"
+#include "valuation/RedemptionDatabase.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sqlite3.h>
@@ -173,6 +176,38 @@ TEST(BondAssessor, UnreadableFileIsReportedWithItsPath)
     const BondAssessor assessor(path);
     EXPECT_EQ(assessor.state(), BondAssessor::State::Unreadable);
     EXPECT_EQ(assessor.errorMessage(), QStringLiteral("Unable to load essential resources from %1").arg(path));
+}
+
+} // namespace
+
+namespace {
+
+TEST(RedemptionDatabase, CopiesTheSeedIntoTheUserFolderOnFirstUseOnly)
+{
+    const QByteArray overridden = qgetenv(RedemptionDatabase::PathEnvironmentVariable);
+    qunsetenv(RedemptionDatabase::PathEnvironmentVariable);
+    const QString seed = RedemptionDatabase::seedPath();
+    ASSERT_FALSE(seed.isEmpty());
+    const QString working = RedemptionDatabase::path();
+    EXPECT_EQ(working, QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/bondvalues.bvdb"));
+    EXPECT_NE(QFileInfo(working).canonicalFilePath(), QFileInfo(seed).canonicalFilePath());
+    EXPECT_EQ(QFileInfo(working).size(), QFileInfo(seed).size());
+
+    // Later uses keep the working copy (an updated one must not be overwritten by the seed).
+    QFile copy(working);
+    ASSERT_TRUE(copy.open(QIODevice::Append));
+    copy.write("x");
+    copy.close();
+    EXPECT_EQ(RedemptionDatabase::path(), working);
+    EXPECT_EQ(QFileInfo(working).size(), QFileInfo(seed).size() + 1);
+    QFile::remove(working);
+
+    qputenv(RedemptionDatabase::PathEnvironmentVariable, "/elsewhere/values.bvdb");
+    EXPECT_EQ(RedemptionDatabase::path(), QStringLiteral("/elsewhere/values.bvdb"));
+    if (overridden.isEmpty())
+        qunsetenv(RedemptionDatabase::PathEnvironmentVariable);
+    else
+        qputenv(RedemptionDatabase::PathEnvironmentVariable, overridden);
 }
 
 } // namespace

@@ -12,6 +12,9 @@
 struct sqlite3;
 
 namespace SeedDatabaseBuilder {
+// The connection settings of a build while it fills its temporary file.
+extern const char *const BuildSettings;
+
 // Into an open database without tables: the schema, every source and the carry-forward, each
 // as one installed price data file, then min_rdate and max_rdate (without announcing them).
 bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *error);
