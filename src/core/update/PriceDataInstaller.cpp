@@ -41,6 +41,12 @@ bool PriceDataInstaller::execute(const char *sql, const char *logFormat)
 
 bool PriceDataInstaller::updatePricingDataWithData(const QByteArray &data, const QString &fileName)
 {
+    return updatePricingDataWithData(data, fileName, {});
+}
+
+bool PriceDataInstaller::updatePricingDataWithData(const QByteArray &data, const QString &fileName,
+                                                   const std::function<bool()> &beforeRecords)
+{
     if (!execute("BEGIN TRANSACTION", "updatePricingDataWithData >>: %1")) {
         setStatus(QStringLiteral("Unable to begin price update"));
         return false;
@@ -49,7 +55,7 @@ bool PriceDataInstaller::updatePricingDataWithData(const QByteArray &data, const
     static const char insert[] = "insert into bond_value (series, ryr, rmo, iyr, imo, value) values(?, ?, ?, ?, ?, ?);";
     sqlite3_prepare_v2(m_db, insert, sizeof insert - 1, &m_insertStmt, nullptr);
 
-    bool success = processData(data, fileName);
+    bool success = (!beforeRecords || beforeRecords()) && processData(data, fileName);
     if (success) {
         if (!execute("COMMIT", "<<updatePricingDataWithData: %1")) {
             // The transaction stays open, as it always has: a busy database may yet let it commit.

@@ -28,6 +28,10 @@ public:
 
     // One file, in one transaction. False when nothing of it was installed (or the commit failed).
     bool updatePricingDataWithData(const QByteArray &data, const QString &fileName);
+    // The same, with further changes made inside the file's transaction before its records go in
+    // (rows that held no data filled in, say); when they report false the whole file rolls back.
+    bool updatePricingDataWithData(const QByteArray &data, const QString &fileName,
+                                   const std::function<bool()> &beforeRecords);
 
     // Rebuilds min_rdate and max_rdate. On success *minimum and *maximum (if given) receive the
     // new range as the assessor reads it, and the range is posted to the process-wide notifier

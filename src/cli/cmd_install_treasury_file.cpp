@@ -1,0 +1,70 @@
+// quillmere-cli install-treasury-file: installs a value file downloaded from the Treasury straight
+// into the user's redemption value database, without an update server.
+#include "CliCommand.h"
+#include "update/OfficialSourceInstaller.h"
+#include "update/PriceUpdater.h"
+#include "update/UpdateConnection.h"
+#include "update/sources/PriceSource.h"
+#include "valuation/RedemptionDatabase.h"
+
+#include <QFileInfo>
+
+namespace {
+
+QString monthOf(const QDateTime &date)
+{
+    return date.isValid() ? date.toString(QStringLiteral("yyyy-MM")) : QStringLiteral("none");
+}
+
+int run(const QStringList &arguments)
+{
+    QStringList files;
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString &argument = arguments.at(i);
+        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
+            cliOut() << "Usage: quillmere-cli install-treasury-file FILE...\n\n"
+                        "Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value\n"
+                        "files (.csv) into the redemption value database, each in one transaction.\n"
+                        "Values the database already holds are passed over and months it holds without\n"
+                        "data are filled in; a file whose values contradict it is refused. Each file is\n"
+                        "recorded under its name, so the updater never offers it again.\n"
+                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n";
+            return 0;
+        }
+        if (argument.startsWith(QLatin1String("--")))
+            return cliFail(QStringLiteral("unknown option '%1'").arg(argument));
+        files << argument;
+    }
+    if (files.isEmpty())
+        return cliFail(QStringLiteral("install-treasury-file needs a file"));
+
+    const QString database = RedemptionDatabase::path();
+    if (database.isEmpty())
+        return cliFail(QStringLiteral("no redemption value database found"));
+    if (!PriceUpdater::canPerformUpdate(database))
+        return cliFail(QStringLiteral("the redemption value database %1 cannot be written").arg(database));
+    UpdateConnection connection(database);
+    if (!connection.handle())
+        return cliFail(QStringLiteral("cannot open the redemption value database %1").arg(database));
+
+    for (const QString &file : files) {
+        const PriceSourceContents contents = PriceSource::readFile(file);
+        if (!contents.ok())
+            return cliFail(contents.error);
+        const OfficialSourceInstaller::Outcome outcome =
+            OfficialSourceInstaller::install(connection.handle(), {QFileInfo(file).fileName(), contents.records});
+        if (!outcome.ok())
+            return cliFail(outcome.error);
+        cliOut() << "Installed " << QFileInfo(file).fileName() << ": " << outcome.installedRecords
+                 << " new records, " << outcome.unchangedRecords << " already installed, "
+                 << outcome.filledRecords << " completed; redemption months "
+                 << monthOf(outcome.minimum) << " to " << monthOf(outcome.maximum) << '\n';
+    }
+    return 0;
+}
+
+const CliCommand::Registration registration(
+    {QStringLiteral("install-treasury-file"),
+     QStringLiteral("install-treasury-file FILE...  install Treasury value files into the database"), run});
+
+} // namespace

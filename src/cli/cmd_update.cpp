@@ -1,0 +1,164 @@
+// quillmere-cli update: checks the update directory for new redemption values and installs them,
+// showing the updater's status texts and a progress bar.
+#include "CliCommand.h"
+#include "update/PriceUpdater.h"
+#include "update/UpdateLocation.h"
+#include "valuation/RedemptionDatabase.h"
+
+#include <QEventLoop>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+// Status lines as they come; on a terminal also a bar that redraws in place.
+class TerminalProgress
+{
+public:
+    explicit TerminalProgress(PriceUpdater &updater)
+        : m_terminal(isatty(fileno(stdout)) != 0)
+    {
+        QObject::connect(&updater, &PriceUpdater::statusTextChanged, &m_context,
+                         [this](const QString &status) { showStatus(status); });
+        QObject::connect(&updater, &PriceUpdater::progressChanged, &m_context,
+                         [this](double value, double maximum) { showBar(value, maximum); });
+        QObject::connect(&updater, &PriceUpdater::downloadingChanged, &m_context,
+                         [this](bool downloading) { showBusy(downloading); });
+    }
+
+    void endLine()
+    {
+        if (m_barShown)
+            cliOut() << '\n';
+        m_barShown = false;
+        cliOut().flush();
+    }
+
+private:
+    void showStatus(const QString &status)
+    {
+        endLine();
+        cliOut() << status << Qt::endl;
+    }
+
+    void showBar(double value, double maximum)
+    {
+        if (!m_terminal)
+            return;
+        const int width = 40;
+        const double fraction = maximum > 0 ? qBound(0.0, value / maximum, 1.0) : 1.0;
+        const int filled = static_cast<int>(fraction * width);
+        cliOut() << "\r[" << QString(filled, QLatin1Char('#')) << QString(width - filled, QLatin1Char(' '))
+                 << "] " << qRound(fraction * 100) << '%';
+        cliOut().flush();
+        m_barShown = true;
+    }
+
+    void showBusy(bool downloading)
+    {
+        if (!m_terminal)
+            return;
+        if (downloading) {
+            cliOut() << "[" << QString(40, QLatin1Char('.')) << "] downloading";
+            cliOut().flush();
+            m_barShown = true;
+        } else {
+            endLine();
+        }
+    }
+
+    QObject m_context; // disconnects everything when the display goes
+    bool m_terminal;
+    bool m_barShown = false;
+};
+
+// Runs one action of the updater to its end.
+bool waitFor(PriceUpdater &updater, bool (PriceUpdater::*action)())
+{
+    QEventLoop loop;
+    bool succeeded = false;
+    QObject::connect(&updater, &PriceUpdater::finished, &loop, [&](bool ok) {
+        succeeded = ok;
+        loop.quit();
+    });
+    if (!(updater.*action)())
+        return false;
+    loop.exec();
+    return succeeded;
+}
+
+int run(const QStringList &arguments)
+{
+    bool checkOnly = false;
+    QString baseUrl;
+    PriceDataDownloader::Limits limits;
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString &argument = arguments.at(i);
+        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
+            cliOut() << "Usage: quillmere-cli update [--check] [--base-url URL] [--timeout SECONDS]\n\n"
+                        "Fetches the catalogue " << UpdateLocation::CatalogueName << " from the update directory and\n"
+                        "installs every price data file it lists that the redemption value database lacks.\n"
+                        "  --check           only report what would be installed\n"
+                        "  --base-url URL    the update directory (default: the " << UpdateLocation::BaseUrlEnvironmentVariable << "\n"
+                        "                    variable, the '" << UpdateLocation::BaseUrlSettingsKey << "' setting, or "
+                     << UpdateLocation::DefaultBaseUrl << ")\n"
+                        "  --timeout SECONDS give up on a server silent this long (default "
+                     << limits.idleTimeoutMs / 1000 << ")\n"
+                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n"
+                        "Exit status 0 when the check, or every installation, succeeded.\n";
+            return 0;
+        }
+        if (argument == QLatin1String("--check")) {
+            checkOnly = true;
+        } else if (argument == QLatin1String("--base-url") || argument == QLatin1String("--timeout")) {
+            if (++i == arguments.size())
+                return cliFail(QStringLiteral("%1 needs a value").arg(argument));
+            if (argument == QLatin1String("--base-url")) {
+                baseUrl = arguments.at(i);
+            } else {
+                bool ok = false;
+                const double seconds = arguments.at(i).toDouble(&ok);
+                if (!ok || seconds <= 0 || seconds > 3600)
+                    return cliFail(QStringLiteral("--timeout needs a number of seconds up to 3600"));
+                limits.idleTimeoutMs = static_cast<int>(seconds * 1000);
+            }
+        } else {
+            return cliFail(QStringLiteral("unknown argument '%1'").arg(argument));
+        }
+    }
+
+    const QString database = RedemptionDatabase::path();
+    if (database.isEmpty())
+        return cliFail(QStringLiteral("no redemption value database found"));
+    if (!checkOnly && !PriceUpdater::canPerformUpdate(database))
+        return cliFail(QStringLiteral("the redemption value database %1 cannot be written").arg(database));
+    PriceUpdater updater(database);
+    if (!updater.isValid())
+        return cliFail(QStringLiteral("cannot open the redemption value database %1").arg(database));
+    if (!baseUrl.isEmpty()) {
+        const QUrl url = UpdateLocation::normalisedBaseUrl(baseUrl);
+        if (!url.isValid())
+            return cliFail(QStringLiteral("'%1' is not an absolute URL").arg(baseUrl));
+        updater.setBaseUrl(url);
+    }
+    updater.setDownloadLimits(limits);
+
+    TerminalProgress progress(updater);
+    if (!waitFor(updater, &PriceUpdater::checkForUpdates))
+        return 1;
+    const QStringList pending = updater.availableUpdates().value_or(QStringList());
+    if (checkOnly || pending.isEmpty()) {
+        for (const QString &name : pending)
+            cliOut() << "  " << name << '\n';
+        return 0;
+    }
+    const bool installed = waitFor(updater, &PriceUpdater::updatePriceData);
+    progress.endLine();
+    return installed ? 0 : 1;
+}
+
+const CliCommand::Registration registration(
+    {QStringLiteral("update"),
+     QStringLiteral("update [--check] [--base-url URL]  install new redemption values from the update directory"), run});
+
+} // namespace

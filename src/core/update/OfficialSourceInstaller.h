@@ -1,0 +1,34 @@
+#pragma once
+// Installs one official source (a Treasury value file as the Treasury publishes it, say) straight
+// into a user's redemption value database, without an update server, in one transaction under
+// the file's name. Records the database holds already with the same values are passed over, and
+// issue months it holds without data are filled in, so a file overlapping installed months
+// installs what is new; a value that contradicts an installed one refuses the whole file.
+//
+// The months of matured bonds are not derived here: deriving them needs every official source,
+// and the database no longer tells official values from derived ones.
+#include "update/sources/PriceSourceContents.h"
+
+#include <QDateTime>
+#include <QString>
+
+struct sqlite3;
+
+namespace OfficialSourceInstaller {
+
+struct Outcome
+{
+    QString error; // empty on success
+    int installedRecords = 0;
+    int unchangedRecords = 0; // already in the database with the same values
+    int filledRecords = 0;    // already there, with issue months that held no data filled in
+    QDateTime minimum;        // the database's range of redemption months afterwards
+    QDateTime maximum;
+    bool ok() const { return error.isEmpty(); }
+};
+
+// db: an open connection to a database with the schema. The source's name is recorded in
+// data_file. The summary tables are rebuilt and the new range announced.
+Outcome install(sqlite3 *db, const NamedPriceRecords &source);
+
+}

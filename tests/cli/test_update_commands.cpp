@@ -1,0 +1,234 @@
+// publish, update and install-treasury-file together: an update directory published from the
+// repository's sources and served over HTTP brings older databases up to the shipped one.
+#include "LocalHttpServer.h"
+#include "PriceUpdateTestData.h"
+#include "TestSupport.h"
+#include "update/UpdateCatalogue.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace PriceUpdateTestData;
+
+namespace {
+
+QStringList sources(const QStringList &leaveOut = {})
+{
+    QStringList paths;
+    const QDir treasury(TestSupport::sourcePath(QStringLiteral("data/treasury")));
+    for (const QString &name : treasury.entryList({QStringLiteral("sb*.asc")}, QDir::Files, QDir::Name)) {
+        if (!leaveOut.contains(name))
+            paths << treasury.filePath(name);
+    }
+    if (!leaveOut.contains(QStringLiteral("i-bond-values.csv")))
+        paths << TestSupport::sourcePath(QStringLiteral("data/fiscaldata/i-bond-values.csv"));
+    return paths;
+}
+
+QString buildDatabase(const QStringList &sourcePaths)
+{
+    const QString path = TestSupport::temporaryDirectory() + QStringLiteral("/older.bvdb");
+    const auto built = TestSupport::runCli(QStringList{QStringLiteral("build-database"), QStringLiteral("--out"), path} + sourcePaths);
+    EXPECT_EQ(built.exitCode, 0) << built.standardError.toStdString();
+    return path;
+}
+
+QStringList environment(const QString &database)
+{
+    return {QStringLiteral("QUILLMERE_DATABASE=") + database, QStringLiteral("QUILLMERE_UPDATE_URL=")};
+}
+
+QString names(const QString &database)
+{
+    QStringList list;
+    for (int i = 0;; ++i) {
+        const QString name = queryText(database, QStringLiteral("select name from data_file limit 1 offset %1").arg(i));
+        if (name.isEmpty())
+            return list.join(QLatin1Char(','));
+        list << name;
+    }
+}
+
+// One published directory, served for all tests of this file.
+class UpdateCommands : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        directory = new QString(TestSupport::temporaryDirectory() + QStringLiteral("/published"));
+        const auto published = TestSupport::runCli(QStringList{QStringLiteral("publish"), QStringLiteral("--out"), *directory} + sources());
+        ASSERT_EQ(published.exitCode, 0) << published.standardError.toStdString();
+        server = new LocalHttpServer;
+        server->serveDirectory(*directory, QStringLiteral("/bonddata/"));
+    }
+    static void TearDownTestSuite()
+    {
+        delete server;
+        delete directory;
+    }
+
+    static TestSupport::ProcessResult update(const QString &database, const QStringList &arguments = {})
+    {
+        return TestSupport::runCli(QStringList{QStringLiteral("update"), QStringLiteral("--base-url"),
+                                               server->url(QStringLiteral("/bonddata/")).toString()}
+                                       + arguments,
+                                   environment(database));
+    }
+
+    static QString *directory;
+    static LocalHttpServer *server;
+};
+
+QString *UpdateCommands::directory = nullptr;
+LocalHttpServer *UpdateCommands::server = nullptr;
+
+TEST_F(UpdateCommands, PublishedNamesAreThoseTheShippedDatabaseRecords)
+{
+    QFile catalogue(*directory + QStringLiteral("/AvailableBondData.plist"));
+    ASSERT_TRUE(catalogue.open(QIODevice::ReadOnly));
+    const QStringList entries = UpdateCatalogue::parse(catalogue.readAll()).entries();
+    EXPECT_EQ(entries.join(QLatin1Char(',')), names(TestSupport::shippedDatabasePath()));
+    for (const QString &entry : entries)
+        EXPECT_EQ(QFileInfo(*directory + QLatin1Char('/') + entry).size() % 56, 0) << entry.toStdString();
+}
+
+TEST_F(UpdateCommands, ShippedDatabaseIsUpToDate)
+{
+    const QString database = TestSupport::copyOfShippedDatabase();
+    for (const QStringList &arguments : {QStringList{QStringLiteral("--check")}, QStringList{}}) {
+        const auto result = update(database, arguments);
+        EXPECT_EQ(result.exitCode, 0) << result.standardError.toStdString();
+        EXPECT_TRUE(result.standardOutput.contains("Your software is up to date.\n")) << result.standardOutput.toStdString();
+    }
+}
+
+TEST_F(UpdateCommands, OlderDatabaseFindsExactlyTheNewerFilesAndInstallsThem)
+{
+    const QString database = buildDatabase(sources({QStringLiteral("i-bond-values.csv")}));
+    const auto check = update(database, {QStringLiteral("--check")});
+    EXPECT_EQ(check.exitCode, 0);
+    EXPECT_EQ(check.standardOutput, QByteArray("Checking for updates...\n1 update(s) available\n  i-bond-values.csv\n"));
+
+    const auto installed = update(database);
+    EXPECT_EQ(installed.exitCode, 0) << installed.standardOutput.toStdString();
+    EXPECT_TRUE(installed.standardOutput.endsWith("Optimizing pricing data...\nAll updates installed\n"))
+        << installed.standardOutput.toStdString();
+    EXPECT_EQ(queryText(database, QStringLiteral("select ryr || '-' || rmo from max_rdate")), QStringLiteral("2026-11"));
+    // Every Series I value arrived as the shipped database has it.
+    const QString iBonds = QStringLiteral("select count(*) * 1000000000 + sum(value) from bond_value where series = 'I'");
+    EXPECT_EQ(queryInt(database, iBonds), queryInt(TestSupport::shippedDatabasePath(), iBonds));
+    EXPECT_EQ(names(database).split(QLatin1Char(',')).size(), 61);
+}
+
+TEST_F(UpdateCommands, EmptyDatabaseBecomesTheShippedOne)
+{
+    const QString database = TestSupport::emptyDatabase();
+    const auto result = update(database);
+    ASSERT_EQ(result.exitCode, 0) << result.standardOutput.toStdString();
+    EXPECT_TRUE(result.standardOutput.contains("61 update(s) available\n"));
+    EXPECT_TRUE(result.standardOutput.contains("Downloading update 61 of 61\n"));
+    const QString shipped = TestSupport::shippedDatabasePath();
+    for (const char *sql : {"select count(*) from bond_value", "select sum(value) from bond_value",
+                            "select ryr * 100 + rmo from min_rdate", "select ryr * 100 + rmo from max_rdate"}) {
+        SCOPED_TRACE(sql);
+        EXPECT_EQ(queryInt(database, QString::fromLatin1(sql)), queryInt(shipped, QString::fromLatin1(sql)));
+    }
+    EXPECT_EQ(names(database), names(shipped));
+}
+
+TEST_F(UpdateCommands, FailuresExitNonZeroWithTheStatus)
+{
+    const QString database = TestSupport::copyOfShippedDatabase();
+    server->setResponse(QStringLiteral("/silent/AvailableBondData.plist"),
+                        LocalHttpServer::Response(200, {}, LocalHttpServer::Behaviour::NeverAnswer));
+    server->setBody(QStringLiteral("/garbled/AvailableBondData.plist"), "{not a list");
+    struct Case
+    {
+        const char *path;
+        QStringList extra;
+        QByteArray status;
+    };
+    for (const Case &c : {Case{"/missing/", {}, "Update information unavailable. Check internet connections and try again.\n"},
+                          Case{"/silent/", {QStringLiteral("--timeout"), QStringLiteral("0.5")},
+                               "Update information unavailable. Check internet connections and try again.\n"},
+                          Case{"/garbled/", {}, "Download corrupt; unable to update\n"}}) {
+        SCOPED_TRACE(c.path);
+        const auto result = TestSupport::runCli(QStringList{QStringLiteral("update"), QStringLiteral("--base-url"),
+                                                            server->url(QString::fromLatin1(c.path)).toString()}
+                                                    + c.extra,
+                                                environment(database));
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.standardOutput.endsWith(c.status)) << result.standardOutput.toStdString();
+    }
+}
+
+TEST_F(UpdateCommands, ReadOnlyDatabaseIsNotUpdated)
+{
+    const QString database = buildDatabase(sources({QStringLiteral("i-bond-values.csv")}));
+    QFile::setPermissions(database, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
+    const QString csv = TestSupport::sourcePath(QStringLiteral("data/fiscaldata/i-bond-values.csv"));
+    for (const auto &result : {update(database), TestSupport::runCli({QStringLiteral("install-treasury-file"), csv},
+                                                                     environment(database))}) {
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.standardError.contains("cannot be written")) << result.standardError.toStdString();
+    }
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), rows);
+    // Only looking needs no writing.
+    EXPECT_EQ(update(database, {QStringLiteral("--check")}).exitCode, 0);
+}
+
+TEST(InstallTreasuryFile, InstallsANewerFileOnceAndRefusesContradictions)
+{
+    const QString newest = QStringLiteral("sb202106.asc");
+    const QString database = buildDatabase(sources({newest}));
+    const QString file = TestSupport::sourcePath(QStringLiteral("data/treasury/") + newest);
+    const auto installed = TestSupport::runCli({QStringLiteral("install-treasury-file"), file}, environment(database));
+    ASSERT_EQ(installed.exitCode, 0) << installed.standardError.toStdString();
+    EXPECT_TRUE(installed.standardOutput.startsWith("Installed sb202106.asc: ")) << installed.standardOutput.toStdString();
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'sb202106.asc'")), 1);
+    // The months of the new file hold what the shipped database holds for them.
+    const QString month = QStringLiteral("select count(*), sum(value) from bond_value where ryr = 2021 and rmo between 6 and 11");
+    EXPECT_EQ(queryInt(database, month), queryInt(TestSupport::shippedDatabasePath(), month));
+    const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
+
+    const auto again = TestSupport::runCli({QStringLiteral("install-treasury-file"), file}, environment(database));
+    EXPECT_EQ(again.exitCode, 1);
+    EXPECT_TRUE(again.standardError.contains("already installed"));
+
+    // The same months under another name, one value changed: refused whole.
+    QFile original(file);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    QByteArray text = original.readAll();
+    const qsizetype line = text.indexOf("\nN2021061990");
+    ASSERT_GT(line, 0);
+    text[line + 12 + 5] = text[line + 12 + 5] == '9' ? '8' : '9'; // the January value's last digit
+    const QString altered = TestSupport::temporaryDirectory() + QStringLiteral("/sb202106-revised.asc");
+    QFile revised(altered);
+    ASSERT_TRUE(revised.open(QIODevice::WriteOnly));
+    revised.write(text);
+    revised.close();
+    const auto refused = TestSupport::runCli({QStringLiteral("install-treasury-file"), altered}, environment(database));
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.standardError.contains("differ from those installed")) << refused.standardError.toStdString();
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), rows);
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'sb202106-revised.asc'")), 0);
+}
+
+TEST(UpdateCommandArguments, RefusesIncompleteOrUnknownArguments)
+{
+    const QStringList database = environment(TestSupport::copyOfShippedDatabase());
+    for (const QStringList &arguments : {QStringList{"publish", "x.asc"}, QStringList{"publish", "--out", "/tmp/never"},
+                                         QStringList{"publish", "--out"}, QStringList{"update", "--base-url", "not absolute"},
+                                         QStringList{"update", "--timeout", "-1"}, QStringList{"update", "--what"},
+                                         QStringList{"install-treasury-file"},
+                                         QStringList{"install-treasury-file", "/nonexistent/sb209901.asc"}}) {
+        SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
+        const auto result = TestSupport::runCli(arguments, database);
+        EXPECT_NE(result.exitCode, 0);
+        EXPECT_TRUE(result.standardError.startsWith("quillmere-cli: ")) << result.standardError.toStdString();
+    }
+}
+
+} // namespace
