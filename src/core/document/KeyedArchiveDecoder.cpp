@@ -203,10 +203,8 @@ private:
     bool decodeObject(quint64 uid, int depth, ArchiveRef *out)
     {
         plist_t node = plist_array_get_item(m_objects, uint32_t(uid));
-        if (PLIST_IS_STRING(node)) {
-            *out = textOf(node);
-            return true;
-        }
+        if (PLIST_IS_STRING(node))
+            return decodeText(uid, node, out);
         const ClassDescription *description = PLIST_IS_DICT(node) ? classOf(uid, node) : nullptr;
         if (!description)
             return fail(damaged(QStringLiteral("object %1 is not an object of a known kind").arg(uid)));
@@ -221,10 +219,19 @@ private:
             plist_t text = plist_dict_get_item(node, StringKey);
             if (!PLIST_IS_STRING(text))
                 return fail(damaged(QStringLiteral("the text object %1 has no text").arg(uid)));
-            *out = textOf(text);
-            return true;
+            return decodeText(uid, text, out);
         }
         return decodeProgramObject(uid, node, *description, depth, out);
+    }
+
+    // Null characters are refused here because the writer refuses them: what opens can be saved.
+    bool decodeText(quint64 uid, plist_t node, ArchiveRef *out)
+    {
+        QString text = textOf(node);
+        if (text.contains(QChar(0)))
+            return fail(damaged(QStringLiteral("the text object %1 contains a null character").arg(uid)));
+        *out = std::move(text);
+        return true;
     }
 
     // The class dictionary an object names under "$class", read once per class.
@@ -238,7 +245,7 @@ private:
             return &known->second;
         plist_t description = plist_array_get_item(m_objects, uint32_t(classUid));
         plist_t name = PLIST_IS_DICT(description) ? plist_dict_get_item(description, ClassNameKey) : nullptr;
-        if (!PLIST_IS_STRING(name))
+        if (!PLIST_IS_STRING(name) || textOf(name).isEmpty())
             return nullptr;
         ClassDescription result{textOf(name), {}};
         if (plist_t classes = plist_dict_get_item(description, ClassesKey)) {

@@ -76,7 +76,8 @@ public:
     }
 
     // Where the references of a container object start and how many there are; a leaf has none.
-    bool containerReferences(quint64 index, qint64 *first, quint64 *count) const
+    // For a dictionary, *dictionaryKeys is set and its first half of references are its keys.
+    bool containerReferences(quint64 index, qint64 *first, quint64 *count, bool *dictionaryKeys = nullptr) const
     {
         quint64 offset = 0;
         if (!readNumber(m_tableOffset + qint64(index) * m_offsetWidth, m_offsetWidth, &offset)
@@ -86,8 +87,12 @@ public:
         const int kind = marker >> 4;
         *count = 0;
         *first = qint64(offset) + 1;
+        if (dictionaryKeys)
+            *dictionaryKeys = false;
         if (kind != 0xA && kind != 0xC && kind != 0xD)
             return true; // array, set and dictionary are the only containers
+        if (dictionaryKeys)
+            *dictionaryKeys = kind == 0xD;
         quint64 length = marker & 0x0F;
         if (length == 0x0F) {
             if (*first >= m_tableOffset || (m_bytes[*first] >> 4) != 0x1)
@@ -102,6 +107,38 @@ public:
         if (length > available || references > available)
             return false;
         *count = references;
+        return true;
+    }
+
+    // libplist aborts the whole program on a dictionary key with a null character in it, so
+    // such keys must never reach it.
+    bool keyIsUsable(quint64 index) const
+    {
+        quint64 offset = 0;
+        if (!readNumber(m_tableOffset + qint64(index) * m_offsetWidth, m_offsetWidth, &offset)
+            || offset < HeaderSize || offset >= quint64(m_tableOffset))
+            return false;
+        const int kind = m_bytes[offset] >> 4;
+        if (kind != 0x5 && kind != 0x6)
+            return true; // not text; libplist refuses it as a key by itself
+        quint64 length = m_bytes[offset] & 0x0F;
+        qint64 start = qint64(offset) + 1;
+        if (length == 0x0F) {
+            if (start >= m_tableOffset || (m_bytes[start] >> 4) != 0x1)
+                return false;
+            const int width = 1 << (m_bytes[start] & 0x0F);
+            if (width > 8 || !readNumber(start + 1, width, &length))
+                return false;
+            start += 1 + width;
+        }
+        const int unit = kind == 0x6 ? 2 : 1;
+        if (length > quint64(m_tableOffset - start) / unit)
+            return false;
+        for (qint64 i = 0; i < qint64(length); ++i) {
+            const uchar *character = m_bytes + start + i * unit;
+            if (character[0] == 0 && (unit == 1 || character[1] == 0))
+                return false;
+        }
         return true;
     }
 
@@ -151,6 +188,7 @@ bool checkBinary(const QByteArray &data, int maximumDepth, qint64 maximumNodes, 
         qint64 firstReference;
         quint64 referenceCount;
         quint64 next;
+        quint64 keyCount;
         qint64 weight;
         int height;
     };
@@ -160,7 +198,8 @@ bool checkBinary(const QByteArray &data, int maximumDepth, qint64 maximumNodes, 
     auto enter = [&](quint64 index) -> bool {
         qint64 first = 0;
         quint64 references = 0;
-        if (!layout.containerReferences(index, &first, &references)) {
+        bool isDictionary = false;
+        if (!layout.containerReferences(index, &first, &references, &isDictionary)) {
             setProblem(problem, damaged);
             return false;
         }
@@ -175,7 +214,7 @@ bool checkBinary(const QByteArray &data, int maximumDepth, qint64 maximumNodes, 
             return false;
         }
         state[index] = OnPath;
-        path.push_back({index, first, references, 0, 1, 1});
+        path.push_back({index, first, references, 0, isDictionary ? references / 2 : 0, 1, 1});
         return true;
     };
     auto addChild = [&](Frame &parent, quint64 child) -> bool {
@@ -211,6 +250,10 @@ bool checkBinary(const QByteArray &data, int maximumDepth, qint64 maximumNodes, 
         ++frame.next;
         if (!layout.readNumber(position, layout.referenceWidth(), &child) || child >= layout.count()) {
             setProblem(problem, damaged);
+            return false;
+        }
+        if (frame.next <= frame.keyCount && !layout.keyIsUsable(child)) {
+            setProblem(problem, QStringLiteral("it has an unusable dictionary key"));
             return false;
         }
         if (state[child] == OnPath) {

@@ -1,6 +1,10 @@
 // Damaged and hostile files are refused with a message, never crash and never exhaust memory.
 #include "document/KeyedArchive.h"
 
+#include "TestSupport.h"
+
+#include <QFile>
+#include <QTimeZone>
 #include <QtEndian>
 #include <gtest/gtest.h>
 #include <plist/plist.h>
@@ -41,7 +45,8 @@ plist_t instance(quint64 classUid, std::initializer_list<std::pair<const char *,
     return object;
 }
 
-// A sound archive: an array holding one Holding, which names a date and a text; object 8 is a
+// A sound archive: an array holding one Holding, which names a date and a text; the text and one
+// key hold a non-ASCII letter, so libplist writes them as UTF-16. Object 8 is a
 // dictionary that a case may make the root.
 Tree soundArchive()
 {
@@ -49,9 +54,9 @@ Tree soundArchive()
     plist_array_append_item(objects, plist_new_string("$null"));
     plist_array_append_item(objects, instance(5, {{"NS.objects", uidList({2})}}));
     plist_array_append_item(objects, instance(6, {{"issueDate", uid(3)}, {"serialNumber", uid(4)},
-                                                  {"quantity", plist_new_uint(2)}}));
+                                                  {"quantity", plist_new_uint(2)}, {"pr\u00efce", plist_new_uint(1)}}));
     plist_array_append_item(objects, instance(7, {{"NS.time", plist_new_real(0.0)}}));
-    plist_array_append_item(objects, plist_new_string("C1"));
+    plist_array_append_item(objects, plist_new_string("C\u00e9"));
     plist_array_append_item(objects, classDictionary("NSMutableArray"));
     plist_array_append_item(objects, classDictionary("Holding"));
     plist_array_append_item(objects, classDictionary("NSDate"));
@@ -137,6 +142,12 @@ QByteArray nestedArchive(int depth)
     return binaryOf(archive.get());
 }
 
+// The sound archive with one piece of text changed in place in its binary form.
+QByteArray soundArchivePatched(const QByteArray &from, const QByteArray &to)
+{
+    return binaryOf(soundArchive().get()).replace(from, to);
+}
+
 void setField(plist_t archive, uint32_t index, const char *key, plist_t value)
 {
     plist_dict_set_item(objectAt(archive, index), key, value);
@@ -162,9 +173,39 @@ TEST(KeyedArchiveRefusal, SoundArchiveAndItsXmlFormAreRead)
         const auto &holding = std::get<std::shared_ptr<ArchiveObject>>(std::get<std::shared_ptr<ArchiveArray>>(result.root)->items[0]);
         EXPECT_EQ(holding->className, QStringLiteral("Holding"));
         EXPECT_EQ(std::get<qint64>(*holding->field(QStringLiteral("quantity"))), 2);
-        EXPECT_EQ(std::get<QString>(std::get<ArchiveRef>(*holding->field(QStringLiteral("serialNumber")))), QStringLiteral("C1"));
+        EXPECT_EQ(std::get<QString>(std::get<ArchiveRef>(*holding->field(QStringLiteral("serialNumber")))), QStringLiteral("C\u00e9"));
     }
     EXPECT_TRUE(KeyedArchive::decode(nestedArchive(1000)).ok); // the deepest nesting accepted
+}
+
+// Archives written by Python's plistlib (see fuzz/corpus_keyed_archive), in both forms.
+TEST(KeyedArchiveRefusal, ArchivesOfAnotherWriterAreRead)
+{
+    for (const char *name : {"portfolio.bplist", "portfolio.xml"}) {
+        SCOPED_TRACE(name);
+        QFile file(TestSupport::sourcePath(QStringLiteral("fuzz/corpus_keyed_archive/") + QLatin1String(name)));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const auto result = KeyedArchive::decode(file.readAll());
+        ASSERT_TRUE(result.ok) << result.error.toStdString();
+        const auto &root = std::get<std::shared_ptr<ArchiveDictionary>>(result.root);
+        const auto &holdings = std::get<std::shared_ptr<ArchiveArray>>(*root->value(QStringLiteral("holdings")))->items;
+        const auto &people = std::get<std::shared_ptr<ArchiveArray>>(*root->value(QStringLiteral("titleHolders")))->items;
+        ASSERT_EQ(holdings.size(), 2);
+        const auto &holding = std::get<std::shared_ptr<ArchiveObject>>(holdings[0]);
+        EXPECT_EQ(holding, std::get<std::shared_ptr<ArchiveObject>>(holdings[1]));
+        EXPECT_EQ(std::get<std::shared_ptr<ArchiveObject>>(std::get<ArchiveRef>(*holding->field(QStringLiteral("owner")))),
+                  std::get<std::shared_ptr<ArchiveObject>>(people[0]));
+        EXPECT_EQ(std::get<qint64>(*holding->field(QStringLiteral("faceValue"))), 5000);
+        EXPECT_TRUE(std::get<bool>(*holding->field(QStringLiteral("paper"))));
+        const auto &date = std::get<ArchiveDate>(std::get<ArchiveRef>(*holding->field(QStringLiteral("issueDate"))));
+        EXPECT_EQ(date.instant.toMSecsSinceEpoch(), QDateTime(QDate(2004, 3, 1), QTime(0, 0, 1, 250), QTimeZone::utc()).toMSecsSinceEpoch());
+    }
+    QFile oldForm(TestSupport::sourcePath(QStringLiteral("fuzz/corpus_keyed_archive/old_form.bplist")));
+    ASSERT_TRUE(oldForm.open(QIODevice::ReadOnly));
+    const auto result = KeyedArchive::decode(oldForm.readAll());
+    ASSERT_TRUE(result.ok) << result.error.toStdString();
+    const auto &holding = std::get<std::shared_ptr<ArchiveObject>>(std::get<std::shared_ptr<ArchiveArray>>(result.root)->items[0]);
+    EXPECT_EQ(std::get<qint64>(*holding->field(QStringLiteral("faceValue"))), -1);
 }
 
 TEST(KeyedArchiveRefusal, DamagedOrHostileFilesAreRefused)
@@ -213,6 +254,9 @@ TEST(KeyedArchiveRefusal, DamagedOrHostileFilesAreRefused)
         {"date without time", soundArchiveWith([](plist_t a) { plist_dict_remove_item(objectAt(a, 3), "NS.time"); }), "date"},
         {"date at infinity", soundArchiveWith([](plist_t a) { setField(a, 3, "NS.time", plist_new_real(INFINITY)); }), "date"},
         {"date as text", soundArchiveWith([](plist_t a) { setField(a, 3, "NS.time", plist_new_string("2004-03-01")); }), "date"},
+        // Both in the two-byte form libplist keeps whole; the key one would abort libplist itself.
+        {"dictionary key with a null character", soundArchivePatched(QByteArray("r\0\xef", 3), QByteArray("r\0\0", 3)), "dictionary key"},
+        {"text with a null character", soundArchivePatched(QByteArray("C\0\xe9", 3), QByteArray("C\0\0", 3)), "null character"},
         {"field holding raw data", soundArchiveWith([](plist_t a) { setField(a, 2, "blob", plist_new_data("xy", 2)); }), "\"blob\""},
     };
     for (const auto &testCase : cases) {
