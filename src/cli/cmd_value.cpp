@@ -1,11 +1,13 @@
 // quillmere-cli value: the value of one bond in one month, its issue price and the interest earned.
 #include "CliCommand.h"
 #include "CliDatabase.h"
+#include "document/BondPortfolio.h"
+#include "model/Holding.h"
 #include "model/Money.h"
+#include "model/PeopleStore.h"
 #include "model/Series.h"
 
 #include <QCommandLineParser>
-#include <QDate>
 #include <QRegularExpression>
 
 namespace {
@@ -43,13 +45,14 @@ QDateTime monthNamed(const QString &text)
     return BondAssessor::monthDate(year, month);
 }
 
-QString valueText(Pennies value)
+// The value with its markers as words.
+QString valueText(const Holding &holding)
 {
-    if (value == RedemptionMarker::NoPricingData)
+    if (!holding.isValidIssue())
         return QStringLiteral("no pricing data");
-    if (value == RedemptionMarker::NotRedeemable)
+    if (!holding.isRedeemableIssue())
         return QStringLiteral("not yet redeemable");
-    return formatDollars(value);
+    return formatDollars(holding.value());
 }
 
 int run(const QStringList &arguments)
@@ -98,32 +101,28 @@ int run(const QStringList &arguments)
     }
 
     QString error;
-    const auto assessor = openRedemptionDatabase(&error);
-    if (!assessor)
+    const auto database = openRedemptionDatabase(&error);
+    if (!database)
         return cliFail(error);
-    if (!asOf.isValid()) {
-        const QDate today = QDate::currentDate();
-        asOf = std::min(BondAssessor::monthDate(today.year(), today.month()), assessor->maximumRedemptionDate());
-    }
 
-    const bool paper = !parser.isSet(electronicOption);
-    BondTerms bond;
-    bond.series = series;
-    bond.issueDate = issued;
-    bond.faceValue = faceValue;
-    // The database prices paper bonds; an electronic EE bond cost its full face, twice the paper price.
-    bond.pricingCorrectionFactor = (series == Series::eeBond() && !paper) ? 2 : 1;
-    const Pennies value = assessor->valueOf(bond, asOf);
-    const Pennies issuePrice = series->issuePriceForFaceValue(faceValue, paper);
-    const Pennies interest = std::max<Pennies>(std::max<Pennies>(value, 0) - issuePrice, 0);
+    // One bond of a portfolio of its own, valued exactly as a portfolio values its holdings.
+    PeopleStore nobody{QString()};
+    BondPortfolio portfolio(&nobody, database->databasePath());
+    portfolio.setValueOfDate(asOf.isValid() ? asOf : portfolio.initialValueOfDate());
+    const HoldingRef bond = Holding::create();
+    bond->setSeries(series);
+    bond->setFaceValue(faceValue);
+    bond->setIssueDate(issued);
+    bond->setPaper(!parser.isSet(electronicOption));
+    bond->setPortfolio(&portfolio);
 
-    cliOut() << "Series:          " << series->label() << (paper ? " (paper)" : " (electronic)") << '\n'
+    cliOut() << "Series:          " << series->label() << (bond->isPaper() ? " (paper)" : " (electronic)") << '\n'
              << "Face value:      " << formatDollars(faceValue) << '\n'
              << "Issued:          " << monthText(issued) << '\n'
-             << "Value as of:     " << monthText(asOf) << '\n'
-             << "Issue price:     " << formatDollars(issuePrice) << '\n'
-             << "Value:           " << valueText(value) << '\n'
-             << "Interest earned: " << formatDollars(interest) << '\n';
+             << "Value as of:     " << monthText(portfolio.valueOfDate()) << '\n'
+             << "Issue price:     " << formatDollars(bond->issuePrice()) << '\n'
+             << "Value:           " << valueText(*bond) << '\n'
+             << "Interest earned: " << formatDollars(bond->interestEarned()) << '\n';
     return 0;
 }
 
