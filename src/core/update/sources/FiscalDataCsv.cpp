@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <array>
+#include <limits>
 
 namespace FiscalDataCsv {
 

@@ -47,7 +47,7 @@ bool installOne(PriceDataInstaller &installer, const NamedPriceRecords &source, 
     return false;
 }
 
-// The temporary database and its connection; removed unless kept.
+// The temporary database and its connection; removed with its journal files unless kept.
 struct TemporaryDatabase
 {
     QTemporaryFile file;
@@ -57,7 +57,14 @@ struct TemporaryDatabase
         : file(outPath + QStringLiteral(".building-XXXXXX"))
     {
     }
-    ~TemporaryDatabase() { close(); }
+    ~TemporaryDatabase()
+    {
+        close();
+        if (file.autoRemove() && !file.fileName().isEmpty()) {
+            for (const char *suffix : {"-journal", "-wal", "-shm"})
+                QFile::remove(file.fileName() + QLatin1String(suffix));
+        }
+    }
     void close()
     {
         sqlite3_close(db);
