@@ -290,7 +290,8 @@ QVariant Holding::valueForKey(const QString &key) const
 bool Holding::setValueForKey(const QString &key, const QVariant &value)
 {
     if (key == QLatin1String(HoldingKey::Series))
-        setSeries(value.value<const Series *>());
+        setSeries(value.typeId() == QMetaType::QString ? Series::seriesForCode(value.toString())
+                                                       : value.value<const Series *>());
     else if (key == QLatin1String(HoldingKey::Quantity))
         setQuantity(value.toInt());
     else if (key == QLatin1String(HoldingKey::FaceValue))

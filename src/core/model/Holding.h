@@ -95,7 +95,7 @@ public:
     QString registration() const;
 
     // Generic access by key (the names above), as undo and table code use it.
-    // Series travel as const Series *, people as PersonRef, dates as QDateTime.
+    // Series travel as const Series * (or their code), people as PersonRef, dates as QDateTime.
     QVariant valueForKey(const QString &key) const;
     bool setValueForKey(const QString &key, const QVariant &value);
 

@@ -151,12 +151,28 @@ QStringList splitStructured(const QString &value)
     return parts;
 }
 
+bool isPlainEmailType(const QString &type)
+{
+    return type.isEmpty() || type == QLatin1String("internet") || type == QLatin1String("pref")
+           || type == QLatin1String("x400");
+}
+
+// Labels as the store keeps them: lower case, single blanks, no quotes or commas (which a
+// parameter value cannot carry back).
+QString normalizedLabel(QString label)
+{
+    label.remove(u'"');
+    label.replace(u',', u' ');
+    label = label.simplified().toLower();
+    return isPlainEmailType(label) ? QStringLiteral("other") : label;
+}
+
 // Apple writes custom labels as "_$!<Home>!$_" in an X-ABLabel line of the same group.
 QString cleanLabel(QString label)
 {
     if (label.startsWith(QLatin1String("_$!<")) && label.endsWith(QLatin1String(">!$_")))
         label = label.mid(4, label.size() - 8);
-    return label.trimmed().toLower();
+    return normalizedLabel(label);
 }
 
 QString labelFromTypes(const QStringList &types)
@@ -165,10 +181,9 @@ QString labelFromTypes(const QStringList &types)
     for (const QString &type : types)
         flat += type.split(u','); // 4.0 exports quote lists: TYPE="home,voice"
     for (const QString &type : flat) {
-        const QString t = type.trimmed().toLower();
-        if (!t.isEmpty() && t != QLatin1String("internet") && t != QLatin1String("pref")
-            && t != QLatin1String("x400"))
-            return t;
+        const QString t = type.simplified().toLower();
+        if (!isPlainEmailType(t))
+            return normalizedLabel(t);
     }
     return QStringLiteral("other");
 }

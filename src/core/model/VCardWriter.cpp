@@ -29,6 +29,7 @@ QString parameterValue(QString value)
     static const QRegularExpression plain(QStringLiteral("^[A-Za-z0-9-]+$"));
     if (plain.match(value).hasMatch())
         return value;
+    value.replace(u'^', QLatin1String("^^"));
     return u'"' + value + u'"';
 }
 

@@ -16,12 +16,6 @@ ObjectPtr objectAt(const ArchiveRef &ref)
     return p ? *p : nullptr;
 }
 
-ArchiveRef fieldRef(const ObjectPtr &object, const char *key)
-{
-    const ArchiveField *field = object->field(QString::fromLatin1(key));
-    return field && std::holds_alternative<ArchiveRef>(*field) ? std::get<ArchiveRef>(*field) : ArchiveRef();
-}
-
 class PortfolioArchiveMapping : public ::testing::Test
 {
 protected:
@@ -48,33 +42,6 @@ protected:
     PersonRef ann, bob;
     HoldingRef first, second;
 };
-
-TEST_F(PortfolioArchiveMapping, WritesTheKeysAndSharesPeopleAndSeries)
-{
-    const ArchiveRef root = PortfolioArchive::encodePortfolio({first, second}, {bob, ann});
-    const auto dict = std::get<std::shared_ptr<ArchiveDictionary>>(root);
-    const auto holdings = std::get<std::shared_ptr<ArchiveArray>>(*dict->value("holdings"));
-    const auto titleHolders = std::get<std::shared_ptr<ArchiveArray>>(*dict->value("titleHolders"));
-    ASSERT_EQ(holdings->items.size(), 2);
-    const ObjectPtr h = objectAt(holdings->items.at(0));
-    EXPECT_EQ(h->className, QStringLiteral("Holding"));
-    QStringList keys;
-    for (const auto &f : h->fields)
-        keys << f.first;
-    EXPECT_EQ(keys, (QStringList{"series", "quantity", "faceValue", "issueDate", "serialNumber", "owner",
-                                 "coOwner", "beneficiary", "paper"}));
-    EXPECT_EQ(std::get<qint64>(*h->field("quantity")), 3);
-    EXPECT_EQ(std::get<qint64>(*h->field("faceValue")), Pennies(1) << 40);
-    EXPECT_TRUE(std::get<bool>(*h->field("paper")));
-    EXPECT_TRUE(std::holds_alternative<std::monostate>(fieldRef(h, "beneficiary")));
-    const ObjectPtr series = objectAt(fieldRef(h, "series"));
-    EXPECT_EQ(std::get<QString>(fieldRef(series, "code")), QStringLiteral("E"));
-    // One archive object per person, wherever it is named.
-    EXPECT_EQ(objectAt(fieldRef(h, "owner")), objectAt(titleHolders->items.at(1)));
-    EXPECT_EQ(objectAt(fieldRef(h, "coOwner")), objectAt(titleHolders->items.at(0)));
-    EXPECT_EQ(objectAt(fieldRef(objectAt(holdings->items.at(1)), "owner")), objectAt(titleHolders->items.at(0)));
-    EXPECT_EQ(std::get<QString>(fieldRef(objectAt(titleHolders->items.at(0)), "uid")), bob->uniqueId());
-}
 
 TEST_F(PortfolioArchiveMapping, DecodesEveryFieldAndKeepsPeopleShared)
 {

@@ -62,6 +62,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "\xEF\xBB\xBF" "BEGIN:VCARD\rVERSION:3.0\rUID:apple\rN:Lee;Kim;;;\r"
                   "item1.EMAIL;type=INTERNET:kim@example.com\ritem1.X-ABLabel:_$!<Other>!$_\rEND:VCARD\r",
                   "apple", "Kim", "Lee", {{"other", "kim@example.com"}}},
+        ParseCase{"label_without_quotes_or_commas",
+                  "BEGIN:VCARD\nUID:q\nN:Q;R;;;\nitem2.EMAIL:q@example.org\nitem2.X-ABLabel:My \"Best\", Friend\n"
+                  "EMAIL;TYPE=\"Pref,  Old  Home\":o@example.org\nEND:VCARD\n",
+                  "q", "R", "Q", {{"my best friend", "q@example.org"}, {"old home", "o@example.org"}}},
         ParseCase{"bare_version_2_1_types",
                   "BEGIN:VCARD\nVERSION:2.1\nUID:old\nN:Ng;Li\nEMAIL;WORK;INTERNET:li@work.example\nEND:VCARD\n",
                   "old", "Li", "Ng", {{"work", "li@work.example"}}}),
@@ -127,6 +131,7 @@ TEST(VCard, WrittenCardsReadBackUnchangedAndFoldAtSeventyFiveOctets)
         EXPECT_LE(line.size(), 76) << line.constData(); // 75 octets plus the CR
     EXPECT_FALSE(written.contains("\n\r"));
     const VCard::ReadResult back = VCard::read(written);
+    EXPECT_EQ(VCard::write(back.records), written) << "a second round changes nothing";
     EXPECT_TRUE(back.warnings.isEmpty());
     ASSERT_EQ(back.records.size(), 2);
     EXPECT_EQ(back.records.at(0).uniqueId, a.uniqueId);
