@@ -32,6 +32,12 @@ QString status(const Holding &holding)
     return {};
 }
 
+// A rate as JSON shows it: the float's own digits, not its double expansion (3.94, not 3.9400000572).
+double rateNumber(float rate)
+{
+    return QString::number(double(rate), 'g', 7).toDouble();
+}
+
 QString percent(float rate)
 {
     return QString::asprintf("%.2f%%", double(rate));
@@ -134,8 +140,8 @@ QByteArray json(const BondPortfolio &portfolio)
             {"issuePrice", h.issuePrice()},
             {"interestEarned", h.interestEarned()},
             {"value", h.value()},
-            {"currentYield", double(h.currentYield())},
-            {"compoundAnnualGrowthRate", double(h.compoundAnnualGrowthRate())},
+            {"currentYield", rateNumber(h.currentYield())},
+            {"compoundAnnualGrowthRate", rateNumber(h.compoundAnnualGrowthRate())},
             {"owner", person(h.owner())},
             {"coOwner", person(h.coOwner())},
             {"beneficiary", person(h.beneficiary())},
