@@ -39,8 +39,8 @@ namespace HoldingQuicken {
 
 QString security(const Holding &holding)
 {
-    const IssueMonth issued = issueMonthOf(holding);
-    return QString::asprintf("%02d%d", issued.month, issued.year) + holding.series()->code();
+    // The holding builds it itself: the assessor's price lines carry the same symbol.
+    return holding.security();
 }
 
 QString quickenName(const Holding &holding)
