@@ -26,7 +26,8 @@ int run(const QStringList &arguments)
                         "Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value\n"
                         "files (.csv) into the redemption value database, each in one transaction.\n"
                         "Values the database already holds are passed over and months it holds without\n"
-                        "data are filled in; a file whose values contradict it is refused. Each file is\n"
+                        "data are filled in; a file whose values contradict it is refused. Matured bonds\n"
+                        "keep their value at maturity in the months a file adds. Each file is\n"
                         "recorded under its name, so the updater never offers it again.\n"
                         "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n";
             return 0;
@@ -57,7 +58,8 @@ int run(const QStringList &arguments)
             return cliFail(outcome.error);
         cliOut() << "Installed " << QFileInfo(file).fileName() << ": " << outcome.installedRecords
                  << " new records, " << outcome.unchangedRecords << " already installed, "
-                 << outcome.filledRecords << " completed; redemption months "
+                 << outcome.filledRecords << " completed, " << outcome.carriedValues
+                 << " values of matured bonds carried forward; redemption months "
                  << monthOf(outcome.minimum) << " to " << monthOf(outcome.maximum) << '\n';
     }
     return 0;

@@ -1,27 +1,21 @@
 #include "update/OfficialSourceInstaller.h"
 
+#include "update/MaturedValueCompletion.h"
 #include "update/PriceDataInstaller.h"
 #include "update/sources/MaturedBondCarryForward.h"
 #include "valuation/BondAssessor.h"
 
 #include <QHash>
 #include <QSet>
+#include <algorithm>
+#include <tuple>
 #include <sqlite3.h>
 
 namespace OfficialSourceInstaller {
 
 namespace {
 
-// Series, redemption month and issue year: what one record of twelve values stands for.
-quint64 recordKey(char series, int ryr, int rmo, int iyr)
-{
-    return (quint64(quint8(series)) << 40) | (quint64(ryr * 12 + rmo - 1) << 16) | quint64(quint16(iyr));
-}
-
-quint64 recordKey(const PriceRecord &record)
-{
-    return recordKey(record.series, record.ryr, record.rmo, record.iyr);
-}
+using MaturedValueCompletion::recordKey;
 
 // Every row of bond_value regrouped into records; issue months without a row read as no data.
 QHash<quint64, PriceRecord> installedRecords(sqlite3 *db, QString *error)
@@ -133,18 +127,18 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
         outcome.error = QStringLiteral("%1 is already installed").arg(source.name);
         return outcome;
     }
-    QHash<quint64, PriceRecord> installed = installedRecords(db, &outcome.error);
+    const QHash<quint64, PriceRecord> installed = installedRecords(db, &outcome.error);
     if (!outcome.ok())
         return outcome;
 
-    // New records go in whole. A record the database has already may only fill issue months
-    // that held no data (derived months of matured bonds leave the others empty).
-    NamedPriceRecords fresh{source.name, {}};
-    QList<Fill> fills;
+    // What the database is to hold: new records whole; a record it has already may only gain
+    // issue months that held no data (derived months of matured bonds leave the others empty).
+    QHash<quint64, PriceRecord> combined = installed;
     for (const PriceRecord &record : source.records) {
-        const auto existing = installed.find(recordKey(record));
-        if (existing == installed.end()) {
-            fresh.records << record;
+        const auto existing = combined.find(recordKey(record));
+        if (existing == combined.end()) {
+            combined.insert(recordKey(record), record);
+            ++outcome.installedRecords;
             continue;
         }
         bool filled = false;
@@ -157,20 +151,35 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
                                     .arg(source.name, describe(record));
                 return outcome;
             }
-            fills << Fill{record, k + 1, given};
             existing->value[k] = given;
             filled = true;
         }
         filled ? ++outcome.filledRecords : ++outcome.unchangedRecords;
     }
+    outcome.carriedValues = MaturedValueCompletion::complete(combined);
 
-    outcome.installedRecords = static_cast<int>(fresh.records.size());
+    // The difference goes in as one file: new records inserted, empty months filled in.
+    QList<PriceRecord> added;
+    QList<Fill> fills;
+    for (auto record = combined.cbegin(); record != combined.cend(); ++record) {
+        const auto before = installed.constFind(record.key());
+        if (before == installed.cend()) {
+            added << record.value();
+            continue;
+        }
+        for (int k = 0; k < 12; ++k) {
+            if (before->value[k] != record->value[k])
+                fills << Fill{record.value(), k + 1, record->value[k]};
+        }
+    }
+    std::sort(added.begin(), added.end(), [](const PriceRecord &a, const PriceRecord &b) {
+        return std::tie(a.series, a.ryr, a.rmo, a.iyr) < std::tie(b.series, b.ryr, b.rmo, b.iyr);
+    });
 
     PriceDataInstaller installer(db);
     QString fillError;
     const bool installedFile = installer.updatePricingDataWithData(
-        PriceDataFile::encode(fresh.records), source.name,
-        [&] { return applyFills(db, fills, &fillError); });
+        PriceDataFile::encode(added), source.name, [&] { return applyFills(db, fills, &fillError); });
     if (!installedFile) {
         outcome.error = QStringLiteral("%1 was not installed: %2")
                             .arg(source.name, fillError.isEmpty() ? installer.lastError() : fillError);

@@ -3,10 +3,8 @@
 // into a user's redemption value database, without an update server, in one transaction under
 // the file's name. Records the database holds already with the same values are passed over, and
 // issue months it holds without data are filled in, so a file overlapping installed months
-// installs what is new; a value that contradicts an installed one refuses the whole file.
-//
-// The months of matured bonds are not derived here: deriving them needs every official source,
-// and the database no longer tells official values from derived ones.
+// installs what is new; a value that contradicts an installed one refuses the whole file. Matured
+// bonds keep their value in the months the file adds.
 #include "update/sources/PriceSourceContents.h"
 
 #include <QDateTime>
@@ -22,6 +20,7 @@ struct Outcome
     int installedRecords = 0;
     int unchangedRecords = 0; // already in the database with the same values
     int filledRecords = 0;    // already there, with issue months that held no data filled in
+    int carriedValues = 0;    // issue months of matured bonds given their value at maturity
     QDateTime minimum;        // the database's range of redemption months afterwards
     QDateTime maximum;
     bool ok() const { return error.isEmpty(); }
