@@ -6,6 +6,7 @@
 #include "document/KeyedArchiveLimits.h"
 #include "document/PlistInputGuard.h"
 #include "document/PlistPtr.h"
+#include "document/PlistReading.h"
 
 #include <QSet>
 
@@ -17,6 +18,7 @@
 namespace {
 
 using namespace KeyedArchiveFormat;
+using namespace PlistReading;
 
 // Furthest date accepted: Foundation's own distant past and future lie within about 2000 years.
 constexpr double MaximumSecondsFromReferenceDate = 1.0e11;
@@ -29,61 +31,6 @@ QString notAPortfolio()
 QString damaged(const QString &detail)
 {
     return QStringLiteral("The portfolio file is damaged: %1.").arg(detail);
-}
-
-QString textOf(plist_t node)
-{
-    uint64_t length = 0;
-    const char *text = plist_get_string_ptr(node, &length);
-    return text ? QString::fromUtf8(text, qsizetype(length)) : QString();
-}
-
-bool isString(plist_t node, const char *expected)
-{
-    return PLIST_IS_STRING(node) && textOf(node) == QLatin1String(expected);
-}
-
-// A reference: a UID in the binary form, a one-entry {"CF$UID": n} dictionary in the XML form.
-bool readUid(plist_t node, quint64 *uid)
-{
-    uint64_t value = 0;
-    if (PLIST_IS_UID(node)) {
-        plist_get_uid_val(node, &value);
-    } else if (PLIST_IS_DICT(node) && plist_dict_get_size(node) == 1
-               && PLIST_IS_UINT(plist_dict_get_item(node, XmlUidKey))) {
-        plist_get_uint_val(plist_dict_get_item(node, XmlUidKey), &value);
-    } else {
-        return false;
-    }
-    *uid = value;
-    return true;
-}
-
-// Calls visit(key, value) for each entry of a dictionary node, in stored order, until it
-// returns false.
-template<typename Visit>
-bool forEachEntry(plist_t dictionary, Visit visit)
-{
-    plist_dict_iter iterator = nullptr;
-    plist_dict_new_iter(dictionary, &iterator);
-    bool completed = true;
-    for (;;) {
-        char *key = nullptr;
-        plist_t value = nullptr;
-        plist_dict_next_item(dictionary, iterator, &key, &value);
-        if (!value) {
-            free(key);
-            break;
-        }
-        const QString name = key ? QString::fromUtf8(key) : QString();
-        free(key);
-        if (!visit(name, value)) {
-            completed = false;
-            break;
-        }
-    }
-    free(iterator);
-    return completed;
 }
 
 struct ClassDescription
@@ -162,6 +109,7 @@ private:
         m_count = plist_array_get_size(m_objects);
         if (m_count > quint64(KeyedArchiveLimits::MaximumObjects))
             return fail(damaged(QStringLiteral("it holds more than %1 objects").arg(KeyedArchiveLimits::MaximumObjects)));
+        makeIndexable(m_objects);
         if (!isString(plist_array_get_item(m_objects, 0), NullObject))
             return fail(damaged(QStringLiteral("its object table does not begin with \"$null\"")));
         plist_t top = plist_dict_get_item(archive, TopKey);
@@ -251,6 +199,7 @@ private:
         if (plist_t classes = plist_dict_get_item(description, ClassesKey)) {
             if (!PLIST_IS_ARRAY(classes))
                 return nullptr;
+            makeIndexable(classes);
             const uint32_t count = plist_array_get_size(classes);
             for (uint32_t i = 0; i < count; ++i) {
                 plist_t entry = plist_array_get_item(classes, i);
@@ -288,6 +237,7 @@ private:
         plist_t list = plist_dict_get_item(node, key);
         if (!PLIST_IS_ARRAY(list))
             return fail(damaged(QStringLiteral("object %1 has no \"%2\" list").arg(uid).arg(QLatin1String(key))));
+        makeIndexable(list);
         const uint32_t count = plist_array_get_size(list);
         uids->reserve(qsizetype(count));
         for (uint32_t i = 0; i < count; ++i) {
@@ -352,6 +302,10 @@ private:
     bool decodeProgramObject(quint64 uid, plist_t node, const ClassDescription &description, int depth,
                              ArchiveRef *out)
     {
+        if (plist_dict_get_size(node) > uint32_t(KeyedArchiveLimits::MaximumKeysPerObject))
+            return fail(damaged(QStringLiteral("object %1 has more than %2 entries")
+                                    .arg(uid)
+                                    .arg(KeyedArchiveLimits::MaximumKeysPerObject)));
         auto object = std::make_shared<ArchiveObject>();
         object->className = description.name;
         object->classHierarchy = description.hierarchy;

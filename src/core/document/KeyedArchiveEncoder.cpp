@@ -47,12 +47,30 @@ public:
         }
         QByteArray result(bytes, qsizetype(length));
         plist_to_bin_free(bytes);
+        if (result.size() > KeyedArchiveLimits::MaximumBytes) {
+            if (error)
+                *error = tooLarge();
+            return {};
+        }
         if (error)
             error->clear();
         return result;
     }
 
 private:
+    static QString tooLarge()
+    {
+        return QStringLiteral("The data is too large to be saved in one file.");
+    }
+
+    // Counts the property-list nodes written, so that nothing is saved that the reader's limits
+    // would refuse.
+    bool addNodes(qint64 count)
+    {
+        m_nodes += count;
+        return m_nodes <= KeyedArchiveLimits::MaximumPlistNodes || fail(tooLarge());
+    }
+
     bool fail(const QString &message)
     {
         if (m_error.isEmpty())
@@ -104,6 +122,8 @@ private:
             *uid = *known;
             return true;
         }
+        if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(1))
+            return fail(tooLarge());
         m_inProgress.insert(node);
         const quint64 slot = reserveSlot();
         PlistPtr content;
@@ -125,6 +145,8 @@ private:
         }
         if (text.contains(QChar(0)))
             return fail(QStringLiteral("A text contains a null character and cannot be saved."));
+        if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(1))
+            return fail(tooLarge());
         *uid = reserveSlot();
         m_objects[*uid].reset(plist_new_string(text.toUtf8().constData()));
         m_uidByString.insert(text, *uid);
@@ -135,6 +157,8 @@ private:
     {
         if (!date.instant.isValid())
             return fail(QStringLiteral("An invalid date cannot be saved."));
+        if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(5))
+            return fail(tooLarge());
         const quint64 slot = reserveSlot();
         PlistPtr dictionary(plist_new_dict());
         const double seconds = double(date.instant.toMSecsSinceEpoch() - ReferenceDateMSecsSinceEpoch) / 1000.0;
@@ -155,6 +179,12 @@ private:
         if (isFoundationClass(object.className))
             return fail(QStringLiteral("An object of class %1 must be saved as a date, string, array or "
                                        "dictionary.").arg(object.className));
+        if (object.fields.size() + 1 > KeyedArchiveLimits::MaximumKeysPerObject)
+            return fail(QStringLiteral("An object of class %1 has more than %2 keys and cannot be saved.")
+                            .arg(object.className)
+                            .arg(KeyedArchiveLimits::MaximumKeysPerObject - 1));
+        if (!addNodes(2 * object.fields.size()))
+            return false;
         PlistPtr dictionary(plist_new_dict());
         for (const auto &[key, field] : object.fields) {
             if (key.isEmpty() || key.contains(QChar(0)))
@@ -175,7 +205,7 @@ private:
         if (array.className != MutableArrayClass && array.className != ArrayClass)
             return fail(QStringLiteral("An array of class %1 cannot be saved.").arg(array.className));
         PlistPtr items;
-        if (!encodeReferenceList(array.items, depth, &items))
+        if (!addNodes(2) || !encodeReferenceList(array.items, depth, &items))
             return false;
         PlistPtr dictionary(plist_new_dict());
         plist_dict_set_item(dictionary.get(), ObjectsListKey, items.release());
@@ -197,7 +227,7 @@ private:
             values.append(value);
         }
         PlistPtr keyList, valueList;
-        if (!encodeReferenceList(keys, depth, &keyList) || !encodeReferenceList(values, depth, &valueList))
+        if (!addNodes(4) || !encodeReferenceList(keys, depth, &keyList) || !encodeReferenceList(values, depth, &valueList))
             return false;
         PlistPtr dictionary(plist_new_dict());
         plist_dict_set_item(dictionary.get(), KeysListKey, keyList.release());
@@ -208,6 +238,8 @@ private:
     bool encodeReferenceList(const QList<ArchiveRef> &references, int depth, PlistPtr *list)
     {
         list->reset(plist_new_array());
+        if (!addNodes(references.size()))
+            return false;
         for (const ArchiveRef &reference : references) {
             quint64 uid = 0;
             if (!encodeReference(reference, depth + 1, &uid))
@@ -240,7 +272,7 @@ private:
                          PlistPtr *content)
     {
         quint64 classUid = 0;
-        if (!encodeClass(className, hierarchy, &classUid))
+        if (!addNodes(2) || !encodeClass(className, hierarchy, &classUid))
             return false;
         plist_dict_set_item(dictionary.get(), ClassKey, plist_new_uid(classUid));
         *content = std::move(dictionary);
@@ -255,6 +287,8 @@ private:
             *uid = known->first;
             return true;
         }
+        if (!addNodes(5 + hierarchy.size()))
+            return false;
         *uid = reserveSlot();
         PlistPtr names(plist_new_array());
         for (const QString &name : hierarchy)
@@ -272,6 +306,7 @@ private:
     QSet<const void *> m_inProgress;
     QHash<QString, quint64> m_uidByString;
     QHash<QString, std::pair<quint64, QStringList>> m_classes;
+    qint64 m_nodes = 8; // the top-level dictionary and its entries
     QString m_error;
 };
 

@@ -13,6 +13,9 @@ constexpr qint64 MaximumBytes = 64 * 1024 * 1024;
 constexpr qint64 MaximumPlistNodes = 4'000'000;
 // Entries of "$objects".
 constexpr qint64 MaximumObjects = 2'000'000;
+// Entries of one object's own dictionary (the program's classes have about ten); libplist
+// visits dictionary entries in quadratic time, so this bounds the work a hostile file can cause.
+constexpr int MaximumKeysPerObject = 100;
 // Nesting of containers in the property list, and of objects reached through references.
 constexpr int MaximumDepth = 1000;
 

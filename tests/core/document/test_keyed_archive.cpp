@@ -209,7 +209,10 @@ TEST(KeyedArchiveRoundTrip, KeepsValuesOrderAndSharing)
 
 TEST(KeyedArchiveRoundTrip, EveryKindOfRootValue)
 {
-    const QList<ArchiveRef> roots = {ArchiveRef(), text(""), text("plain"), ArchiveDate{utc(2001, 1, 1)},
+    auto longList = makeArray({});
+    for (int i = 0; i < 300; ++i) // long enough for libplist's indexed look-up to matter
+        longList->items.append(i % 3 ? ArchiveRef(QString::number(i)) : ArchiveRef(makeObject(QStringLiteral("Item"))));
+    const QList<ArchiveRef> roots = {ArchiveRef(), text(""), text("plain"), ArchiveDate{utc(2001, 1, 1)}, longList,
                                      makeArray({}), makeArray({ArchiveRef(), text("after nil")}),
                                      makeObject(QStringLiteral("Empty"))};
     for (qsizetype i = 0; i < roots.size(); ++i) {
@@ -245,6 +248,9 @@ TEST(KeyedArchiveEncode, RefusesGraphsItCouldNotReadBack)
     for (int i = 0; i < 999; ++i)
         chain = makeArray({chain});
     ASSERT_TRUE(roundTrip(chain).ok); // 1000 levels with the text are fine, one more is not
+    auto manyKeys = makeObject(QStringLiteral("Wide"));
+    for (int i = 0; i < 100; ++i)
+        manyKeys->set(QStringLiteral("key%1").arg(i), qint64(i));
     const struct
     {
         const char *name;
@@ -256,6 +262,7 @@ TEST(KeyedArchiveEncode, RefusesGraphsItCouldNotReadBack)
         {"invalid date", ArchiveDate{QDateTime()}},
         {"array of unknown class", makeArray({}, QStringLiteral("NSSet"))},
         {"object posing as a Foundation class", makeObject(QStringLiteral("NSDate"))},
+        {"object with more keys than a reader accepts", manyKeys},
         {"text with a null character", ArchiveRef(QStringLiteral("a") + QChar(0) + QStringLiteral("b"))},
     };
     for (const auto &testCase : cases) {

@@ -257,6 +257,7 @@ TEST(KeyedArchiveRefusal, DamagedOrHostileFilesAreRefused)
         // Both in the two-byte form libplist keeps whole; the key one would abort libplist itself.
         {"dictionary key with a null character", soundArchivePatched(QByteArray("r\0\xef", 3), QByteArray("r\0\0", 3)), "dictionary key"},
         {"text with a null character", soundArchivePatched(QByteArray("C\0\xe9", 3), QByteArray("C\0\0", 3)), "null character"},
+        {"object with 101 entries", soundArchiveWith([](plist_t a) { for (int i = 0; i < 97; ++i) setField(a, 2, QByteArray::number(i).constData(), plist_new_bool(1)); }), "more than 100 entries"},
         {"field holding raw data", soundArchiveWith([](plist_t a) { setField(a, 2, "blob", plist_new_data("xy", 2)); }), "\"blob\""},
     };
     for (const auto &testCase : cases) {
