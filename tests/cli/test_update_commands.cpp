@@ -211,18 +211,4 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnceAndRefusesContradictions)
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'sb202106-revised.asc'")), 0);
 }
 
-TEST(UpdateCommandArguments, RefusesIncompleteOrUnknownArguments)
-{
-    const QStringList database = environment(TestSupport::copyOfShippedDatabase());
-    for (const QStringList &arguments : {QStringList{"publish", "x.asc"}, QStringList{"publish", "--out", "/tmp/never"},
-                                         QStringList{"update", "--base-url", "not absolute"},
-                                         QStringList{"update", "--timeout", "-1"},
-                                         QStringList{"install-treasury-file", "/nonexistent/sb209901.asc"}}) {
-        SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
-        const auto result = TestSupport::runCli(arguments, database);
-        EXPECT_NE(result.exitCode, 0);
-        EXPECT_TRUE(result.standardError.startsWith("quillmere-cli: ")) << result.standardError.toStdString();
-    }
-}
-
 } // namespace

@@ -1,5 +1,5 @@
-// Reading the update catalogue in every form it may come in, the delta against the installed
-// files, and where the updater looks for its files.
+// Reading the update catalogue in every form it may come in, and where the updater looks for its
+// files. (The delta against the installed files is tested through the updater.)
 #include "model/UserDefaults.h"
 #include "update/UpdateCatalogue.h"
 #include "update/UpdateLocation.h"
@@ -69,21 +69,6 @@ INSTANTIATE_TEST_SUITE_P(
         CatalogueCase{"NestedArray", xml("<array><array><string>a.bin</string></array></array>"), Status::Corrupt, {}},
         CatalogueCase{"EmptyName", xml("<array><string>a.bin</string><string></string></array>"), Status::Corrupt, {}}),
     [](const auto &info) { return std::string(info.param.name); });
-
-TEST(CatalogueDelta, KeepsCatalogueOrderAndDuplicates)
-{
-    struct Case
-    {
-        QStringList catalogue, known, expected;
-    };
-    const QString a = QStringLiteral("a"), b = QStringLiteral("b"), c = QStringLiteral("c");
-    for (const Case &c_ : {Case{{a, b, c}, {}, {a, b, c}}, Case{{c, a, b}, {b}, {c, a}},
-                           Case{{a, b}, {b, a, c}, {}}, Case{{b, b, a}, {a}, {b, b}},
-                           Case{{QStringLiteral("A")}, {a}, {QStringLiteral("A")}}}) {
-        SCOPED_TRACE(c_.catalogue.join(QLatin1Char(',')).toStdString());
-        EXPECT_EQ(UpdateCatalogue::determineUpdateDataDelta(c_.catalogue, c_.known), c_.expected);
-    }
-}
 
 TEST(UpdateLocation, ResolvesEntriesAgainstTheBase)
 {
