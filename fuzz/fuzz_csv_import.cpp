@@ -31,12 +31,6 @@ void check(bool condition)
 
 } // namespace
 
-// The four Series objects are made once for the life of the process on purpose.
-extern "C" const char *__lsan_default_suppressions()
-{
-    return "leak:Series::table\n";
-}
-
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     environment = new Environment;

@@ -19,22 +19,22 @@ Series::Series(QString label, QString code)
 
 const SeriesTable &Series::table()
 {
-    // Built once, never destroyed: holdings everywhere point at these objects.
-    static const SeriesTable built = [] {
-        SeriesTable t;
+    // Built once and never destroyed (not even at exit): holdings everywhere point at these objects.
+    static const SeriesTable *built = [] {
+        auto *t = new SeriesTable;
         for (auto [label, code] : {std::pair{"Savings Note", "S"}, std::pair{"EE Bond", "N"},
                                    std::pair{"E Bond", "E"}, std::pair{"I Bond", "I"}}) {
             const Series *series = new Series(QString::fromLatin1(label), QString::fromLatin1(code));
-            t.byCode.insert(series->code(), series);
-            t.sorted.append(series);
+            t->byCode.insert(series->code(), series);
+            t->sorted.append(series);
         }
-        std::sort(t.sorted.begin(), t.sorted.end(),
+        std::sort(t->sorted.begin(), t->sorted.end(),
                   [](const Series *a, const Series *b) { return a->compare(b) < 0; });
         UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey),
                                       QStringLiteral("N"));
         return t;
     }();
-    return built;
+    return *built;
 }
 
 const QList<const Series *> &Series::allSeries()
