@@ -5,12 +5,14 @@ SUDO=""
 if [ "$(id -u)" -ne 0 ]; then SUDO="sudo"; fi
 packages=(
   build-essential cmake ninja-build pkg-config
-  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6svg6-dev qt6-charts-dev
+  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-svg-dev qt6-charts-dev
   libgl-dev
   libsqlite3-dev sqlite3 libplist-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   python3 clang libclang-rt-14-dev
 )
+# Extra packages named on the command line (e.g. by the test script).
+packages+=("$@")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
