@@ -1,5 +1,7 @@
 #include "CliCommand.h"
 
+#include <QCommandLineParser>
+#include <QCoreApplication>
 #include <cstdio>
 
 QList<CliCommand> &CliCommand::all()
@@ -39,4 +41,48 @@ int cliFail(const QString &message)
     cliOut().flush();
     cliErr() << "quillmere-cli: " << message << Qt::endl;
     return 1;
+}
+
+namespace {
+
+// The parser's help names the program file; a sub-command's help names the sub-command.
+QString helpText(const QCommandLineParser &parser, const QString &command, const QString &usage)
+{
+    QString text = parser.helpText();
+    const qsizetype lineEnd = text.indexOf(QLatin1Char('\n'));
+    const QString programUsage = QStringLiteral("Usage: ") + QCoreApplication::arguments().constFirst();
+    if (lineEnd < 0 || !text.startsWith(programUsage))
+        return text;
+    const QString rest = usage.isEmpty() ? text.mid(programUsage.size(), lineEnd - programUsage.size())
+                                         : QLatin1Char(' ') + usage;
+    return QStringLiteral("Usage: ") + command + rest + text.mid(lineEnd);
+}
+
+} // namespace
+
+bool parseArguments(QCommandLineParser &parser, const QStringList &arguments, const PositionalCount &positionals,
+                    const QString &usage, int *exitStatus)
+{
+    parser.addHelpOption();
+    if (!parser.parse(arguments)) {
+        *exitStatus = cliFail(parser.errorText());
+        return false;
+    }
+    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
+        cliOut() << helpText(parser, arguments.value(0), usage);
+        *exitStatus = 0;
+        return false;
+    }
+    const QStringList given = parser.positionalArguments();
+    if (given.size() < positionals.minimum) {
+        *exitStatus = cliFail(positionals.tooFew);
+        return false;
+    }
+    if (given.size() > positionals.maximum) {
+        *exitStatus = cliFail(positionals.tooMany.isEmpty()
+                                  ? QStringLiteral("unexpected argument '%1'").arg(given.at(positionals.maximum))
+                                  : positionals.tooMany);
+        return false;
+    }
+    return true;
 }

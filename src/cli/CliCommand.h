@@ -6,6 +6,9 @@
 #include <QStringList>
 #include <QTextStream>
 #include <functional>
+#include <limits>
+
+class QCommandLineParser;
 
 struct CliCommand
 {
@@ -28,3 +31,27 @@ QTextStream &cliErr();
 
 // Prints "quillmere-cli: message" on standard error and returns the failure status.
 int cliFail(const QString &message);
+
+// How many positional arguments a sub-command takes, and what it says when it gets another number.
+struct PositionalCount
+{
+    static constexpr int Unlimited = std::numeric_limits<int>::max();
+
+    int minimum = 0;
+    int maximum = 0;
+    QString tooFew;
+    QString tooMany; // empty: "unexpected argument 'FIRST ONE TOO MANY'"
+
+    static PositionalCount none() { return {}; }
+    static PositionalCount exactly(int count, const QString &complaint) { return {count, count, complaint, complaint}; }
+    static PositionalCount atLeast(int count, const QString &complaint) { return {count, Unlimited, complaint, {}}; }
+};
+
+// Adds the help option to the parser and parses a sub-command's arguments. --help (or
+// --help-all) prints the help, whose usage line names the sub-command and goes on with usage
+// when one is given (otherwise with the parser's own "[options] ARGUMENTS"). Unknown options,
+// options without their value and a wrong number of positional arguments are complained about on
+// standard error. Returns true when the sub-command is to go on; otherwise false, with *exitStatus
+// set to what the sub-command returns (0 after the help).
+bool parseArguments(QCommandLineParser &parser, const QStringList &arguments, const PositionalCount &positionals,
+                    const QString &usage, int *exitStatus);

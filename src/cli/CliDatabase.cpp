@@ -2,6 +2,8 @@
 
 #include "valuation/RedemptionDatabase.h"
 
+#include <QRegularExpression>
+
 std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
 {
     const QString path = RedemptionDatabase::path();
@@ -32,4 +34,15 @@ std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
 QString monthText(const QDateTime &date)
 {
     return date.isValid() ? date.toString(QStringLiteral("yyyy-MM")) : QStringLiteral("none");
+}
+
+QDateTime monthFromText(const QString &text, MonthSeparators separators)
+{
+    static const QRegularExpression dash(QStringLiteral("^\\s*(\\d{4})-(\\d{1,2})\\s*$"));
+    static const QRegularExpression dashOrSlash(QStringLiteral("^\\s*(\\d{4})[-/](\\d{1,2})\\s*$"));
+    const QRegularExpressionMatch match = (separators == MonthSeparators::Dash ? dash : dashOrSlash).match(text);
+    const int month = match.hasMatch() ? match.captured(2).toInt() : 0;
+    if (month < 1 || month > 12)
+        return {};
+    return BondAssessor::monthDate(match.captured(1).toInt(), month);
 }

@@ -2,37 +2,29 @@
 #include "CliCommand.h"
 #include "update/sources/SeedDatabaseBuilder.h"
 
+#include <QCommandLineParser>
+
 namespace {
 
 int run(const QStringList &arguments)
 {
-    QString out;
-    QStringList sources;
-    for (int i = 1; i < arguments.size(); ++i) {
-        const QString &argument = arguments.at(i);
-        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
-            cliOut() << "Usage: quillmere-cli build-database --out FILE SOURCE...\n\n"
-                        "Builds a redemption value database from Treasury value files (sbYYYYMM.asc) and\n"
-                        "Fiscal Data value files (.csv), adding the values of matured bonds carried forward.\n"
-                        "FILE is replaced only when the whole build succeeds.\n";
-            return 0;
-        }
-        if (argument == QLatin1String("--out")) {
-            if (++i == arguments.size())
-                return cliFail(QStringLiteral("--out needs a file name"));
-            out = arguments.at(i);
-        } else if (argument.startsWith(QLatin1String("--out="))) {
-            out = argument.mid(6);
-        } else if (argument.startsWith(QLatin1String("--"))) {
-            return cliFail(QStringLiteral("unknown option '%1'").arg(argument));
-        } else {
-            sources << argument;
-        }
-    }
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Builds a redemption value database from Treasury value files (sbYYYYMM.asc) and\n"
+                       "Fiscal Data value files (.csv), adding the values of matured bonds carried forward.\n"
+                       "FILE is replaced only when the whole build succeeds."));
+    const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("The database file to write."), QStringLiteral("FILE"));
+    parser.addOption(outOption);
+    parser.addPositionalArgument(QStringLiteral("SOURCE"), QStringLiteral("The value files to build from."), QStringLiteral("SOURCE..."));
+    int status = 0;
+    if (!parseArguments(parser, arguments,
+                        PositionalCount::atLeast(1, QStringLiteral("build-database needs at least one source file")),
+                        QStringLiteral("--out FILE SOURCE..."), &status))
+        return status;
+    const QString out = parser.value(outOption);
     if (out.isEmpty())
         return cliFail(QStringLiteral("build-database needs --out FILE"));
-    if (sources.isEmpty())
-        return cliFail(QStringLiteral("build-database needs at least one source file"));
+    const QStringList sources = parser.positionalArguments();
 
     QString error;
     SeedDatabaseBuilder::Summary built;

@@ -2,18 +2,18 @@
 #include "CliCommand.h"
 #include "CliDatabase.h"
 
+#include <QCommandLineParser>
+
 namespace {
 
 int run(const QStringList &arguments)
 {
-    if (arguments.size() > 1) {
-        if (arguments.at(1) == QLatin1String("--help") || arguments.at(1) == QLatin1String("-h")) {
-            cliOut() << "Usage: quillmere-cli database\n\nPrints the path of the redemption value database, "
-                        "its earliest and latest redemption months, its number of values and its installed files.\n";
-            return 0;
-        }
-        return cliFail(QStringLiteral("database takes no arguments (got '%1')").arg(arguments.at(1)));
-    }
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Prints the path of the redemption value database, its earliest and latest\n"
+                                                    "redemption months, its number of values and its installed files."));
+    int status = 0;
+    if (!parseArguments(parser, arguments, PositionalCount::none(), {}, &status))
+        return status;
     QString error;
     const auto assessor = openRedemptionDatabase(&error);
     if (!assessor)

@@ -1,7 +1,6 @@
 // quillmere-cli export-csv: writes a portfolio's holdings as the comma-separated file the
 // portfolio window exports.
 #include "CliCommand.h"
-#include "CliDatabase.h"
 #include "CliPortfolioFile.h"
 #include "exchange/HoldingCsv.h"
 
@@ -14,28 +13,20 @@ int run(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Writes every holding of a portfolio, with its figures as of the "
                                                     "valuation month, to a CSV file (ISO Latin 1, line feeds)."));
-    parser.addHelpOption();
     const QCommandLineOption asOf = valuationMonthOption();
     parser.addOption(asOf);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
     parser.addPositionalArgument(QStringLiteral("OUT"), QStringLiteral("The CSV file to write (replaced if it exists)."));
-    if (!parser.parse(arguments))
-        return cliFail(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        cliOut() << parser.helpText();
-        return 0;
-    }
+    int status = 0;
+    if (!parseArguments(parser, arguments,
+                        PositionalCount::exactly(2, QStringLiteral("export-csv needs a portfolio file and an output file (see --help)")),
+                        {}, &status))
+        return status;
     const QStringList paths = parser.positionalArguments();
-    if (paths.size() != 2)
-        return cliFail(QStringLiteral("export-csv needs a portfolio file and an output file (see --help)"));
 
     QString error;
-    if (!openRedemptionDatabase(&error))
-        return cliFail(error);
-    const auto portfolio = openPortfolioFile(paths.at(0), &error);
+    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error);
     if (!portfolio)
-        return cliFail(error);
-    if (parser.isSet(asOf) && !applyValuationMonth(*portfolio, parser.value(asOf), &error))
         return cliFail(error);
 
     const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(paths.at(1), portfolio->holdings());

@@ -1,7 +1,6 @@
 // quillmere-cli export-qif: writes the Quicken price list and positions of a portfolio into a
 // directory, as the portfolio window's QIF export does for all holdings.
 #include "CliCommand.h"
-#include "CliDatabase.h"
 #include "CliPortfolioFile.h"
 #include "exchange/PortfolioQuicken.h"
 
@@ -16,32 +15,24 @@ int run(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Writes PriceList.qif and Positions.qif for a portfolio into a "
                                                     "directory; numbered names (PriceList-1.qif, ...) when a price list "
                                                     "is already there."));
-    parser.addHelpOption();
     const QCommandLineOption asOf = valuationMonthOption();
     parser.addOption(asOf);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
     parser.addPositionalArgument(QStringLiteral("DIR"), QStringLiteral("An existing directory to write into."));
-    if (!parser.parse(arguments))
-        return cliFail(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        cliOut() << parser.helpText();
-        return 0;
-    }
+    int status = 0;
+    if (!parseArguments(parser, arguments,
+                        PositionalCount::exactly(2, QStringLiteral("export-qif needs a portfolio file and a directory (see --help)")),
+                        {}, &status))
+        return status;
     const QStringList paths = parser.positionalArguments();
-    if (paths.size() != 2)
-        return cliFail(QStringLiteral("export-qif needs a portfolio file and a directory (see --help)"));
     if (!QFileInfo(paths.at(1)).isDir())
         return cliFail(QStringLiteral("%1: no such directory").arg(paths.at(1)));
 
-    QString error;
-    if (!openRedemptionDatabase(&error))
-        return cliFail(error);
-    const auto portfolio = openPortfolioFile(paths.at(0), &error);
-    if (!portfolio)
-        return cliFail(error);
     // The price history does not depend on the valuation month, but the option is accepted
     // (and checked) so that the export commands take the same arguments.
-    if (parser.isSet(asOf) && !applyValuationMonth(*portfolio, parser.value(asOf), &error))
+    QString error;
+    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error);
+    if (!portfolio)
         return cliFail(error);
 
     const QuickenFileSet::Outcome outcome =

@@ -15,7 +15,6 @@ int run(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Appends the bonds of a CSV file to a portfolio and saves it "
                                                     "(a new portfolio is created when FILE does not exist). Lines "
                                                     "that cannot be read, H and HH bonds among them, are skipped."));
-    parser.addHelpOption();
     const QCommandLineOption formatOption(QStringLiteral("format"),
                                           QStringLiteral("own (written by Quillmere, line feeds) or wizard (Savings Bond "
                                                          "Wizard 4.10, CR LF)."),
@@ -23,15 +22,12 @@ int run(const QStringList &arguments)
     parser.addOption(formatOption);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
     parser.addPositionalArgument(QStringLiteral("CSV"), QStringLiteral("The CSV file to read."));
-    if (!parser.parse(arguments))
-        return cliFail(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        cliOut() << parser.helpText();
-        return 0;
-    }
+    int status = 0;
+    if (!parseArguments(parser, arguments,
+                        PositionalCount::exactly(2, QStringLiteral("import-csv needs a portfolio file and a CSV file (see --help)")),
+                        QStringLiteral("--format own|wizard [options] FILE CSV"), &status))
+        return status;
     const QStringList paths = parser.positionalArguments();
-    if (paths.size() != 2)
-        return cliFail(QStringLiteral("import-csv needs a portfolio file and a CSV file (see --help)"));
     if (!parser.isSet(formatOption))
         return cliFail(QStringLiteral("--format own|wizard is required"));
     const QString formatName = parser.value(formatOption).toLower();

@@ -1,43 +1,35 @@
 // quillmere-cli install-treasury-file: installs a value file downloaded from the Treasury straight
 // into the user's redemption value database, without an update server.
 #include "CliCommand.h"
+#include "CliDatabase.h"
 #include "update/OfficialSourceInstaller.h"
 #include "update/PriceUpdater.h"
 #include "update/UpdateConnection.h"
 #include "update/sources/PriceSource.h"
 #include "valuation/RedemptionDatabase.h"
 
+#include <QCommandLineParser>
 #include <QFileInfo>
 
 namespace {
 
-QString monthOf(const QDateTime &date)
-{
-    return date.isValid() ? date.toString(QStringLiteral("yyyy-MM")) : QStringLiteral("none");
-}
-
 int run(const QStringList &arguments)
 {
-    QStringList files;
-    for (int i = 1; i < arguments.size(); ++i) {
-        const QString &argument = arguments.at(i);
-        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
-            cliOut() << "Usage: quillmere-cli install-treasury-file FILE...\n\n"
-                        "Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value\n"
-                        "files (.csv) into the redemption value database, each in one transaction.\n"
-                        "Values the database already holds are passed over and months it holds without\n"
-                        "data are filled in; a file whose values contradict it is refused. Matured bonds\n"
-                        "keep their value at maturity in the months a file adds. Each file is\n"
-                        "recorded under its name, so the updater never offers it again.\n"
-                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n";
-            return 0;
-        }
-        if (argument.startsWith(QLatin1String("--")))
-            return cliFail(QStringLiteral("unknown option '%1'").arg(argument));
-        files << argument;
-    }
-    if (files.isEmpty())
-        return cliFail(QStringLiteral("install-treasury-file needs a file"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value\n"
+                       "files (.csv) into the redemption value database, each in one transaction.\n"
+                       "Values the database already holds are passed over and months it holds without\n"
+                       "data are filled in; a file whose values contradict it is refused. Matured bonds\n"
+                       "keep their value at maturity in the months a file adds. Each file is\n"
+                       "recorded under its name, so the updater never offers it again.\n"
+                       "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The value files to install, in order."), QStringLiteral("FILE..."));
+    int status = 0;
+    if (!parseArguments(parser, arguments, PositionalCount::atLeast(1, QStringLiteral("install-treasury-file needs a file")), {},
+                        &status))
+        return status;
+    const QStringList files = parser.positionalArguments();
 
     const QString database = RedemptionDatabase::path();
     if (database.isEmpty())
@@ -60,7 +52,7 @@ int run(const QStringList &arguments)
                  << " new records, " << outcome.unchangedRecords << " already installed, "
                  << outcome.filledRecords << " completed, " << outcome.carriedValues
                  << " values of matured bonds carried forward; redemption months "
-                 << monthOf(outcome.minimum) << " to " << monthOf(outcome.maximum) << '\n';
+                 << monthText(outcome.minimum) << " to " << monthText(outcome.maximum) << '\n';
     }
     return 0;
 }

@@ -56,16 +56,11 @@ int run(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Writes sample.%1 and people.vcf into a folder.")
                                          .arg(QLatin1String(PortfolioFile::Extension)));
-    parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Where the two files go (created if needed)."));
-    if (!parser.parse(arguments))
-        return cliFail(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        cliOut() << parser.helpText();
-        return 0;
-    }
-    if (parser.positionalArguments().size() != 1)
-        return cliFail(QStringLiteral("give the folder to write to"));
+    int status = 0;
+    if (!parseArguments(parser, arguments, PositionalCount::exactly(1, QStringLiteral("give the folder to write to")), {},
+                        &status))
+        return status;
     const QDir folder(parser.positionalArguments().first());
     if (!QDir().mkpath(folder.absolutePath()))
         return cliFail(QStringLiteral("could not create %1").arg(folder.absolutePath()));

@@ -7,6 +7,7 @@
 #include "update/sources/MaturedBondCarryForward.h"
 #include "update/sources/PriceSource.h"
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QSaveFile>
 #include <QUrl>
@@ -34,34 +35,25 @@ bool isPublishableName(const QString &name)
 
 int run(const QStringList &arguments)
 {
-    QString out;
-    QStringList sourcePaths;
-    for (int i = 1; i < arguments.size(); ++i) {
-        const QString &argument = arguments.at(i);
-        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
-            cliOut() << "Usage: quillmere-cli publish --out DIR SOURCE...\n\n"
-                        "Writes an update directory from the same sources build-database uses: one price\n"
-                        "data file per source, named as the built database records it, the values of\n"
-                        "matured bonds carried forward, and the catalogue " << UpdateLocation::CatalogueName << "\n"
-                        "listing them in installation order. Serve DIR from any static web server.\n";
-            return 0;
-        }
-        if (argument == QLatin1String("--out")) {
-            if (++i == arguments.size())
-                return cliFail(QStringLiteral("--out needs a directory"));
-            out = arguments.at(i);
-        } else if (argument.startsWith(QLatin1String("--out="))) {
-            out = argument.mid(6);
-        } else if (argument.startsWith(QLatin1String("--"))) {
-            return cliFail(QStringLiteral("unknown option '%1'").arg(argument));
-        } else {
-            sourcePaths << argument;
-        }
-    }
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Writes an update directory from the same sources build-database uses: one price\n"
+                       "data file per source, named as the built database records it, the values of\n"
+                       "matured bonds carried forward, and the catalogue %1\n"
+                       "listing them in installation order. Serve DIR from any static web server.")
+            .arg(QLatin1String(UpdateLocation::CatalogueName)));
+    const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("The directory to write (created if needed)."),
+                                       QStringLiteral("DIR"));
+    parser.addOption(outOption);
+    parser.addPositionalArgument(QStringLiteral("SOURCE"), QStringLiteral("The value files to publish."), QStringLiteral("SOURCE..."));
+    int status = 0;
+    if (!parseArguments(parser, arguments, PositionalCount::atLeast(1, QStringLiteral("publish needs at least one source file")),
+                        QStringLiteral("--out DIR SOURCE..."), &status))
+        return status;
+    const QString out = parser.value(outOption);
     if (out.isEmpty())
         return cliFail(QStringLiteral("publish needs --out DIR"));
-    if (sourcePaths.isEmpty())
-        return cliFail(QStringLiteral("publish needs at least one source file"));
+    const QStringList sourcePaths = parser.positionalArguments();
 
     QString error;
     QList<NamedPriceRecords> sources;

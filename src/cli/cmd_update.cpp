@@ -5,6 +5,7 @@
 #include "update/UpdateLocation.h"
 #include "valuation/RedemptionDatabase.h"
 
+#include <QCommandLineParser>
 #include <QEventLoop>
 #include <cstdio>
 #include <unistd.h>
@@ -89,42 +90,37 @@ bool waitFor(PriceUpdater &updater, bool (PriceUpdater::*action)())
 
 int run(const QStringList &arguments)
 {
-    bool checkOnly = false;
-    QString baseUrl;
     PriceDataDownloader::Limits limits;
-    for (int i = 1; i < arguments.size(); ++i) {
-        const QString &argument = arguments.at(i);
-        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
-            cliOut() << "Usage: quillmere-cli update [--check] [--base-url URL] [--timeout SECONDS]\n\n"
-                        "Fetches the catalogue " << UpdateLocation::CatalogueName << " from the update directory and\n"
-                        "installs every price data file it lists that the redemption value database lacks.\n"
-                        "  --check           only report what would be installed\n"
-                        "  --base-url URL    the update directory (default: the " << UpdateLocation::BaseUrlEnvironmentVariable << "\n"
-                        "                    variable, the '" << UpdateLocation::BaseUrlSettingsKey << "' setting, or "
-                     << UpdateLocation::DefaultBaseUrl << ")\n"
-                        "  --timeout SECONDS give up on a server silent this long (default "
-                     << limits.idleTimeoutMs / 1000 << ")\n"
-                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n"
-                        "Exit status 0 when the check, or every installation, succeeded.\n";
-            return 0;
-        }
-        if (argument == QLatin1String("--check")) {
-            checkOnly = true;
-        } else if (argument == QLatin1String("--base-url") || argument == QLatin1String("--timeout")) {
-            if (++i == arguments.size())
-                return cliFail(QStringLiteral("%1 needs a value").arg(argument));
-            if (argument == QLatin1String("--base-url")) {
-                baseUrl = arguments.at(i);
-            } else {
-                bool ok = false;
-                const double seconds = arguments.at(i).toDouble(&ok);
-                if (!ok || seconds <= 0 || seconds > 3600)
-                    return cliFail(QStringLiteral("--timeout needs a number of seconds up to 3600"));
-                limits.idleTimeoutMs = static_cast<int>(seconds * 1000);
-            }
-        } else {
-            return cliFail(QStringLiteral("unknown argument '%1'").arg(argument));
-        }
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Fetches the catalogue %1 from the update directory and\n"
+                       "installs every price data file it lists that the redemption value database lacks.\n"
+                       "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n"
+                       "Exit status 0 when the check, or every installation, succeeded.")
+            .arg(QLatin1String(UpdateLocation::CatalogueName)));
+    const QCommandLineOption checkOption(QStringLiteral("check"), QStringLiteral("Only report what would be installed."));
+    const QCommandLineOption baseUrlOption(
+        QStringLiteral("base-url"),
+        QStringLiteral("The update directory (default: the %1 variable, the '%2' setting, or %3).")
+            .arg(QLatin1String(UpdateLocation::BaseUrlEnvironmentVariable), QLatin1String(UpdateLocation::BaseUrlSettingsKey),
+                 QLatin1String(UpdateLocation::DefaultBaseUrl)),
+        QStringLiteral("URL"));
+    const QCommandLineOption timeoutOption(
+        QStringLiteral("timeout"),
+        QStringLiteral("Give up on a server silent this long (default %1).").arg(limits.idleTimeoutMs / 1000),
+        QStringLiteral("SECONDS"));
+    parser.addOptions({checkOption, baseUrlOption, timeoutOption});
+    int status = 0;
+    if (!parseArguments(parser, arguments, PositionalCount::none(), {}, &status))
+        return status;
+    const bool checkOnly = parser.isSet(checkOption);
+    const QString baseUrl = parser.value(baseUrlOption);
+    if (parser.isSet(timeoutOption)) {
+        bool ok = false;
+        const double seconds = parser.value(timeoutOption).toDouble(&ok);
+        if (!ok || seconds <= 0 || seconds > 3600)
+            return cliFail(QStringLiteral("--timeout needs a number of seconds up to 3600"));
+        limits.idleTimeoutMs = static_cast<int>(seconds * 1000);
     }
 
     const QString database = RedemptionDatabase::path();

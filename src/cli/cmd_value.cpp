@@ -1,7 +1,6 @@
 // quillmere-cli value: the value of one bond in one month, its issue price and the interest earned.
 #include "CliCommand.h"
-#include "CliDatabase.h"
-#include "document/BondPortfolio.h"
+#include "CliPortfolioFile.h"
 #include "model/Holding.h"
 #include "model/Money.h"
 #include "model/PeopleStore.h"
@@ -31,20 +30,6 @@ const Series *seriesNamed(QString name)
     return nullptr;
 }
 
-// "YYYY-MM" (or "YYYY/MM") as a month date; invalid for anything else.
-QDateTime monthNamed(const QString &text)
-{
-    static const QRegularExpression pattern(QStringLiteral("^\\s*(\\d{4})[-/](\\d{1,2})\\s*$"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    if (!match.hasMatch())
-        return {};
-    const int year = match.captured(1).toInt();
-    const int month = match.captured(2).toInt();
-    if (month < 1 || month > 12)
-        return {};
-    return BondAssessor::monthDate(year, month);
-}
-
 // The value with its markers as words.
 QString valueText(const Holding &holding)
 {
@@ -59,24 +44,16 @@ int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("The value of one savings bond as of a month."));
-    parser.addHelpOption();
     const QCommandLineOption seriesOption(QStringLiteral("series"), QStringLiteral("E, EE, I or SN (Savings Note)."), QStringLiteral("series"));
     const QCommandLineOption faceOption(QStringLiteral("face"), QStringLiteral("Face value in dollars."), QStringLiteral("dollars"));
     const QCommandLineOption issuedOption(QStringLiteral("issued"), QStringLiteral("Issue month, YYYY-MM."), QStringLiteral("month"));
-    const QCommandLineOption asOfOption(QStringLiteral("as-of"),
-                                        QStringLiteral("Valuation month, YYYY-MM (default: the latest month with values, "
-                                                       "or this month if earlier)."),
-                                        QStringLiteral("month"));
+    const QCommandLineOption asOfOption = valuationMonthOption();
     const QCommandLineOption electronicOption(QStringLiteral("electronic"), QStringLiteral("The bond was bought electronically, not on paper."));
     parser.addOptions({seriesOption, faceOption, issuedOption, asOfOption, electronicOption});
-    if (!parser.parse(arguments))
-        return cliFail(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        cliOut() << parser.helpText().replace(QLatin1String("[options]"), QLatin1String("--series S --face DOLLARS --issued YYYY-MM [options]"));
-        return 0;
-    }
-    if (!parser.positionalArguments().isEmpty())
-        return cliFail(QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    int status = 0;
+    if (!parseArguments(parser, arguments, PositionalCount::none(),
+                        QStringLiteral("--series S --face DOLLARS --issued YYYY-MM [options]"), &status))
+        return status;
     for (const QCommandLineOption &required : {seriesOption, faceOption, issuedOption}) {
         if (!parser.isSet(required))
             return cliFail(QStringLiteral("--%1 is required").arg(required.names().first()));
@@ -90,17 +67,14 @@ int run(const QStringList &arguments)
     const Pennies faceValue = numeric ? dollarsToPennies(dollars) : 0;
     if (faceValue <= 0)
         return cliFail(QStringLiteral("the face value must be a positive number of dollars, not '%1'").arg(parser.value(faceOption)));
-    const QDateTime issued = monthNamed(parser.value(issuedOption));
+    // Slashes too: people write months both ways.
+    const QDateTime issued = monthFromText(parser.value(issuedOption), MonthSeparators::DashOrSlash);
     if (!issued.isValid())
         return cliFail(QStringLiteral("the issue month must be written YYYY-MM, not '%1'").arg(parser.value(issuedOption)));
-    QDateTime asOf;
-    if (parser.isSet(asOfOption)) {
-        asOf = monthNamed(parser.value(asOfOption));
-        if (!asOf.isValid())
-            return cliFail(QStringLiteral("the valuation month must be written YYYY-MM, not '%1'").arg(parser.value(asOfOption)));
-    }
-
     QString error;
+    QDateTime asOf;
+    if (!readValuationMonth(parser, asOfOption, &asOf, &error, MonthSeparators::DashOrSlash))
+        return cliFail(error);
     const auto database = openRedemptionDatabase(&error);
     if (!database)
         return cliFail(error);
