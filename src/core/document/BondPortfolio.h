@@ -145,8 +145,7 @@ signals:
 
 private:
     friend class PortfolioRecorder;
-    friend class InsertHoldingCommand;
-    friend class DeleteHoldingCommand;
+    friend class HoldingPlacementCommand;
     void insertHoldingWithoutRecording(const HoldingRef &holding, int index);
     HoldingRef takeHoldingWithoutRecording(int index);
     void installTitleHolders(const QList<PersonRef> &people);

@@ -111,8 +111,9 @@ void HoldingRoles::restoreTo(Holding &holding) const
         holding.setBeneficiary(beneficiary);
 }
 
-InsertHoldingCommand::InsertHoldingCommand(BondPortfolio *portfolio, HoldingRef holding, int index)
-    : QUndoCommand(QString::fromLatin1(UndoActionName::InsertHolding))
+HoldingPlacementCommand::HoldingPlacementCommand(const char *actionName, BondPortfolio *portfolio, HoldingRef holding,
+                                                 int index)
+    : QUndoCommand(QString::fromLatin1(actionName))
     , m_portfolio(portfolio)
     , m_holding(std::move(holding))
     , m_index(index)
@@ -120,36 +121,25 @@ InsertHoldingCommand::InsertHoldingCommand(BondPortfolio *portfolio, HoldingRef 
 {
 }
 
-void InsertHoldingCommand::undo()
+void HoldingPlacementCommand::putBack()
+{
+    m_portfolio->insertHoldingWithoutRecording(m_holding, m_index);
+    PortfolioRecorder::Applying applying(m_portfolio->m_recorder);
+    m_roles.restoreTo(*m_holding);
+}
+
+void HoldingPlacementCommand::takeOut()
 {
     m_roles = HoldingRoles::of(*m_holding);
     m_portfolio->takeHoldingWithoutRecording(m_index);
 }
 
-void InsertHoldingCommand::redo()
+InsertHoldingCommand::InsertHoldingCommand(BondPortfolio *portfolio, HoldingRef holding, int index)
+    : HoldingPlacementCommand(UndoActionName::InsertHolding, portfolio, std::move(holding), index)
 {
-    m_portfolio->insertHoldingWithoutRecording(m_holding, m_index);
-    PortfolioRecorder::Applying applying(m_portfolio->m_recorder);
-    m_roles.restoreTo(*m_holding);
 }
 
 DeleteHoldingCommand::DeleteHoldingCommand(BondPortfolio *portfolio, int index)
-    : QUndoCommand(QString::fromLatin1(UndoActionName::DeleteHolding))
-    , m_portfolio(portfolio)
-    , m_holding(portfolio->holdings().at(index))
-    , m_index(index)
+    : HoldingPlacementCommand(UndoActionName::DeleteHolding, portfolio, portfolio->holdings().at(index), index)
 {
-}
-
-void DeleteHoldingCommand::undo()
-{
-    m_portfolio->insertHoldingWithoutRecording(m_holding, m_index);
-    PortfolioRecorder::Applying applying(m_portfolio->m_recorder);
-    m_roles.restoreTo(*m_holding);
-}
-
-void DeleteHoldingCommand::redo()
-{
-    m_roles = HoldingRoles::of(*m_holding);
-    m_portfolio->takeHoldingWithoutRecording(m_index);
 }

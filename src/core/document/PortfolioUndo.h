@@ -89,30 +89,34 @@ struct HoldingRoles
     void restoreTo(Holding &holding) const;
 };
 
-class InsertHoldingCommand : public QUndoCommand
+// One holding at one place in the list, leaving and returning: insertion and deletion are the
+// same two steps in opposite order.
+class HoldingPlacementCommand : public QUndoCommand
+{
+protected:
+    HoldingPlacementCommand(const char *actionName, BondPortfolio *portfolio, HoldingRef holding, int index);
+    void putBack();
+    void takeOut();
+
+private:
+    BondPortfolio *m_portfolio;
+    HoldingRef m_holding;
+    int m_index;
+    HoldingRoles m_roles; // as they were when the holding last left
+};
+
+class InsertHoldingCommand : public HoldingPlacementCommand
 {
 public:
     InsertHoldingCommand(BondPortfolio *portfolio, HoldingRef holding, int index);
-    void undo() override;
-    void redo() override;
-
-private:
-    BondPortfolio *m_portfolio;
-    HoldingRef m_holding;
-    int m_index;
-    HoldingRoles m_roles; // as they were when the insertion was undone
+    void undo() override { takeOut(); }
+    void redo() override { putBack(); }
 };
 
-class DeleteHoldingCommand : public QUndoCommand
+class DeleteHoldingCommand : public HoldingPlacementCommand
 {
 public:
     DeleteHoldingCommand(BondPortfolio *portfolio, int index);
-    void undo() override;
-    void redo() override;
-
-private:
-    BondPortfolio *m_portfolio;
-    HoldingRef m_holding;
-    int m_index;
-    HoldingRoles m_roles;
+    void undo() override { putBack(); }
+    void redo() override { takeOut(); }
 };

@@ -25,6 +25,21 @@ quint64 recordKey(char series, int ryr, int rmo, int iyr)
     return (quint64(quint8(series)) << 40) | (quint64(quint32(monthIndex(ryr, rmo))) << 16) | quint64(quint16(iyr));
 }
 
+PriceRecord &recordFor(QHash<quint64, PriceRecord> &records, char series, int ryr, int rmo, int iyr)
+{
+    auto record = records.find(recordKey(series, ryr, rmo, iyr));
+    if (record == records.end()) {
+        PriceRecord fresh;
+        fresh.series = series;
+        fresh.ryr = static_cast<quint16>(ryr);
+        fresh.rmo = static_cast<quint8>(rmo);
+        fresh.iyr = static_cast<quint16>(iyr);
+        fresh.value.fill(NoData);
+        record = records.insert(recordKey(fresh), fresh);
+    }
+    return *record;
+}
+
 int complete(QHash<quint64, PriceRecord> &records)
 {
     // Every bond's known values by redemption month.
@@ -52,18 +67,9 @@ int complete(QHash<quint64, PriceRecord> &records)
             continue; // not matured within the data, or never issued
         for (int redemption = std::max(maturity, first); redemption <= last; ++redemption) {
             const int ryr = redemption / 12, rmo = redemption % 12 + 1;
-            auto record = records.find(recordKey(series, ryr, rmo, issueYear));
-            if (record == records.end()) {
-                PriceRecord fresh;
-                fresh.series = series;
-                fresh.ryr = static_cast<quint16>(ryr);
-                fresh.rmo = static_cast<quint8>(rmo);
-                fresh.iyr = static_cast<quint16>(issueYear);
-                fresh.value.fill(NoData);
-                record = records.insert(recordKey(fresh), fresh);
-            }
-            if (record->value[issueMonth - 1] == NoData) {
-                record->value[issueMonth - 1] = matured.value();
+            qint32 &value = recordFor(records, series, ryr, rmo, issueYear).value[issueMonth - 1];
+            if (value == NoData) {
+                value = matured.value();
                 ++filled;
             }
         }

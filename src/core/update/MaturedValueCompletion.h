@@ -17,6 +17,10 @@ inline quint64 recordKey(const PriceRecord &record)
     return recordKey(record.series, record.ryr, record.rmo, record.iyr);
 }
 
+// The record of a series, redemption month and issue year; added, every issue month without data,
+// when there is none yet.
+PriceRecord &recordFor(QHash<quint64, PriceRecord> &records, char series, int ryr, int rmo, int iyr);
+
 // Fills, in place, the issue months without data (-2) from each matured bond's final maturity to
 // the latest redemption month, adding records (other months without data) where none exists.
 // Values are never changed. Returns the number of issue months filled.

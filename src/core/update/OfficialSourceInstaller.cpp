@@ -35,17 +35,7 @@ QHash<quint64, PriceRecord> installedRecords(sqlite3 *db, QString *error)
         const int iyr = sqlite3_column_int(stmt, 3), imo = sqlite3_column_int(stmt, 4);
         if (rmo < 1 || rmo > 12 || imo < 1 || imo > 12)
             continue;
-        auto record = records.find(recordKey(series, ryr, rmo, iyr));
-        if (record == records.end()) {
-            PriceRecord fresh;
-            fresh.series = series;
-            fresh.ryr = static_cast<quint16>(ryr);
-            fresh.rmo = static_cast<quint8>(rmo);
-            fresh.iyr = static_cast<quint16>(iyr);
-            fresh.value.fill(static_cast<qint32>(RedemptionMarker::NoPricingData));
-            record = records.insert(recordKey(fresh), fresh);
-        }
-        record->value[imo - 1] = sqlite3_column_int(stmt, 5);
+        MaturedValueCompletion::recordFor(records, series, ryr, rmo, iyr).value[imo - 1] = sqlite3_column_int(stmt, 5);
     }
     sqlite3_finalize(stmt);
     return records;
