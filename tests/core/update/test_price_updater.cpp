@@ -107,6 +107,11 @@ protected:
     }
 
     QStringList installed() const { return BondAssessor(database).installedFiles(); }
+    // A month of the one range announcement recorded.
+    QDateTime announced(const char *key) const
+    {
+        return recorder.ranges.value(0).value(QString::fromLatin1(key)).toDateTime();
+    }
     QString latestMonth() const
     {
         return queryText(database, QStringLiteral("select ryr || '-' || rmo from max_rdate"));
@@ -154,10 +159,8 @@ TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
     EXPECT_EQ(availability, QList<bool>({true, false}));
 
     ASSERT_EQ(recorder.ranges.size(), 1);
-    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(),
-              BondAssessor::monthDate(2030, 3));
-    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMinimumRedemptionDateKey)).toDateTime(),
-              BondAssessor::monthDate(2030, 1));
+    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2030, 3));
+    EXPECT_EQ(announced(QBMinimumRedemptionDateKey), BondAssessor::monthDate(2030, 1));
     EXPECT_EQ(recorder.rangeSenders[0], updater.get());
 
     // 25 records: a bar of 2 steps, stepped after records 0, 10 and 20, then set to its maximum.
@@ -192,8 +195,7 @@ TEST_F(PriceUpdaterTest, InstallingNothingStillRebuildsAndAnnounces)
     EXPECT_EQ(recorder.statuses, QStringList({Optimizing, AllInstalled}));
     EXPECT_TRUE(server.requestedPaths().isEmpty());
     ASSERT_EQ(recorder.ranges.size(), 1);
-    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(),
-              BondAssessor::monthDate(2030, 1));
+    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2030, 1));
 }
 
 TEST_F(PriceUpdaterTest, EntriesResolveAgainstTheBaseOrStandAlone)
@@ -234,18 +236,26 @@ TEST_F(PriceUpdaterTest, WorkerFinishesWhenTheUpdaterGoesAway)
     EXPECT_EQ(recorder.rangeSenders[0], nullptr);
 }
 
-// A second check after one that found February: a failing catalogue says why in the status and
-// keeps the list; a slow or redirected one is read as usual.
-struct CatalogueReply
+// One way a server answers a request, and the status the updater ends up showing.
+struct ReplyCase
 {
     const char *name;
     Response response;
     QString status;
 };
 
-class CatalogueReplyTest : public PriceUpdaterTest, public ::testing::WithParamInterface<CatalogueReply>
+std::string replyCaseName(const ::testing::TestParamInfo<ReplyCase> &info)
+{
+    return info.param.name;
+}
+
+class ReplyTest : public PriceUpdaterTest, public ::testing::WithParamInterface<ReplyCase>
 {
 };
+
+// A second check after one that found February: a failing catalogue says why in the status and
+// keeps the list; a slow or redirected one is read as usual.
+using CatalogueReplyTest = ReplyTest;
 
 TEST_P(CatalogueReplyTest, EndsInItsStatusAndKeepsTheList)
 {
@@ -271,33 +281,24 @@ const QByteArray numbers = "<?xml version=\"1.0\"?><plist version=\"1.0\"><array
 INSTANTIATE_TEST_SUITE_P(
     Replies, CatalogueReplyTest,
     ::testing::Values(
-        CatalogueReply{"Slow", Response{200, UpdateCatalogue::encode({January, February}), Behaviour::Trickle}, QStringLiteral("1 update(s) available")},
-        CatalogueReply{"Redirected", Response{301, "", Behaviour::Answer, "/moved/AvailableBondData.plist"}, QStringLiteral("1 update(s) available")},
-        CatalogueReply{"Missing", Response{404, "no such file"}, Unavailable},
-        CatalogueReply{"EmptyReply", Response{200, ""}, Unavailable},
-        CatalogueReply{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, Unavailable},
-        CatalogueReply{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, Unavailable},
-        CatalogueReply{"ServerError", Response{500, UpdateCatalogue::encode({March})}, Unavailable},
-        CatalogueReply{"TooLarge", Response{200, QByteArray(8192, ' ')}, Unavailable},
-        CatalogueReply{"RedirectLoop", Response{302, "", Behaviour::Answer, "/updates/AvailableBondData.plist"}, Unavailable},
-        CatalogueReply{"RedirectToFile", Response{302, "", Behaviour::Answer, "file:///etc/hostname"}, Unavailable},
-        CatalogueReply{"NotAPropertyList", Response{200, "<html>Not here</html>"}, Corrupt},
-        CatalogueReply{"Dictionary", Response{200, dictionary}, Corrupt},
-        CatalogueReply{"ArrayOfNumbers", Response{200, numbers}, Corrupt}),
-    [](const auto &info) { return std::string(info.param.name); });
+        ReplyCase{"Slow", Response{200, UpdateCatalogue::encode({January, February}), Behaviour::Trickle}, QStringLiteral("1 update(s) available")},
+        ReplyCase{"Redirected", Response{301, "", Behaviour::Answer, "/moved/AvailableBondData.plist"}, QStringLiteral("1 update(s) available")},
+        ReplyCase{"Missing", Response{404, "no such file"}, Unavailable},
+        ReplyCase{"EmptyReply", Response{200, ""}, Unavailable},
+        ReplyCase{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, Unavailable},
+        ReplyCase{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, Unavailable},
+        ReplyCase{"ServerError", Response{500, UpdateCatalogue::encode({March})}, Unavailable},
+        ReplyCase{"TooLarge", Response{200, QByteArray(8192, ' ')}, Unavailable},
+        ReplyCase{"RedirectLoop", Response{302, "", Behaviour::Answer, "/updates/AvailableBondData.plist"}, Unavailable},
+        ReplyCase{"RedirectToFile", Response{302, "", Behaviour::Answer, "file:///etc/hostname"}, Unavailable},
+        ReplyCase{"NotAPropertyList", Response{200, "<html>Not here</html>"}, Corrupt},
+        ReplyCase{"Dictionary", Response{200, dictionary}, Corrupt},
+        ReplyCase{"ArrayOfNumbers", Response{200, numbers}, Corrupt}),
+    replyCaseName);
 
 // A file that fails in the middle of a run: the files before it stay installed, the run stops,
-// and the next check offers exactly the rest.
-struct FileFailure
-{
-    const char *name;
-    Response response;
-    QString lastStatusBeforeOptimizing;
-};
-
-class FileFailureTest : public PriceUpdaterTest, public ::testing::WithParamInterface<FileFailure>
-{
-};
+// and the next check offers exactly the rest. The status is the last before "Optimizing".
+using FileFailureTest = ReplyTest;
 
 TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
 {
@@ -312,7 +313,7 @@ TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
     installAll(*updater);
     ASSERT_GE(recorder.statuses.size(), 3);
     EXPECT_EQ(recorder.statuses.mid(recorder.statuses.size() - 3),
-              QStringList({GetParam().lastStatusBeforeOptimizing, Optimizing, SomeFailed}));
+              QStringList({GetParam().status, Optimizing, SomeFailed}));
     EXPECT_FALSE(recorder.statuses.contains(QStringLiteral("Downloading update 3 of 3")));
     EXPECT_FALSE(updater->availableUpdates().has_value());
     EXPECT_FALSE(updater->updateAvailable());
@@ -320,24 +321,26 @@ TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
     EXPECT_EQ(latestMonth(), QStringLiteral("2030-2"));
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), 2 * 25 * 12);
     ASSERT_EQ(recorder.ranges.size(), 1);
-    EXPECT_EQ(recorder.ranges[0].value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(),
-              BondAssessor::monthDate(2030, 2));
+    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2030, 2));
 
     recorder = {};
     check(*updater);
     EXPECT_EQ(updater->availableUpdates(), offered({broken, March}));
 }
 
+// The broken file is the second of the three offered.
+const QString BrokenFileDownloading = QStringLiteral("Downloading update 2 of 3");
+
 INSTANTIATE_TEST_SUITE_P(
     Replies, FileFailureTest,
     ::testing::Values(
-        FileFailure{"Missing", Response{404, "no such file"}, QStringLiteral("Downloading update 2 of 3")},
-        FileFailure{"EmptyReply", Response{200, ""}, QStringLiteral("Downloading update 2 of 3")},
-        FileFailure{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, QStringLiteral("Downloading update 2 of 3")},
-        FileFailure{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, QStringLiteral("Downloading update 2 of 3")},
-        FileFailure{"TooLarge", Response{200, priceFile('I', 2030, 4, 2000, 100)}, QStringLiteral("Downloading update 2 of 3")},
-        FileFailure{"CollidesWithInstalledRows", Response{200, priceFile('I', 2030, 1, 2000, 25)}, Inconsistent}),
-    [](const auto &info) { return std::string(info.param.name); });
+        ReplyCase{"Missing", Response{404, "no such file"}, BrokenFileDownloading},
+        ReplyCase{"EmptyReply", Response{200, ""}, BrokenFileDownloading},
+        ReplyCase{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, BrokenFileDownloading},
+        ReplyCase{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, BrokenFileDownloading},
+        ReplyCase{"TooLarge", Response{200, priceFile('I', 2030, 4, 2000, 100)}, BrokenFileDownloading},
+        ReplyCase{"CollidesWithInstalledRows", Response{200, priceFile('I', 2030, 1, 2000, 25)}, Inconsistent}),
+    replyCaseName);
 
 // canPerformUpdate follows the file's (and its folder's) write permission.
 TEST(PriceUpdaterPermissions, CanPerformUpdateOnlyOnAWritableDatabase)
