@@ -9,6 +9,7 @@
 #include <QEventLoop>
 #include <QTimer>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <sqlite3.h>
 
@@ -32,37 +33,34 @@ inline QByteArray priceFile(char series, int ryr, int rmo, int firstIssueYear, i
     return PriceDataFile::encode(list);
 }
 
-// Runs one query that yields one integer (or text, with queryText).
-inline qint64 queryInt(const QString &database, const QString &sql)
+// The first column of every row a query yields, as text; the database is opened read-only.
+inline QStringList queryColumn(const QString &database, const QString &sql)
 {
     sqlite3 *db = nullptr;
-    qint64 result = -1;
+    QStringList rows;
     if (sqlite3_open_v2(database.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
         sqlite3_busy_timeout(db, 10000);
         sqlite3_stmt *stmt = nullptr;
-        if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &stmt, nullptr) == SQLITE_OK
-            && sqlite3_step(stmt) == SQLITE_ROW)
-            result = sqlite3_column_int64(stmt, 0);
+        if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &stmt, nullptr) == SQLITE_OK) {
+            while (sqlite3_step(stmt) == SQLITE_ROW)
+                rows << QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
+        }
         sqlite3_finalize(stmt);
     }
     sqlite3_close(db);
-    return result;
+    return rows;
 }
 
 inline QString queryText(const QString &database, const QString &sql)
 {
-    sqlite3 *db = nullptr;
-    QString result;
-    if (sqlite3_open_v2(database.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
-        sqlite3_busy_timeout(db, 10000);
-        sqlite3_stmt *stmt = nullptr;
-        if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &stmt, nullptr) == SQLITE_OK
-            && sqlite3_step(stmt) == SQLITE_ROW)
-            result = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
-        sqlite3_finalize(stmt);
-    }
-    sqlite3_close(db);
-    return result;
+    return queryColumn(database, sql).value(0);
+}
+
+// -1 when the query yields no row.
+inline qint64 queryInt(const QString &database, const QString &sql)
+{
+    const QStringList rows = queryColumn(database, sql);
+    return rows.isEmpty() ? -1 : rows.first().toLongLong();
 }
 
 // Installs files straight into a database, as the build does.

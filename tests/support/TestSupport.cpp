@@ -47,6 +47,20 @@ QString sourcePath(const QString &relative)
     return QStringLiteral(QUILLMERE_SOURCE_DIR "/") + relative;
 }
 
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(bytes);
+    return path;
+}
+
 ProcessResult runCli(const QStringList &arguments, const QStringList &environment)
 {
     QProcess process;

@@ -15,6 +15,9 @@ QString temporaryDirectory();
 QString emptyDatabase();
 // Path of a file under the source tree.
 QString sourcePath(const QString &relative);
+// A whole file's bytes (empty if it cannot be read); writing returns the path.
+QByteArray readFile(const QString &path);
+QString writeFile(const QString &path, const QByteArray &bytes);
 
 struct ProcessResult
 {
