@@ -1,3 +1,4 @@
+#include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
 #include "update/PriceDataFile.h"
@@ -7,6 +8,8 @@
 #include <QCoreApplication>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+
+using namespace PriceUpdateTestData;
 
 namespace {
 
@@ -26,36 +29,21 @@ class PriceDataInstallerTest : public testing::Test
 protected:
     void SetUp() override
     {
-        ASSERT_EQ(sqlite3_open(TestSupport::emptyDatabase().toUtf8().constData(), &m_db), SQLITE_OK);
+        ASSERT_EQ(sqlite3_open(m_path.toUtf8().constData(), &m_db), SQLITE_OK);
         m_feedback.status = [this](const QString &status) { m_statuses << status; };
         m_feedback.progress = [this](double value, double maximum) { m_progress = {value, maximum}; };
     }
     void TearDown() override { sqlite3_close(m_db); }
 
-    qint64 count(const char *sql)
-    {
-        sqlite3_stmt *stmt = nullptr;
-        sqlite3_prepare_v2(m_db, sql, -1, &stmt, nullptr);
-        const qint64 n = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int64(stmt, 0) : -1;
-        sqlite3_finalize(stmt);
-        return n;
-    }
-    QStringList dataFiles()
-    {
-        QStringList names;
-        sqlite3_stmt *stmt = nullptr;
-        sqlite3_prepare_v2(m_db, "select name from data_file order by rowid", -1, &stmt, nullptr);
-        while (sqlite3_step(stmt) == SQLITE_ROW)
-            names << QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
-        sqlite3_finalize(stmt);
-        return names;
-    }
+    qint64 count(const char *sql) const { return queryInt(m_path, QString::fromLatin1(sql)); }
+    QStringList dataFiles() const { return queryColumn(m_path, QStringLiteral("select name from data_file order by rowid")); }
     bool install(const QByteArray &data, const QString &name)
     {
         PriceDataInstaller installer(m_db, m_feedback);
         return installer.updatePricingDataWithData(data, name);
     }
 
+    const QString m_path = TestSupport::emptyDatabase();
     sqlite3 *m_db = nullptr;
     PriceDataInstaller::Feedback m_feedback;
     QStringList m_statuses;
@@ -75,19 +63,14 @@ TEST_F(PriceDataInstallerTest, TrailingBytesThatFillNoRecordAreIgnored)
     EXPECT_EQ(m_progress, std::make_pair(0.0, 0.0)); // two records: maximum 2 / 10 = 0
 }
 
-TEST_F(PriceDataInstallerTest, AFileTooShortForOneRecordIsStillRecorded)
+// Recorded under the exact name, quotes and all, though they add no rows.
+TEST_F(PriceDataInstallerTest, FilesTooShortForOneRecordAreStillRecorded)
 {
-    ASSERT_TRUE(install(QByteArray(55, 'N'), QStringLiteral("short.bin")));
+    const QString quoted = QStringLiteral("O'Neil's ''prices''.bin");
+    ASSERT_TRUE(install(QByteArray(55, 'N'), quoted));
     ASSERT_TRUE(install(QByteArray(), QStringLiteral("empty.bin")));
     EXPECT_EQ(count("select count(*) from bond_value"), 0);
-    EXPECT_EQ(dataFiles(), QStringList({QStringLiteral("short.bin"), QStringLiteral("empty.bin")}));
-}
-
-TEST_F(PriceDataInstallerTest, NamesWithQuotesAreRecordedIntact)
-{
-    const QString name = QStringLiteral("O'Neil's ''prices''.bin");
-    ASSERT_TRUE(install(QByteArray(), name));
-    EXPECT_EQ(dataFiles(), QStringList{name});
+    EXPECT_EQ(dataFiles(), QStringList({quoted, QStringLiteral("empty.bin")}));
 }
 
 TEST_F(PriceDataInstallerTest, AFileRepeatingPresentRowsRollsBackWhole)
