@@ -1,5 +1,7 @@
 #include "update/UpdateCatalogue.h"
 
+#include "document/PlistInputGuard.h"
+
 #include <QSet>
 #include <limits>
 #include <memory>
@@ -7,6 +9,11 @@
 
 namespace {
 using PlistPtr = std::unique_ptr<void, decltype(&plist_free)>;
+
+// A catalogue is one array of names: a few levels deep and a few hundred values. The bounds are
+// far above that, and keep a hostile reply from exhausting the stack or memory in the parser.
+constexpr int MaximumDepth = 16;
+constexpr qint64 MaximumValues = 100'000;
 
 UpdateCatalogue::Status corrupt(QString *error, const QString &why)
 {
@@ -24,8 +31,25 @@ UpdateCatalogue UpdateCatalogue::parse(const QByteArray &data)
         catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("catalogue too large"));
         return catalogue;
     }
+    // The reply comes from the network, so it is screened before the parser sees it.
+    const PlistInputGuard::Format format = PlistInputGuard::detectFormat(data);
+    if (format == PlistInputGuard::Format::Unknown) {
+        catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("not a property list"));
+        return catalogue;
+    }
+    const bool binary = format == PlistInputGuard::Format::Binary;
+    QString problem;
+    const bool acceptable = binary ? PlistInputGuard::checkBinary(data, MaximumDepth, MaximumValues, &problem)
+                                   : PlistInputGuard::checkXml(data, MaximumDepth, MaximumValues, &problem);
+    if (!acceptable) {
+        catalogue.m_status = corrupt(&catalogue.m_error, problem);
+        return catalogue;
+    }
     plist_t root = nullptr;
-    plist_from_memory(data.constData(), static_cast<uint32_t>(data.size()), &root);
+    if (binary)
+        plist_from_bin(data.constData(), static_cast<uint32_t>(data.size()), &root);
+    else
+        plist_from_xml(data.constData(), static_cast<uint32_t>(data.size()), &root);
     PlistPtr owner(root, &plist_free);
     if (!root) {
         catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("not a property list"));

@@ -28,6 +28,43 @@ QByteArray xml(const char *body)
     return QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">") + body + "</plist>";
 }
 
+// Arrays inside arrays, far deeper than any parser's stack allows for by recursion.
+QByteArray deeplyNestedXml(int levels)
+{
+    const QByteArray body = QByteArray("<array>").repeated(levels) + QByteArray("</array>").repeated(levels);
+    return xml(body.constData());
+}
+
+// A small binary list whose arrays each refer `width` times to the next one, the last holding a
+// name: expanded, it would hold width^levels values.
+QByteArray fanningOutBinary(int levels, int width)
+{
+    QByteArray body("bplist00");
+    QList<int> offsets;
+    for (int level = 0; level < levels; ++level) {
+        offsets << int(body.size());
+        body += char(0xAF); // an array whose length follows as a one-byte integer
+        body += char(0x10);
+        body += char(width);
+        body += QByteArray(width, char(level + 1));
+    }
+    offsets << int(body.size());
+    body += "\x55" "a.bin";
+    const qint64 table = body.size();
+    for (int offset : offsets) {
+        body += char(offset >> 8);
+        body += char(offset & 0xFF);
+    }
+    QByteArray trailer(32, '\0');
+    trailer[6] = 2; // offset width
+    trailer[7] = 1; // reference width
+    for (int i = 0; i < 8; ++i) {
+        trailer[8 + 7 - i] = char((offsets.size() >> (8 * i)) & 0xFF);
+        trailer[24 + 7 - i] = char((table >> (8 * i)) & 0xFF);
+    }
+    return body + trailer;
+}
+
 struct CatalogueCase
 {
     const char *name;
@@ -69,6 +106,28 @@ INSTANTIATE_TEST_SUITE_P(
         CatalogueCase{"NestedArray", xml("<array><array><string>a.bin</string></array></array>"), Status::Corrupt, {}},
         CatalogueCase{"EmptyName", xml("<array><string>a.bin</string><string></string></array>"), Status::Corrupt, {}}),
     [](const auto &info) { return std::string(info.param.name); });
+
+// A reply from the network is refused before parsing when it would take the parser's stack or
+// memory; the first cases show the same shapes are read when small.
+TEST(CatalogueScreening, RefusesRepliesThatWouldExhaustTheParser)
+{
+    struct Case
+    {
+        const char *name;
+        QByteArray data;
+        const char *errorMentions;
+    };
+    for (const Case &c : {Case{"shallow", deeplyNestedXml(3), "entry 0 is not a string"},
+                          Case{"narrow", fanningOutBinary(3, 2), "entry 0 is not a string"},
+                          Case{"deepXml", deeplyNestedXml(1'000'000), "nested"},
+                          Case{"deepBinary", fanningOutBinary(200, 1), "nested"},
+                          Case{"wide", fanningOutBinary(4, 200), "more than"}}) {
+        SCOPED_TRACE(c.name);
+        const UpdateCatalogue catalogue = UpdateCatalogue::parse(c.data);
+        EXPECT_EQ(catalogue.status(), UpdateCatalogue::Status::Corrupt);
+        EXPECT_TRUE(catalogue.error().contains(QLatin1String(c.errorMentions))) << catalogue.error().toStdString();
+    }
+}
 
 TEST(UpdateLocation, ResolvesEntriesAgainstTheBase)
 {
