@@ -41,13 +41,7 @@ QStringList environment(const QString &database)
 
 QString names(const QString &database)
 {
-    QStringList list;
-    for (int i = 0;; ++i) {
-        const QString name = queryText(database, QStringLiteral("select name from data_file limit 1 offset %1").arg(i));
-        if (name.isEmpty())
-            return list.join(QLatin1Char(','));
-        list << name;
-    }
+    return queryColumn(database, QStringLiteral("select name from data_file order by rowid")).join(QLatin1Char(','));
 }
 
 // One published directory, served for all tests of this file.
@@ -68,10 +62,11 @@ protected:
         delete directory;
     }
 
-    static TestSupport::ProcessResult update(const QString &database, const QStringList &arguments = {})
+    static TestSupport::ProcessResult update(const QString &database, const QStringList &arguments = {},
+                                             const char *path = "/bonddata/")
     {
         return TestSupport::runCli(QStringList{QStringLiteral("update"), QStringLiteral("--base-url"),
-                                               server->url(QStringLiteral("/bonddata/")).toString()}
+                                               server->url(QString::fromLatin1(path)).toString()}
                                        + arguments,
                                    environment(database));
     }
@@ -144,10 +139,7 @@ TEST_F(UpdateCommands, FailuresExitNonZeroWithTheStatus)
                                "Update information unavailable. Check internet connections and try again.\n"},
                           Case{"/garbled/", {}, "Download corrupt; unable to update\n"}}) {
         SCOPED_TRACE(c.path);
-        const auto result = TestSupport::runCli(QStringList{QStringLiteral("update"), QStringLiteral("--base-url"),
-                                                            server->url(QString::fromLatin1(c.path)).toString()}
-                                                    + c.extra,
-                                                environment(database));
+        const auto result = update(database, c.extra, c.path);
         EXPECT_EQ(result.exitCode, 1);
         EXPECT_TRUE(result.standardOutput.endsWith(c.status)) << result.standardOutput.toStdString();
     }
@@ -193,17 +185,11 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnceAndRefusesContradictions)
     EXPECT_TRUE(again.standardError.contains("already installed"));
 
     // The same months under another name, one value changed: refused whole.
-    QFile original(file);
-    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    QByteArray text = original.readAll();
+    QByteArray text = TestSupport::readFile(file);
     const qsizetype line = text.indexOf("\nN2021061990");
     ASSERT_GT(line, 0);
     text[line + 12 + 5] = text[line + 12 + 5] == '9' ? '8' : '9'; // the January value's last digit
-    const QString altered = TestSupport::temporaryDirectory() + QStringLiteral("/sb202106-revised.asc");
-    QFile revised(altered);
-    ASSERT_TRUE(revised.open(QIODevice::WriteOnly));
-    revised.write(text);
-    revised.close();
+    const QString altered = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/sb202106-revised.asc"), text);
     const auto refused = TestSupport::runCli({QStringLiteral("install-treasury-file"), altered}, environment(database));
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(refused.standardError.contains("differ from those installed")) << refused.standardError.toStdString();
