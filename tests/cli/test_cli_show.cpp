@@ -1,8 +1,6 @@
 #include "../core/QtPrinters.h"
 #include "TestSupport.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -54,11 +52,8 @@ TEST(CliShow, JsonHasPenniesTotalsAndYearlySummary)
 
 TEST(CliShow, RefusesWhatItCannotShow)
 {
-    const QString junk = TestSupport::temporaryDirectory() + QStringLiteral("/junk.bondportfolio");
-    QFile file(junk);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("not a portfolio at all");
-    file.close();
+    const QString junk = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/junk.bondportfolio"),
+                                                "not a portfolio at all");
     struct Case { QStringList arguments; const char *message; };
     const Case cases[] = {
         {{"show", junk}, "portfolio"},
@@ -82,11 +77,9 @@ TEST(CliMakeSample, WritesTheCommittedExampleAgain)
     ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
     for (const char *name : {"people.vcf", "sample.bondportfolio"}) {
         SCOPED_TRACE(name);
-        QFile made(folder + u'/' + QString::fromLatin1(name));
-        QFile committed(TestSupport::sourcePath(QStringLiteral("examples/") + QString::fromLatin1(name)));
-        ASSERT_TRUE(made.open(QIODevice::ReadOnly));
-        ASSERT_TRUE(committed.open(QIODevice::ReadOnly));
-        EXPECT_EQ(made.readAll(), committed.readAll());
+        const QByteArray made = TestSupport::readFile(folder + u'/' + QString::fromLatin1(name));
+        EXPECT_FALSE(made.isEmpty());
+        EXPECT_EQ(made, TestSupport::readFile(TestSupport::sourcePath(QStringLiteral("examples/") + QString::fromLatin1(name))));
     }
 }
 

@@ -1,6 +1,5 @@
 #include "TestSupport.h"
 
-#include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -91,13 +90,10 @@ TEST(CliDatabase, MissingOrUnreadableDatabaseIsAClearFailure)
     EXPECT_NE(missing.exitCode, 0);
     EXPECT_TRUE(missing.standardError.contains("does not exist")) << missing.standardError.toStdString();
 
-    QFile garbage(dir + QStringLiteral("/garbage.bvdb"));
-    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly));
-    garbage.write(QByteArray(2048, 'g'));
-    garbage.close();
-    const auto unreadable = value({"--series", "EE", "--face", "25", "--issued", "1990-01"}, withDatabase(garbage.fileName()));
+    const QString garbage = TestSupport::writeFile(dir + QStringLiteral("/garbage.bvdb"), QByteArray(2048, 'g'));
+    const auto unreadable = value({"--series", "EE", "--face", "25", "--issued", "1990-01"}, withDatabase(garbage));
     EXPECT_NE(unreadable.exitCode, 0);
-    EXPECT_TRUE(unreadable.standardError.contains("Unable to load essential resources from " + garbage.fileName().toUtf8()))
+    EXPECT_TRUE(unreadable.standardError.contains("Unable to load essential resources from " + garbage.toUtf8()))
         << unreadable.standardError.toStdString();
 }
 
@@ -118,14 +114,12 @@ TEST(CliDatabase, ReportsRangeCountAndInstalledFiles)
 TEST(CliBuildDatabase, RefusesAMalformedSourceNamingFileAndLine)
 {
     const QString dir = TestSupport::temporaryDirectory();
-    QFile source(dir + QStringLiteral("/sb202106.asc"));
-    ASSERT_TRUE(source.open(QIODevice::WriteOnly));
-    source.write("E2021061980011062\r\nE2021061979011062\r\nX2021061978011062\r\n");
-    source.close();
+    const QString source = TestSupport::writeFile(dir + QStringLiteral("/sb202106.asc"),
+                                                  "E2021061980011062\r\nE2021061979011062\r\nX2021061978011062\r\n");
     const QString out = dir + QStringLiteral("/built.bvdb");
-    const auto result = TestSupport::runCli({"build-database", "--out", out, source.fileName()});
+    const auto result = TestSupport::runCli({"build-database", "--out", out, source});
     EXPECT_NE(result.exitCode, 0);
-    EXPECT_TRUE(result.standardError.contains(source.fileName().toUtf8() + ":3: bad series letter 'X'")) << result.standardError.toStdString();
+    EXPECT_TRUE(result.standardError.contains(source.toUtf8() + ":3: bad series letter 'X'")) << result.standardError.toStdString();
     EXPECT_FALSE(QFile::exists(out));
 }
 
