@@ -4,7 +4,6 @@
 #include "../ValueTableFixture.h"
 #include "document/BondPortfolio.h"
 
-#include <QFile>
 #include <memory>
 
 class ExchangeFixture
@@ -34,19 +33,8 @@ public:
         return holding;
     }
 
-    static QByteArray contents(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    static QString write(const QString &path, const QByteArray &bytes)
-    {
-        QFile file(path);
-        if (file.open(QIODevice::WriteOnly))
-            file.write(bytes);
-        return path;
-    }
+    static QByteArray contents(const QString &path) { return TestSupport::readFile(path); }
+    static QString write(const QString &path, const QByteArray &bytes) { return TestSupport::writeFile(path, bytes); }
 
     PeopleFixture people;
     std::unique_ptr<BondPortfolio> portfolio;
