@@ -1,8 +1,7 @@
+#include "../ValueTableFixture.h"
 #include "TestSupport.h"
 
 #include "model/Series.h"
-#include "update/PriceDataFile.h"
-#include "update/PriceDataInstaller.h"
 #include "valuation/BondAssessor.h"
 #include "valuation/RedemptionDatabase.h"
 
@@ -11,7 +10,6 @@
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 #include <memory>
-#include <sqlite3.h>
 
 namespace {
 
@@ -120,29 +118,10 @@ TEST(ShippedDatabase, ValuesSinceIssueListPositiveValuesInMonthOrder)
     EXPECT_TRUE(ee.contains(QStringLiteral("US SAVINGS BOND,51.84,11/1/2021\r"))); // neither scaled nor corrected
 }
 
-// A database holding exactly one record: series N, 2000-01, issue year 1990, value 3000 in January.
-QString oneRecordDatabase()
-{
-    const QString path = TestSupport::emptyDatabase();
-    PriceRecord record;
-    record.series = 'N';
-    record.ryr = 2000;
-    record.rmo = 1;
-    record.iyr = 1990;
-    record.value.fill(-1);
-    record.value[0] = 3000;
-    record.value[1] = 0;
-    sqlite3 *db = nullptr;
-    sqlite3_open(path.toUtf8().constData(), &db);
-    PriceDataInstaller installer(db);
-    EXPECT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode({record}), QStringLiteral("one")));
-    sqlite3_close(db);
-    return path;
-}
-
 TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
 {
-    const BondAssessor assessor(oneRecordDatabase());
+    ValueTable values; // one stored value and one stored zero
+    const BondAssessor assessor(values.add("N", 2000, 1, 1990, 1, 3000).add("N", 2000, 1, 1990, 2, 0).finish());
     const QDateTime asOf = BondAssessor::monthDate(2000, 1);
     for (auto [face, expected] : {std::pair<Pennies, qint64>{5000, 6000}, {1000, 1200}, {1, 1}, {2500, 3000}}) {
         SCOPED_TRACE(face);
@@ -152,8 +131,6 @@ TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
     BondTerms undated = bond("N", 1990, 1);
     undated.issueDate = QDateTime();
     EXPECT_EQ(assessor.valueOf(undated, asOf), RedemptionMarker::NoIssueDate);
-    // The summary tables were never rebuilt: no range.
-    EXPECT_FALSE(assessor.minimumRedemptionDate().isValid());
 }
 
 TEST(BondAssessor, MissingFileAnswersNothing)
@@ -168,11 +145,7 @@ TEST(BondAssessor, MissingFileAnswersNothing)
 
 TEST(BondAssessor, UnreadableFileIsReportedWithItsPath)
 {
-    const QString path = TestSupport::temporaryDirectory() + QStringLiteral("/garbage.bvdb");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(4096, 'x'));
-    file.close();
+    const QString path = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/garbage.bvdb"), QByteArray(4096, 'x'));
     const BondAssessor assessor(path);
     EXPECT_EQ(assessor.state(), BondAssessor::State::Unreadable);
     EXPECT_EQ(assessor.errorMessage(), QStringLiteral("Unable to load essential resources from %1").arg(path));
