@@ -52,14 +52,6 @@ INSTANTIATE_TEST_SUITE_P(
                     IssuePriceCase{"N", -5, true, -2}, IssuePriceCase{"N", 5, true, 2},
                     IssuePriceCase{"E", 10, true, 7}));
 
-TEST(Series, SharePricesAreFixedPerCode)
-{
-    EXPECT_DOUBLE_EQ(Series::seriesForCode(QStringLiteral("E"))->sharePrice(), 18.75);
-    EXPECT_DOUBLE_EQ(Series::eeBond()->sharePrice(), 12.5);
-    EXPECT_DOUBLE_EQ(Series::seriesForCode(QStringLiteral("I"))->sharePrice(), 25.0);
-    EXPECT_DOUBLE_EQ(Series::seriesForCode(QStringLiteral("S"))->sharePrice(), 20.25);
-}
-
 TEST(Series, DefaultSeriesFallsBackToEEAndRefusesUnknownCodes)
 {
     const QString key = QString::fromLatin1(UserDefaults::DefaultBondSeriesKey);
