@@ -2,7 +2,6 @@
 #include "../PeopleFixture.h"
 #include "model/Holding.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
@@ -59,18 +58,14 @@ TEST(PeopleStore, FailedSaveLeavesTheOldFileWhole)
     PeopleFixture people;
     people.person("Ann", "Smith");
     ASSERT_TRUE(people.store.save());
-    QFile file(people.store.path());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray before = file.readAll();
-    file.close();
+    const QByteArray before = TestSupport::readFile(people.store.path());
     PeopleStore blocked(people.store.path() + QStringLiteral("/not-a-folder/people.vcf"));
     PersonRecord fields;
     blocked.createRecord(fields);
     QString error;
     EXPECT_FALSE(blocked.save(&error));
     EXPECT_FALSE(error.isEmpty());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), before);
+    EXPECT_EQ(TestSupport::readFile(people.store.path()), before);
 }
 
 TEST(Person, NameNeedsBothNames)

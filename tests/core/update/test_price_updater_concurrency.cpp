@@ -8,7 +8,6 @@
 #include "update/UpdateConnection.h"
 #include "valuation/BondAssessor.h"
 
-#include <QFile>
 #include <QProcess>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -90,9 +89,8 @@ TEST(KilledInstallationChild, InstallsAndReportsHalfway)
     const QByteArray database = qgetenv(ChildDatabaseVariable);
     if (database.isEmpty())
         GTEST_SKIP() << "runs only as the child of KilledInstallation";
-    QFile file(QString::fromLocal8Bit(qgetenv(ChildFileVariable)));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray data = file.readAll();
+    const QByteArray data = TestSupport::readFile(QString::fromLocal8Bit(qgetenv(ChildFileVariable)));
+    ASSERT_FALSE(data.isEmpty());
     UpdateConnection connection(QString::fromLocal8Bit(database));
     bool reported = false;
     PriceDataInstaller::Feedback feedback;
@@ -110,12 +108,7 @@ TEST(KilledInstallationChild, InstallsAndReportsHalfway)
 TEST(KilledInstallation, LeavesNoneOfTheFile)
 {
     const QString database = databaseWithOneMonth();
-    const QString fileName = TestSupport::temporaryDirectory() + QStringLiteral("/large.bin");
-    {
-        QFile file(fileName);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(largeFile());
-    }
+    const QString fileName = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/large.bin"), largeFile());
     const qint64 rowsBefore = queryInt(database, QStringLiteral("select count(*) from bond_value"));
 
     QProcess child;
