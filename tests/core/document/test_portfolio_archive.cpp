@@ -43,29 +43,6 @@ protected:
     HoldingRef first, second;
 };
 
-TEST_F(PortfolioArchiveMapping, DecodesEveryFieldAndKeepsPeopleShared)
-{
-    const ArchiveRef root = PortfolioArchive::encodePortfolio({first, second}, {ann, bob});
-    const auto decoded = PortfolioArchive::decodePortfolio(root, people.store);
-    ASSERT_TRUE(decoded.ok) << decoded.error.toStdString();
-    ASSERT_EQ(decoded.holdings.size(), 2);
-    const HoldingRef h = decoded.holdings.at(0);
-    EXPECT_EQ(h->series()->code(), QStringLiteral("E"));
-    EXPECT_EQ(h->quantity(), 3);
-    EXPECT_EQ(h->faceValue(), Pennies(1) << 40);
-    EXPECT_EQ(h->issueDate(), first->issueDate());
-    EXPECT_EQ(h->serialNumber(), QStringLiteral("C123"));
-    EXPECT_FALSE(decoded.holdings.at(1)->isPaper());
-    EXPECT_TRUE(decoded.holdings.at(1)->serialNumber().isNull());
-    ASSERT_TRUE(decoded.hasTitleHolders);
-    const PersonRef decodedAnn = decoded.titleHolders.at(0);
-    EXPECT_TRUE(samePerson(decodedAnn.get(), ann.get()));
-    EXPECT_EQ(h->owner(), decodedAnn);
-    EXPECT_EQ(decoded.holdings.at(1)->beneficiary(), decodedAnn);
-    EXPECT_EQ(decodedAnn->ownerHoldingsCount(), QVariant(1));
-    EXPECT_EQ(decodedAnn->beneficiaryHoldingsCount(), QVariant(1));
-}
-
 TEST_F(PortfolioArchiveMapping, PersonMissingFromTheStoreVanishesFromListAndRoles)
 {
     PeopleFixture otherMachine; // knows nobody

@@ -5,7 +5,6 @@
 #include "document/KeyedArchive.h"
 #include "document/PortfolioArchive.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -44,6 +43,7 @@ protected:
         auto savingsNote = Holding::create();
         savingsNote->setSeries(Series::seriesForCode(QStringLiteral("S")));
         savingsNote->setPaper(false);
+        savingsNote->setFaceValue(Pennies(1) << 40);
         savingsNote->setOwner(bob);
         savingsNote->setCoOwner(ann);
         for (const HoldingRef &h : {ee, savingsNote})
@@ -94,6 +94,7 @@ TEST_F(PortfolioFileTest, SaveThenOpenGivesBackEveryFieldAndOnePersonObject)
     EXPECT_EQ(opened.holdings().at(0)->owner(), openedAnn);
     EXPECT_EQ(opened.holdings().at(1)->coOwner(), openedAnn);
     EXPECT_EQ(openedAnn->ownerHoldingsCount(), QVariant(1));
+    EXPECT_EQ(openedAnn->coOwnerHoldingsCount(), QVariant(1));
     EXPECT_EQ(opened.holdings().at(0)->value(), 2 * 8000);
 }
 
@@ -109,8 +110,6 @@ TEST_F(PortfolioFileTest, IndependentReaderSeesTheDocumentStructure)
     ASSERT_TRUE(reader.waitForFinished(60000));
     ASSERT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().toStdString();
     const QJsonObject out = QJsonDocument::fromJson(reader.readAllStandardOutput()).object();
-    EXPECT_EQ(out.value("format").toString(), QStringLiteral("binary"));
-    EXPECT_EQ(out.value("version").toInt(), 100000);
     const QJsonObject root = out.value("root").toObject();
     EXPECT_EQ(root.keys(), (QStringList{"holdings", "titleHolders"}));
     const QJsonObject ee = root.value("holdings").toArray().at(0).toObject();
@@ -168,10 +167,7 @@ TEST_F(PortfolioFileTest, FailedSaveKeepsTheOldFileAndTheEditedState)
     const auto portfolio = makePortfolio();
     const QString path = folder + QStringLiteral("/kept.bondportfolio");
     ASSERT_TRUE(portfolio->saveToFile(path));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray saved = file.readAll();
-    file.close();
+    const QByteArray saved = TestSupport::readFile(path);
     portfolio->holdings().at(0)->setQuantity(9);
     EXPECT_TRUE(portfolio->isEdited());
     QString error;
@@ -179,8 +175,7 @@ TEST_F(PortfolioFileTest, FailedSaveKeepsTheOldFileAndTheEditedState)
     EXPECT_FALSE(error.isEmpty());
     EXPECT_TRUE(portfolio->isEdited());
     EXPECT_EQ(portfolio->fileName(), path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), saved);
+    EXPECT_EQ(TestSupport::readFile(path), saved);
 }
 
 } // namespace
