@@ -3,9 +3,10 @@
 // answers also while the test blocks (waiting for a child process, say). Each path is scripted:
 // a status and a body, or a reply that never comes, a connection closed without a word, a body
 // sent in slow pieces. Unknown paths answer 404. Files of a folder can be served as they are.
+#include "TestSupport.h"
+
 #include <QByteArray>
 #include <QDir>
-#include <QFile>
 #include <QHash>
 #include <QMetaObject>
 #include <QMutex>
@@ -54,7 +55,6 @@ public:
     LocalHttpServer(const LocalHttpServer &) = delete;
     LocalHttpServer &operator=(const LocalHttpServer &) = delete;
 
-    quint16 port() const { return m_port; }
     QUrl url(const QString &path = QStringLiteral("/")) const
     {
         return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(m_port).arg(path));
@@ -66,20 +66,12 @@ public:
         m_responses.insert(path, response);
     }
     void setBody(const QString &path, const QByteArray &body) { setResponse(path, Response{200, body}); }
-    void removeResponse(const QString &path)
-    {
-        QMutexLocker locker(&m_mutex);
-        m_responses.remove(path);
-    }
     // Every file of the folder under the given path prefix (ending in "/").
     void serveDirectory(const QString &folder, const QString &prefix)
     {
         const QDir dir(folder);
-        for (const QString &name : dir.entryList(QDir::Files)) {
-            QFile file(dir.filePath(name));
-            if (file.open(QIODevice::ReadOnly))
-                setBody(prefix + name, file.readAll());
-        }
+        for (const QString &name : dir.entryList(QDir::Files))
+            setBody(prefix + name, TestSupport::readFile(dir.filePath(name)));
     }
     QStringList requestedPaths() const
     {
