@@ -1,11 +1,11 @@
 // Damaged and hostile files are refused with a message, never crash and never exhaust memory.
 #include "document/KeyedArchive.h"
 
+#include "HandMadePlist.h"
 #include "TestSupport.h"
 
 #include <QFile>
 #include <QTimeZone>
-#include <QtEndian>
 #include <gtest/gtest.h>
 #include <plist/plist.h>
 
@@ -92,42 +92,6 @@ QByteArray soundArchiveWith(const std::function<void(plist_t)> &change)
     Tree archive = soundArchive();
     change(archive.get());
     return binaryOf(archive.get());
-}
-
-// A binary property list written byte by byte, for shapes libplist would never write itself:
-// each object is an array of four-byte references.
-QByteArray handMadeBinary(const QList<QList<quint32>> &arrays)
-{
-    QByteArray data("bplist00");
-    QList<quint32> offsets;
-    for (const auto &references : arrays) {
-        offsets.append(quint32(data.size()));
-        data.append(char(0xAF)).append(char(0x12)); // array, length as a four-byte integer
-        for (quint32 value : QList<quint32>{quint32(references.size())} + references) {
-            const quint32 bigEndian = qToBigEndian(value);
-            data.append(reinterpret_cast<const char *>(&bigEndian), 4);
-        }
-    }
-    const quint64 tableOffset = quint64(data.size());
-    for (quint32 offset : offsets) {
-        const quint32 bigEndian = qToBigEndian(offset);
-        data.append(reinterpret_cast<const char *>(&bigEndian), 4);
-    }
-    data.append(QByteArray(6, '\0')).append(char(4)).append(char(4));
-    for (quint64 value : {quint64(arrays.size()), quint64(0), tableOffset}) {
-        const quint64 bigEndian = qToBigEndian(value);
-        data.append(reinterpret_cast<const char *>(&bigEndian), 8);
-    }
-    return data;
-}
-
-QList<QList<quint32>> chainOfArrays(int length, int referencesEach)
-{
-    QList<QList<quint32>> arrays;
-    for (int i = 0; i < length; ++i)
-        arrays.append(QList<quint32>(referencesEach, quint32(i + 1)));
-    arrays.append(QList<quint32>());
-    return arrays;
 }
 
 // An archive whose root array holds an array that holds an array..., `depth` of them.
@@ -223,10 +187,10 @@ TEST(KeyedArchiveRefusal, DamagedOrHostileFilesAreRefused)
         {"XML that is not a property list", "<html><body>hi</body></html>", notOurs},
         {"truncated", binaryOf(soundArchive().get()).left(60), "damaged"},
         {"over 64 MiB", QByteArray("bplist00") + QByteArray(64 * 1024 * 1024, '\0'), "too large"},
-        {"property list nested 2000 deep", handMadeBinary(chainOfArrays(2000, 1)), "nested more than 1000"},
+        {"property list nested 2000 deep", HandMadePlist::binary(HandMadePlist::chainOfArrays(2000, 1)), "nested more than 1000"},
         {"XML nested 2000 deep", "<plist>" + QByteArray("<array>").repeated(2000), "nested more than 1000"},
-        {"references fanning out to 2^40 values", handMadeBinary(chainOfArrays(40, 2)), "more than 4000000 values"},
-        {"property list containing itself", handMadeBinary({{1}, {0}}), "contains itself"},
+        {"references fanning out to 2^40 values", HandMadePlist::binary(HandMadePlist::chainOfArrays(40, 2)), "more than 4000000 values"},
+        {"property list containing itself", HandMadePlist::binary({{1}, {0}}), "contains itself"},
         {"archive objects nested 1001 deep", nestedArchive(1001), "nested more than 1000"},
         {"top level is an array", binaryOf(Tree(plist_new_array(), plist_free).get()), notOurs},
         {"other archiver", soundArchiveWith([](plist_t a) { plist_dict_set_item(a, "$archiver", plist_new_string("NSArchiver")); }), notOurs},

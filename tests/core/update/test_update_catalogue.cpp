@@ -1,5 +1,6 @@
 // Reading the update catalogue in every form it may come in, and where the updater looks for its
 // files. (The delta against the installed files is tested through the updater.)
+#include "HandMadePlist.h"
 #include "model/UserDefaults.h"
 #include "update/UpdateCatalogue.h"
 #include "update/UpdateLocation.h"
@@ -35,34 +36,10 @@ QByteArray deeplyNestedXml(int levels)
     return xml(body.constData());
 }
 
-// A small binary list whose arrays each refer `width` times to the next one, the last holding a
-// name: expanded, it would hold width^levels values.
+// Arrays each referring `width` times to the next: expanded, width^levels values.
 QByteArray fanningOutBinary(int levels, int width)
 {
-    QByteArray body("bplist00");
-    QList<int> offsets;
-    for (int level = 0; level < levels; ++level) {
-        offsets << int(body.size());
-        body += char(0xAF); // an array whose length follows as a one-byte integer
-        body += char(0x10);
-        body += char(width);
-        body += QByteArray(width, char(level + 1));
-    }
-    offsets << int(body.size());
-    body += "\x55" "a.bin";
-    const qint64 table = body.size();
-    for (int offset : offsets) {
-        body += char(offset >> 8);
-        body += char(offset & 0xFF);
-    }
-    QByteArray trailer(32, '\0');
-    trailer[6] = 2; // offset width
-    trailer[7] = 1; // reference width
-    for (int i = 0; i < 8; ++i) {
-        trailer[8 + 7 - i] = char((offsets.size() >> (8 * i)) & 0xFF);
-        trailer[24 + 7 - i] = char((table >> (8 * i)) & 0xFF);
-    }
-    return body + trailer;
+    return HandMadePlist::binary(HandMadePlist::chainOfArrays(levels, width));
 }
 
 struct CatalogueCase

@@ -1,0 +1,49 @@
+#pragma once
+// Binary property lists written byte by byte, for shapes no library would write: every object is
+// an array of four-byte references to other objects.
+#include <QByteArray>
+#include <QList>
+#include <QtEndian>
+
+namespace HandMadePlist {
+
+inline void appendBigEndian(QByteArray &data, quint64 value, int bytes)
+{
+    for (int i = bytes - 1; i >= 0; --i)
+        data.append(char((value >> (8 * i)) & 0xFF));
+}
+
+// Object i is the array arrays[i]; object 0 is the top.
+inline QByteArray binary(const QList<QList<quint32>> &arrays)
+{
+    QByteArray data("bplist00");
+    QList<quint32> offsets;
+    for (const auto &references : arrays) {
+        offsets.append(quint32(data.size()));
+        data.append(char(0xAF)).append(char(0x12)); // array, length as a four-byte integer
+        appendBigEndian(data, quint64(references.size()), 4);
+        for (quint32 reference : references)
+            appendBigEndian(data, reference, 4);
+    }
+    const quint64 tableOffset = quint64(data.size());
+    for (quint32 offset : offsets)
+        appendBigEndian(data, offset, 4);
+    data.append(QByteArray(6, '\0')).append(char(4)).append(char(4));
+    appendBigEndian(data, quint64(arrays.size()), 8);
+    appendBigEndian(data, 0, 8);
+    appendBigEndian(data, tableOffset, 8);
+    return data;
+}
+
+// `length` arrays, each referring `referencesEach` times to the next, then an empty one: expanded,
+// it holds referencesEach^length values.
+inline QList<QList<quint32>> chainOfArrays(int length, int referencesEach)
+{
+    QList<QList<quint32>> arrays;
+    for (int i = 0; i < length; ++i)
+        arrays.append(QList<quint32>(referencesEach, quint32(i + 1)));
+    arrays.append(QList<quint32>());
+    return arrays;
+}
+
+} // namespace HandMadePlist
