@@ -5,26 +5,12 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
-#include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
 using namespace PriceUpdateTestData;
 
 namespace {
-
-QStringList sources(const QStringList &leaveOut = {})
-{
-    QStringList paths;
-    const QDir treasury(TestSupport::sourcePath(QStringLiteral("data/treasury")));
-    for (const QString &name : treasury.entryList({QStringLiteral("sb*.asc")}, QDir::Files, QDir::Name)) {
-        if (!leaveOut.contains(name))
-            paths << treasury.filePath(name);
-    }
-    if (!leaveOut.contains(QStringLiteral("i-bond-values.csv")))
-        paths << TestSupport::sourcePath(QStringLiteral("data/fiscaldata/i-bond-values.csv"));
-    return paths;
-}
 
 QString buildDatabase(const QStringList &sourcePaths)
 {
@@ -51,7 +37,7 @@ protected:
     static void SetUpTestSuite()
     {
         directory = new QString(TestSupport::temporaryDirectory() + QStringLiteral("/published"));
-        const auto published = TestSupport::runCli(QStringList{QStringLiteral("publish"), QStringLiteral("--out"), *directory} + sources());
+        const auto published = TestSupport::runCli(QStringList{QStringLiteral("publish"), QStringLiteral("--out"), *directory} + TestSupport::repositorySources());
         ASSERT_EQ(published.exitCode, 0) << published.standardError.toStdString();
         server = new LocalHttpServer;
         server->serveDirectory(*directory, QStringLiteral("/bonddata/"));
@@ -130,7 +116,7 @@ TEST_F(UpdateCommands, FailuresExitNonZeroWithTheStatus)
 
 TEST_F(UpdateCommands, ReadOnlyDatabaseIsCheckedButNotUpdated)
 {
-    const QString database = buildDatabase(sources({QStringLiteral("i-bond-values.csv")}));
+    const QString database = buildDatabase(TestSupport::repositorySources({QStringLiteral("i-bond-values.csv")}));
     QFile::setPermissions(database, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
     const QString csv = TestSupport::sourcePath(QStringLiteral("data/fiscaldata/i-bond-values.csv"));
@@ -149,7 +135,7 @@ TEST_F(UpdateCommands, ReadOnlyDatabaseIsCheckedButNotUpdated)
 TEST(InstallTreasuryFile, InstallsANewerFileOnceAndRefusesContradictions)
 {
     const QString newest = QStringLiteral("sb202106.asc");
-    const QString database = buildDatabase(sources({newest}));
+    const QString database = buildDatabase(TestSupport::repositorySources({newest}));
     const QString file = TestSupport::sourcePath(QStringLiteral("data/treasury/") + newest);
     const auto installed = TestSupport::runCli({QStringLiteral("install-treasury-file"), file}, environment(database));
     ASSERT_EQ(installed.exitCode, 0) << installed.standardError.toStdString();

@@ -15,6 +15,9 @@ QString temporaryDirectory();
 QString emptyDatabase();
 // Path of a file under the source tree.
 QString sourcePath(const QString &relative);
+// The repository's official value files, oldest first, the Series I CSV last; names
+// (such as "sb202106.asc") may be left out.
+QStringList repositorySources(const QStringList &leaveOut = {});
 // A whole file's bytes (empty if it cannot be read); writing returns the path.
 QByteArray readFile(const QString &path);
 QString writeFile(const QString &path, const QByteArray &bytes);

@@ -5,7 +5,6 @@
 #include "update/sources/PriceSource.h"
 #include "update/sources/TreasuryValueFile.h"
 
-#include <QDir>
 #include <gtest/gtest.h>
 
 namespace {
@@ -141,21 +140,11 @@ TEST(PriceSource, ChoosesTheReaderByNameOrContent)
     EXPECT_TRUE(missing.error.startsWith(QStringLiteral("/nonexistent/sb202106.asc: cannot be read"))) << missing.error.toStdString();
 }
 
-QStringList repositorySources()
-{
-    QStringList paths;
-    const QDir treasury(TestSupport::sourcePath(QStringLiteral("data/treasury")));
-    for (const QString &name : treasury.entryList({QStringLiteral("sb*.asc")}, QDir::Files, QDir::Name))
-        paths << treasury.filePath(name);
-    paths << TestSupport::sourcePath(QStringLiteral("data/fiscaldata/i-bond-values.csv"));
-    return paths;
-}
-
 TEST(RepositorySources, HoldTheOfficialValuesCountedInTheirNotes)
 {
     QList<NamedPriceRecords> sources;
     QString error;
-    ASSERT_TRUE(PriceSource::readFiles(repositorySources(), &sources, &error)) << error.toStdString();
+    ASSERT_TRUE(PriceSource::readFiles(TestSupport::repositorySources(), &sources, &error)) << error.toStdString();
     ASSERT_EQ(sources.size(), 60);
     EXPECT_EQ(sources.first().name, QStringLiteral("sb199205.asc"));
     qint64 values = 0;
