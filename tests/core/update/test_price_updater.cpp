@@ -1,5 +1,6 @@
 // The updater against a real HTTP server on 127.0.0.1: checks, installations, every failure the
 // network or the data can produce, and what the database holds afterwards.
+#include "../QtPrinters.h"
 #include "LocalHttpServer.h"
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
@@ -14,11 +15,6 @@
 using namespace PriceUpdateTestData;
 using Behaviour = LocalHttpServer::Behaviour;
 using Response = LocalHttpServer::Response;
-
-void PrintTo(const QString &text, std::ostream *os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
 
 namespace {
 
