@@ -25,12 +25,6 @@ INSTANTIATE_TEST_SUITE_P(TypedAmounts, DollarsToPennies,
                                          DollarEntry{0.125, 13}, DollarEntry{-0.125, -12}, DollarEntry{-0.126, -13},
                                          DollarEntry{25.0, 2500}, DollarEntry{0.0, 0}));
 
-TEST(DollarTransformer, NullStaysNullInBothDirections)
-{
-    EXPECT_TRUE(DollarTransformer::transformedValue(QVariant()).isNull());
-    EXPECT_TRUE(DollarTransformer::reverseTransformedValue(QVariant()).isNull());
-}
-
 TEST(DollarTransformer, ForwardTakesTheWholePennyValueOfAnyNumber)
 {
     EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(QVariant::fromValue<qint64>(12345)).toDouble(), 123.45);
@@ -40,9 +34,11 @@ TEST(DollarTransformer, ForwardTakesTheWholePennyValueOfAnyNumber)
     EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(-2.9).toDouble(), -0.02);
 }
 
-TEST(DollarTransformer, ReverseParsesText)
+TEST(DollarTransformer, ReverseParsesTextAndNullStaysNull)
 {
     EXPECT_EQ(DollarTransformer::reverseTransformedValue(QStringLiteral("123.456")).toLongLong(), 12346);
+    EXPECT_TRUE(DollarTransformer::transformedValue(QVariant()).isNull());
+    EXPECT_TRUE(DollarTransformer::reverseTransformedValue(QVariant()).isNull());
 }
 
 TEST(DollarTransformer, RefusesValuesThatAreNotNumbers)
