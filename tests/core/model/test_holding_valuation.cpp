@@ -1,57 +1,37 @@
 #include "../QtPrinters.h"
-#include "../PeopleFixture.h"
-#include "../ValueTableFixture.h"
-#include "document/BondPortfolio.h"
+#include "../PortfolioFixture.h"
 #include "model/Holding.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-const Series *code(const char *c) { return Series::seriesForCode(QString::fromLatin1(c)); }
-
 // EE bonds issued March 2000, valued January 2002 (interest period November 2001 to May 2002).
-class HoldingValuation : public ::testing::Test
+class HoldingValuation : public ::testing::Test, public PortfolioFixture
 {
 protected:
     HoldingValuation()
+        : PortfolioFixture(ValueTable()
+                               .add("N", 2002, 1, 2000, 3, 3000)
+                               .add("N", 2001, 11, 2000, 3, 2950)
+                               .add("N", 2002, 5, 2000, 3, 3068)
+                               .add("N", 2002, 1, 2001, 9, -1)
+                               .add("I", 2002, 1, 2000, 3, 2400), // below its issue price
+                           BondAssessor::monthDate(2002, 1))
     {
-        ValueTable values;
-        values.add("N", 2002, 1, 2000, 3, 3000)
-            .add("N", 2001, 11, 2000, 3, 2950)
-            .add("N", 2002, 5, 2000, 3, 3068)
-            .add("N", 2002, 1, 2001, 9, -1)
-            .add("I", 2002, 1, 2000, 3, 2400); // below its issue price
-        portfolio = std::make_unique<BondPortfolio>(&people.store, values.finish());
-        portfolio->setValueOfDate(BondAssessor::monthDate(2002, 1));
     }
-
-    HoldingRef make(const char *series, int year, int month, Pennies face, int quantity, bool paper)
-    {
-        auto h = Holding::create();
-        h->setSeries(code(series));
-        h->setIssueDate(BondAssessor::monthDate(year, month));
-        h->setFaceValue(face);
-        h->setQuantity(quantity);
-        h->setPaper(paper);
-        h->setPortfolio(portfolio.get());
-        return h;
-    }
-
-    PeopleFixture people;
-    std::unique_ptr<BondPortfolio> portfolio;
 };
 
 TEST_F(HoldingValuation, WorkedExamplePaperAndElectronic)
 {
-    const HoldingRef paper = make("N", 2000, 3, 5000, 2, true);
+    const HoldingRef paper = make("N", 2000, 3, 5000, 2);
     EXPECT_EQ(paper->pricingCorrectionFactor(), 1);
     EXPECT_EQ(paper->issuePrice(), 2500);
     EXPECT_EQ(paper->value(), 12000);
     EXPECT_EQ(paper->interestEarned(), 7000);
     EXPECT_EQ(paper->myColor(), Holding::LineColor::Black);
 
-    const HoldingRef electronic = make("N", 2000, 3, 5000, 2, false);
+    const HoldingRef electronic = make("N", 2000, 3, 5000, 2, {}, false);
     EXPECT_EQ(electronic->pricingCorrectionFactor(), 2);
     EXPECT_EQ(electronic->issuePrice(), 5000);
     EXPECT_EQ(electronic->value(), 24000);
@@ -62,10 +42,10 @@ TEST_F(HoldingValuation, MarkersCountAsZeroAndColourTheLine)
 {
     struct Case { const char *name; HoldingRef holding; bool valid, redeemable; Holding::LineColor color; };
     const Case cases[] = {
-        {"no row", make("N", 1999, 3, 5000, 1, true), false, true, Holding::LineColor::Red},
-        {"not yet redeemable", make("N", 2001, 9, 5000, 1, true), true, false, Holding::LineColor::Blue},
-        {"electronic reads -1 as -2", make("N", 2001, 9, 5000, 1, false), false, true, Holding::LineColor::Red},
-        {"no issue date", make("N", 2000, 3, 5000, 1, true), true, true, Holding::LineColor::Black},
+        {"no row", make("N", 1999, 3, 5000, 1), false, true, Holding::LineColor::Red},
+        {"not yet redeemable", make("N", 2001, 9, 5000, 1), true, false, Holding::LineColor::Blue},
+        {"electronic reads -1 as -2", make("N", 2001, 9, 5000, 1, {}, false), false, true, Holding::LineColor::Red},
+        {"no issue date", make("N", 2000, 3, 5000, 1), true, true, Holding::LineColor::Black},
     };
     cases[3].holding->setIssueDate(QDateTime());
     for (const Case &c : cases) {
@@ -94,12 +74,12 @@ TEST_F(HoldingValuation, MonthsHeldCompareInstantsButCountMonths)
 
 TEST_F(HoldingValuation, GrowthRateAndCurrentYield)
 {
-    const HoldingRef ee = make("N", 2000, 3, 5000, 2, true);
+    const HoldingRef ee = make("N", 2000, 3, 5000, 2);
     // 6000 per bond bought for 2500, 22 months: 2.4^(12/22) - 1
     EXPECT_NEAR(ee->compoundAnnualGrowthRate(), 61.2085f, 0.001f);
     // (3068 - 2950) / 2950 * 100 * 2
     EXPECT_NEAR(ee->currentYield(), 8.0f, 0.0001f);
-    const HoldingRef below = make("I", 2000, 3, 2500, 1, true);
+    const HoldingRef below = make("I", 2000, 3, 2500, 1);
     EXPECT_LT(below->compoundAnnualGrowthRate(), 0.0f);
     EXPECT_EQ(below->interestEarned(), 0);
     EXPECT_EQ(below->currentYield(), 0.0f) << "no data at the period's ends";
@@ -129,7 +109,7 @@ TEST_F(HoldingValuation, InterestPeriodEndsOnDayOneOfMayAndNovember)
 
 TEST_F(HoldingValuation, PriceHistoryLinesUseTheSecuritySymbol)
 {
-    const HoldingRef ee = make("N", 2000, 3, 5000, 1, true);
+    const HoldingRef ee = make("N", 2000, 3, 5000, 1);
     EXPECT_EQ(ee->security(), QStringLiteral("032000N"));
     EXPECT_EQ(ee->valuesSinceIssue(),
               (QStringList{"032000N,29.50,11/1/2001\r", "032000N,30.00,01/1/2002\r", "032000N,30.68,05/1/2002\r"}));

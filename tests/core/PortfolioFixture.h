@@ -1,0 +1,36 @@
+#pragma once
+// A portfolio on a value table of its own, with its own people store, and holdings made for it.
+#include "PeopleFixture.h"
+#include "ValueTableFixture.h"
+#include "document/BondPortfolio.h"
+
+#include <memory>
+
+class PortfolioFixture
+{
+public:
+    PortfolioFixture(ValueTable &values, const QDateTime &valueOfDate)
+        : portfolio(std::make_unique<BondPortfolio>(&people.store, values.finish()))
+    {
+        portfolio->setValueOfDate(valueOfDate);
+    }
+
+    // A holding attached to the portfolio but not in its list; year 0: no issue date.
+    HoldingRef make(const char *code, int year, int month, Pennies face, int quantity = 1, const QString &serial = {},
+                    bool paper = true)
+    {
+        auto holding = Holding::create();
+        holding->setSeries(Series::seriesForCode(QLatin1String(code)));
+        if (year)
+            holding->setIssueDate(BondAssessor::monthDate(year, month));
+        holding->setFaceValue(face);
+        holding->setQuantity(quantity);
+        holding->setPaper(paper);
+        holding->setSerialNumber(serial);
+        holding->setPortfolio(portfolio.get());
+        return holding;
+    }
+
+    PeopleFixture people;
+    std::unique_ptr<BondPortfolio> portfolio;
+};
