@@ -5,6 +5,7 @@
 #include "update/sources/PriceSource.h"
 #include "update/sources/TreasuryValueFile.h"
 
+#include <QDate>
 #include <gtest/gtest.h>
 
 namespace {
@@ -72,6 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Malformed{"E20210619800110", "cut short"},
                     Malformed{"E2021061980011062011062011062011062011062011062011062011062011062011062011062011062X", "longer than"},
                     Malformed{"E2021062022011062", "issue year 2022 is after redemption year 2021"},
+                    Malformed{"E7021061980011062", "redemption year 7021 is beyond next year"},
                     Malformed{"E2021061980000001", "repeats the series, redemption month and issue year of line 1"}));
 
 QByteArray csv(const QByteArray &rows)
@@ -120,7 +122,25 @@ INSTANTIATE_TEST_SUITE_P(Lines, CsvRefusal,
                                          Malformed{"I,2026,10,2010,2,40.71", "non-numeric value '40.71'"},
                                          Malformed{"I,2026,10,2010,2", "short line"},
                                          Malformed{"I,2026,10,2010,1,4072", "repeats the value of line 2"},
-                                         Malformed{"I,2026,10,2010,2,-7", "out of range"}));
+                                         Malformed{"I,2026,10,2010,2,-7", "out of range"},
+                                         Malformed{"I,7021,10,2010,2,4071", "redemption_year 7021 is beyond next year"}));
+
+// Values are published a few months ahead, so next year is the last a source may reach; a later
+// year is damage, and would have the carry-forward fill every month up to it.
+TEST(PriceSources, RedemptionYearsReachNextYearAtMost)
+{
+    const int nextYear = QDate::currentDate().year() + 1;
+    for (const int year : {nextYear, nextYear + 1}) {
+        SCOPED_TRACE(year);
+        const QByteArray asc = QByteArray("I") + QByteArray::number(year) + "012001002900\r\n";
+        const QByteArray fiscal = csv("I," + QByteArray::number(year) + ",1,2001,1,2900\n");
+        for (const PriceSourceContents &read : {TreasuryValueFile::read(asc, QStringLiteral("a.asc")),
+                                                FiscalDataCsv::read(fiscal, QStringLiteral("v.csv"))}) {
+            EXPECT_EQ(read.ok(), year == nextYear) << read.error.toStdString();
+            EXPECT_EQ(read.records.size(), year == nextYear ? 1 : 0);
+        }
+    }
+}
 
 TEST(FiscalDataCsv, RefusesAHeaderWithoutTheNeededColumns)
 {

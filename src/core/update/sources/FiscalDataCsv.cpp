@@ -96,6 +96,8 @@ PriceSourceContents read(const QByteArray &data, const QString &fileName)
             if (number[c] < 1 || number[c] > 12)
                 return refuse(QStringLiteral("bad %1 %2").arg(QLatin1String(ColumnNames[c])).arg(number[c]));
         }
+        if (number[RedemptionYear] > SourceText::latestRedemptionYear())
+            return refuse(QStringLiteral("redemption_year %1 is beyond next year").arg(number[RedemptionYear]));
         if (number[IssueYear] > number[RedemptionYear])
             return refuse(QStringLiteral("issue year %1 is after redemption year %2").arg(number[IssueYear]).arg(number[RedemptionYear]));
         if (number[Value] < RedemptionMarker::NoPricingData || number[Value] > std::numeric_limits<qint32>::max())

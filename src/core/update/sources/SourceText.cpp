@@ -1,5 +1,6 @@
 #include "update/sources/SourceText.h"
 
+#include <QDate>
 #include <QString>
 
 namespace SourceText {
@@ -75,6 +76,11 @@ QString quoted(QByteArrayView text)
 bool isSeriesCode(char code)
 {
     return code == 'E' || code == 'N' || code == 'I' || code == 'S';
+}
+
+int latestRedemptionYear()
+{
+    return QDate::currentDate().year() + 1;
 }
 
 } // namespace SourceText

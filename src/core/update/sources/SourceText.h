@@ -18,4 +18,8 @@ std::optional<qint64> signedInteger(QByteArrayView text);
 // The text for a message: printable ASCII kept, everything else shown as '?'.
 QString quoted(QByteArrayView text);
 bool isSeriesCode(char code);
+// The last redemption year a source can hold values for: values are published at most a few
+// months ahead. A later year is a damaged file, and would have the matured-bond carry-forward
+// fill every month up to it.
+int latestRedemptionYear();
 }

@@ -63,6 +63,8 @@ PriceSourceContents read(const QByteArray &data, const QString &fileName)
         const auto issueYear = SourceText::digits(line.sliced(7, 4));
         if (!redemptionYear || *redemptionYear < 1900)
             return refuse(QStringLiteral("bad redemption year %1").arg(SourceText::quoted(line.sliced(1, 4))));
+        if (*redemptionYear > SourceText::latestRedemptionYear())
+            return refuse(QStringLiteral("redemption year %1 is beyond next year").arg(*redemptionYear));
         if (!redemptionMonth || *redemptionMonth < 1 || *redemptionMonth > 12)
             return refuse(QStringLiteral("bad redemption month %1").arg(SourceText::quoted(line.sliced(5, 2))));
         if (!issueYear || *issueYear < 1900)
