@@ -55,6 +55,13 @@ BondAssessor::BondAssessor(const QString &databasePath)
     m_state = State::Open;
 }
 
+BondAssessor::ReadBatch::ReadBatch(const BondAssessor &assessor)
+    : m_assessor(assessor)
+{
+}
+
+BondAssessor::ReadBatch::~ReadBatch() = default;
+
 BondAssessor::~BondAssessor()
 {
     sqlite3_finalize(m_stmt);

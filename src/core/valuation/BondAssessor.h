@@ -39,6 +39,21 @@ public:
     BondAssessor(const BondAssessor &) = delete;
     BondAssessor &operator=(const BondAssessor &) = delete;
 
+    // Reads made while a batch lives see one state of the database, and changes installed by
+    // other connections are looked for once, when the batch begins. Bulk readers (a whole table,
+    // a sort, the interest summary, a report) hold one; single reads need none. Batches nest.
+    class ReadBatch
+    {
+    public:
+        explicit ReadBatch(const BondAssessor &assessor);
+        ~ReadBatch();
+        ReadBatch(const ReadBatch &) = delete;
+        ReadBatch &operator=(const ReadBatch &) = delete;
+
+    private:
+        const BondAssessor &m_assessor;
+    };
+
     State state() const { return m_state; }
     QString databasePath() const { return m_path; }
     // "Unable to load essential resources from <path>" when the file exists but cannot be opened.
