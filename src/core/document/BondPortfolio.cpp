@@ -1,4 +1,5 @@
 #include "document/BondPortfolio.h"
+#include "valuation/MonthIndex.h"
 
 #include "document/PortfolioUndo.h"
 #include "model/PeopleStore.h"
@@ -19,6 +20,7 @@ BondPortfolio::BondPortfolio(PeopleStore *people, const QString &databasePath, Q
     setTitleHolders(Person::family(*m_people));
     m_summaryMode = 0;
     m_valueOfDate = initialValueOfDate();
+    m_valueOfMonth = MonthIndex::of(m_valueOfDate);
     // Nothing done so far can be undone: a new document is not edited.
     m_undoStack->clear();
 }

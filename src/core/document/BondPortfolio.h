@@ -21,6 +21,7 @@
 #include <QVariant>
 #include <functional>
 #include <memory>
+#include <utility>
 
 class PeopleStore;
 class PortfolioRecorder;
@@ -92,12 +93,15 @@ public:
 
     // --- Valuation date and summary ---
     QDateTime valueOfDate() const { return m_valueOfDate; }
+    int valueOfMonth() const { return m_valueOfMonth; } // MonthIndex of the valuation date
     // Stores the instant given; an invalid date is refused (returns false).
     bool setValueOfDate(const QDateTime &date);
     bool validateValueOfDate(const QDateTime &proposed, ValidationError *error = nullptr) const;
     // The earlier of now and the database's latest month; now when the database has none.
     QDateTime initialValueOfDate() const;
     DateRange currentInterestPeriod() const;
+    // The same period's ends as month counts (MonthIndex).
+    std::pair<int, int> currentInterestPeriodMonths() const;
     int summaryMode() const { return m_summaryMode; }
     void setSummaryMode(int mode);
     QMap<int, Pennies> yearsWithInterestEarnedCumulative(bool cumulative) const;
@@ -155,6 +159,7 @@ private:
     int m_summaryMode = 0;
     std::unique_ptr<BondAssessor> m_assessor;
     QDateTime m_valueOfDate;
+    int m_valueOfMonth = 0;
     PeopleStore *m_people;
     QUndoStack *m_undoStack;
     PortfolioRecorder *m_recorder;

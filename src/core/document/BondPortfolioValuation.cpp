@@ -1,7 +1,11 @@
 // The valuation date, the current interest period and the interest summary of a portfolio.
 #include "document/BondPortfolio.h"
 
+#include "valuation/MonthIndex.h"
+
 #include <QtGlobal>
+#include <algorithm>
+#include <vector>
 
 bool BondPortfolio::setValueOfDate(const QDateTime &date)
 {
@@ -10,6 +14,7 @@ bool BondPortfolio::setValueOfDate(const QDateTime &date)
     if (date == m_valueOfDate && date.timeSpec() == m_valueOfDate.timeSpec())
         return true;
     m_valueOfDate = date.toLocalTime();
+    m_valueOfMonth = MonthIndex::of(m_valueOfDate);
     emit valueOfDateChanged();
     emit interestSummaryChanged();
     return true;
@@ -52,6 +57,19 @@ DateRange BondPortfolio::currentInterestPeriod() const
     return {at(year, 11), at(year + 1, 5)};
 }
 
+std::pair<int, int> BondPortfolio::currentInterestPeriodMonths() const
+{
+    if (m_valueOfMonth == MonthIndex::None)
+        return {MonthIndex::None, MonthIndex::None};
+    const int year = MonthIndex::yearOf(m_valueOfMonth);
+    const int month = MonthIndex::monthOf(m_valueOfMonth);
+    if (month <= 4)
+        return {MonthIndex::of(year - 1, 11), MonthIndex::of(year, 5)};
+    if (month <= 10)
+        return {MonthIndex::of(year, 5), MonthIndex::of(year, 11)};
+    return {MonthIndex::of(year, 11), MonthIndex::of(year + 1, 5)};
+}
+
 void BondPortfolio::setSummaryMode(int mode)
 {
     m_summaryMode = mode;
@@ -62,18 +80,30 @@ void BondPortfolio::setSummaryMode(int mode)
 QMap<int, Pennies> BondPortfolio::yearsWithInterestEarnedCumulative(bool cumulative) const
 {
     QMap<int, Pennies> years;
-    const QDateTime latest = m_assessor->maximumRedemptionDate();
-    if (!latest.isValid())
+    BondAssessor::ReadBatch batch(*m_assessor);
+    const std::optional<int> latest = m_assessor->maximumRedemptionMonth();
+    if (!latest)
         return years;
     // Only years whose December the database holds are summarised.
-    const int lastYear = latest.date().month() < 12 ? latest.date().year() - 1 : latest.date().year();
-    for (const HoldingRef &holding : shownHoldings()) {
-        const int issueYear = holding->issueDate().isValid() ? holding->issueDate().date().year() : 0;
-        if (issueYear == 0)
-            continue;
-        for (int year = lastYear; year >= issueYear; --year)
-            years[year] += holding->cumulativeInterestEarnedAsOfDate(BondAssessor::monthDate(year, 12));
+    const int lastYear = MonthIndex::monthOf(*latest) < 12 ? MonthIndex::yearOf(*latest) - 1 : MonthIndex::yearOf(*latest);
+    const QList<HoldingRef> shown = shownHoldings();
+    int firstYear = lastYear + 1;
+    for (const HoldingRef &holding : shown) {
+        if (holding->issueDate().isValid())
+            firstYear = std::min(firstYear, holding->issueDate().date().year());
     }
+    if (firstYear > lastYear)
+        return years;
+    // Every year from the earliest issue to the last is some holding's, so a dense table holds them.
+    std::vector<Pennies> sums(size_t(lastYear - firstYear + 1), 0);
+    for (const HoldingRef &holding : shown) {
+        const int issueYear = holding->issueDate().isValid() ? holding->issueDate().date().year() : lastYear + 1;
+        if (issueYear > lastYear)
+            continue;
+        holding->addCumulativeInterestByDecember(issueYear, lastYear, sums.data() + (issueYear - firstYear));
+    }
+    for (int year = firstYear; year <= lastYear; ++year)
+        years.insert(year, sums[size_t(year - firstYear)]);
     if (cumulative)
         return years;
     const QList<int> keys = years.keys();

@@ -112,6 +112,13 @@ public:
     qint32 monthsHeld() const;
     Pennies absoluteValueAsOfDate(const QDateTime &date) const; // one bond, markers as 0
     Pennies cumulativeInterestEarnedAsOfDate(const QDateTime &date) const;
+    // The same with months as counts (MonthIndex).
+    Pennies absoluteValueAsOfMonth(int month) const;
+    Pennies cumulativeInterestEarnedAsOfMonth(int month) const;
+    // Adds the cumulative interest as of December of each year from fromYear to toYear into
+    // sums[year - fromYear]; nothing for a holding without issue date.
+    void addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums) const;
+    int issueMonth() const; // MonthIndex::None without issue date
     QStringList valuesSinceIssue() const;
 
     // Security symbol of the price history: issue month, issue year, series code ("031995N").
@@ -129,8 +136,9 @@ private:
     friend class ChangeScope;
     void announce(const char *key, const QVariant &oldValue);
     qint64 rawValueAsOfValuationDate() const;
+    qint64 rawValueAsOfMonth(int month) const;
     const BondAssessor *assessor() const;
-    QDateTime valuationDate() const;
+    int valuationMonth() const;
 
     const Series *m_series = nullptr;
     qint32 m_quantity = 1;

@@ -4,16 +4,14 @@
 
 #include "document/BondPortfolio.h"
 
+#include "valuation/ValueHistoryCache.h"
+
+#include <algorithm>
 #include <cmath>
 
 const BondAssessor *Holding::assessor() const
 {
     return m_portfolio ? &m_portfolio->assessor() : nullptr;
-}
-
-QDateTime Holding::valuationDate() const
-{
-    return m_portfolio ? m_portfolio->valueOfDate() : QDateTime();
 }
 
 qint8 Holding::pricingCorrectionFactor() const
@@ -42,38 +40,83 @@ Pennies Holding::issuePrice() const
     return series()->issuePriceForFaceValue(m_faceValue, m_isPaper);
 }
 
-Pennies Holding::absoluteValueAsOfDate(const QDateTime &date) const
+int Holding::issueMonth() const
 {
-    const BondAssessor *reader = assessor();
-    if (!reader)
-        return 0;
-    const qint64 value = reader->valueOf(bondTerms(), date);
-    return value < 0 ? 0 : value;
+    return MonthIndex::of(m_issueDate);
 }
 
-qint64 Holding::rawValueAsOfValuationDate() const
+int Holding::valuationMonth() const
+{
+    return m_portfolio ? m_portfolio->valueOfMonth() : MonthIndex::None;
+}
+
+qint64 Holding::rawValueAsOfMonth(int month) const
 {
     const BondAssessor *reader = assessor();
     if (!reader)
         return RedemptionMarker::NoPricingData;
-    return reader->valueOf(bondTerms(), valuationDate());
+    if (!m_issueDate.isValid())
+        return RedemptionMarker::NoIssueDate;
+    const qint32 stored = reader->history(series(), issueMonth()).at(month);
+    return BondAssessor::scaled(BondAssessor::adjusted(stored, pricingCorrectionFactor()), m_faceValue);
+}
+
+Pennies Holding::absoluteValueAsOfMonth(int month) const
+{
+    if (!assessor())
+        return 0;
+    const qint64 value = rawValueAsOfMonth(month);
+    return value < 0 ? 0 : value;
+}
+
+Pennies Holding::absoluteValueAsOfDate(const QDateTime &date) const
+{
+    return absoluteValueAsOfMonth(MonthIndex::of(date));
+}
+
+qint64 Holding::rawValueAsOfValuationDate() const
+{
+    return rawValueAsOfMonth(valuationMonth());
 }
 
 Pennies Holding::value() const
 {
-    return absoluteValueAsOfDate(valuationDate()) * static_cast<qint64>(m_quantity);
+    return absoluteValueAsOfMonth(valuationMonth()) * static_cast<qint64>(m_quantity);
+}
+
+Pennies Holding::cumulativeInterestEarnedAsOfMonth(int month) const
+{
+    const Pennies cost = issuePrice() * static_cast<qint64>(m_quantity);
+    const Pennies worth = absoluteValueAsOfMonth(month) * static_cast<qint64>(m_quantity);
+    return cost < worth ? worth - cost : 0;
 }
 
 Pennies Holding::cumulativeInterestEarnedAsOfDate(const QDateTime &date) const
 {
-    const Pennies cost = issuePrice() * static_cast<qint64>(m_quantity);
-    const Pennies worth = absoluteValueAsOfDate(date) * static_cast<qint64>(m_quantity);
-    return cost < worth ? worth - cost : 0;
+    return cumulativeInterestEarnedAsOfMonth(MonthIndex::of(date));
+}
+
+void Holding::addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums) const
+{
+    const BondAssessor *reader = assessor();
+    if (!reader || !m_issueDate.isValid())
+        return;
+    // One history and one cost for every year: the same figures as asking year by year.
+    const ValueHistory &values = reader->history(series(), issueMonth());
+    const int factor = pricingCorrectionFactor();
+    const qint64 quantity = m_quantity;
+    const Pennies cost = issuePrice() * quantity;
+    for (int year = toYear; year >= fromYear; --year) {
+        const qint64 perBond = BondAssessor::scaled(BondAssessor::adjusted(values.at(MonthIndex::of(year, 12)), factor),
+                                                    m_faceValue);
+        const Pennies worth = (perBond < 0 ? 0 : perBond) * quantity;
+        sums[year - fromYear] += cost < worth ? worth - cost : 0;
+    }
 }
 
 Pennies Holding::interestEarned() const
 {
-    return cumulativeInterestEarnedAsOfDate(valuationDate());
+    return cumulativeInterestEarnedAsOfMonth(valuationMonth());
 }
 
 bool Holding::isValidIssue() const
@@ -99,21 +142,21 @@ Holding::LineColor Holding::myColor() const
 
 qint32 Holding::monthsHeld() const
 {
-    const QDateTime asOf = valuationDate();
-    if (!m_issueDate.isValid() || !asOf.isValid() || !(m_issueDate < asOf))
+    // An issue in an earlier month is an earlier instant, and one in the same month counts 0
+    // months whichever instant comes first, so the month counts alone decide.
+    const int valued = valuationMonth();
+    if (!m_issueDate.isValid() || valued == MonthIndex::None)
         return 0;
-    const QDate issued = m_issueDate.date();
-    const QDate valued = asOf.date();
-    return (valued.year() - issued.year()) * 12 + (valued.month() - issued.month());
+    return std::max(0, valued - issueMonth());
 }
 
 float Holding::currentYield() const
 {
     if (!m_portfolio)
         return 0.0f;
-    const DateRange period = m_portfolio->currentInterestPeriod();
-    const Pennies start = absoluteValueAsOfDate(period.start);
-    const Pennies end = absoluteValueAsOfDate(period.end);
+    const auto [first, last] = m_portfolio->currentInterestPeriodMonths();
+    const Pennies start = absoluteValueAsOfMonth(first);
+    const Pennies end = absoluteValueAsOfMonth(last);
     if (start == 0 || end == 0)
         return 0.0f;
     const float growth = static_cast<float>(end - start) / static_cast<float>(start);

@@ -125,10 +125,11 @@ bool PriceDataInstaller::updateRedemptionDateSummaryTables(QDateTime *minimum, Q
                                                            bool postNotification)
 {
     setStatus(QStringLiteral("Optimizing pricing data..."));
+    // Rows below −1 are fillers of blank cells: a month that only they reach holds no price data.
     static const char script[] =
         "drop table max_rdate; drop table min_rdate; "
-        "create table max_rdate as select ryr,rmo from bond_value where ryr = (select max(ryr) from bond_value) order by ryr desc, rmo desc limit 1; "
-        "create table min_rdate as select ryr,rmo from bond_value where ryr = (select min(ryr) from bond_value) order by ryr asc, rmo asc limit 1; ";
+        "create table max_rdate as select ryr,rmo from bond_value where value >= -1 and ryr = (select max(ryr) from bond_value where value >= -1) order by ryr desc, rmo desc limit 1; "
+        "create table min_rdate as select ryr,rmo from bond_value where value >= -1 and ryr = (select min(ryr) from bond_value where value >= -1) order by ryr asc, rmo asc limit 1; ";
     if (!execute(script, "Could not update summary tables: %1"))
         return false;
 

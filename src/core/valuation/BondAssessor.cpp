@@ -2,6 +2,7 @@
 
 #include "model/Series.h"
 #include "valuation/RedemptionDatabase.h"
+#include "valuation/ValueHistoryCache.h"
 
 #include <QFileInfo>
 #include <sqlite3.h>
@@ -21,12 +22,6 @@ struct Statement
     ~Statement() { sqlite3_finalize(handle); }
     bool step() const { return handle && sqlite3_step(handle) == SQLITE_ROW; }
 };
-
-void bindCode(sqlite3_stmt *stmt, int index, const Series *series)
-{
-    const QByteArray code = series ? series->code().toUtf8() : QByteArray();
-    sqlite3_bind_text(stmt, index, code.constData(), code.size(), SQLITE_TRANSIENT);
-}
 
 } // namespace
 
@@ -49,22 +44,26 @@ BondAssessor::BondAssessor(const QString &databasePath)
         m_state = State::Unreadable;
         return;
     }
-    sqlite3_prepare_v2(m_db,
-                       "select value from bond_value where series = ? and ryr = ? and rmo = ? and iyr = ? and imo = ?",
-                       -1, &m_stmt, nullptr);
+    m_cache = std::make_unique<ValueHistoryCache>(m_db);
     m_state = State::Open;
 }
 
 BondAssessor::ReadBatch::ReadBatch(const BondAssessor &assessor)
-    : m_assessor(assessor)
+    : m_cache(assessor.m_cache.get())
 {
+    if (m_cache)
+        m_cache->beginBatch();
 }
 
-BondAssessor::ReadBatch::~ReadBatch() = default;
+BondAssessor::ReadBatch::~ReadBatch()
+{
+    if (m_cache)
+        m_cache->endBatch();
+}
 
 BondAssessor::~BondAssessor()
 {
-    sqlite3_finalize(m_stmt);
+    m_cache.reset();
     sqlite3_close(m_db);
 }
 
@@ -80,80 +79,71 @@ QDateTime BondAssessor::monthDate(int year, int month)
     return QDateTime(QDate(year, month, 1), QTime(0, 0, 1), Qt::LocalTime);
 }
 
-QDateTime BondAssessor::redemptionDateFromTable(const char *table) const
+namespace {
+QDateTime monthDateOf(std::optional<int> month)
 {
-    Statement stmt(m_db, QByteArray("select ryr, rmo from ") + table + ';');
-    if (!stmt.step())
-        return {};
-    return monthDate(sqlite3_column_int(stmt.handle, 0), sqlite3_column_int(stmt.handle, 1));
+    return month ? BondAssessor::monthDate(MonthIndex::yearOf(*month), MonthIndex::monthOf(*month)) : QDateTime();
 }
+
+char seriesCode(const Series *series)
+{
+    const QString code = series ? series->code() : QString();
+    return code.size() == 1 ? code.at(0).toLatin1() : '\0';
+}
+} // namespace
 
 QDateTime BondAssessor::minimumRedemptionDate() const
 {
-    return redemptionDateFromTable("min_rdate");
+    return monthDateOf(m_cache ? m_cache->minimumMonth() : std::nullopt);
 }
 
 QDateTime BondAssessor::maximumRedemptionDate() const
 {
-    return redemptionDateFromTable("max_rdate");
+    return monthDateOf(maximumRedemptionMonth());
 }
 
-bool BondAssessor::validateDate(const QDateTime &date, const char *yearName, const char *monthName,
-                                const Series *series) const
+std::optional<int> BondAssessor::maximumRedemptionMonth() const
 {
-    if (!date.isValid())
-        return false;
-    QByteArray sql = QByteArray("select count(*) from bond_value where ") + yearName + " = ? and "
-                     + monthName + " = ?";
-    if (series)
-        sql += " and series = ?";
-    Statement stmt(m_db, sql);
-    if (!stmt.handle)
-        return false;
-    const QDate day = date.date();
-    sqlite3_bind_int(stmt.handle, 1, day.year());
-    sqlite3_bind_int(stmt.handle, 2, day.month());
-    if (series)
-        bindCode(stmt.handle, 3, series);
-    return stmt.step() && sqlite3_column_int(stmt.handle, 0) > 0;
+    return m_cache ? m_cache->maximumMonth() : std::nullopt;
 }
 
 bool BondAssessor::isValidValueOfDate(const QDateTime &date) const
 {
-    return validateDate(date, "ryr", "rmo", nullptr);
+    return m_cache && date.isValid() && m_cache->hasRedemptionMonth(MonthIndex::of(date));
 }
 
 bool BondAssessor::isValidIssueDate(const QDateTime &date, const Series *series) const
 {
-    return validateDate(date, "iyr", "imo", series);
+    return date.isValid() && !history(series, MonthIndex::of(date)).isEmpty();
+}
+
+const ValueHistory &BondAssessor::history(const Series *series, int issueMonth) const
+{
+    static const ValueHistory none;
+    return m_cache ? m_cache->history(seriesCode(series), issueMonth) : none;
+}
+
+qint64 BondAssessor::adjusted(qint32 stored, int pricingCorrectionFactor)
+{
+    // Stored −1 times 2 reads as −2 (no data) for an electronic bond; kept as the original does.
+    if (stored == ValueHistory::Missing)
+        return RedemptionMarker::NoPricingData;
+    return static_cast<qint64>(stored) * pricingCorrectionFactor;
 }
 
 qint64 BondAssessor::unadjustedValue(const BondTerms &bond, const QDateTime &asOf) const
 {
     if (!bond.issueDate.isValid())
         return RedemptionMarker::NoIssueDate;
-    if (!m_stmt || !asOf.isValid())
+    if (!asOf.isValid())
         return RedemptionMarker::NoPricingData;
-    const QDate redeemed = asOf.date();
-    const QDate issued = bond.issueDate.date();
-    bindCode(m_stmt, 1, bond.series);
-    sqlite3_bind_int(m_stmt, 2, redeemed.year());
-    sqlite3_bind_int(m_stmt, 3, redeemed.month());
-    sqlite3_bind_int(m_stmt, 4, issued.year());
-    sqlite3_bind_int(m_stmt, 5, issued.month());
-    qint64 result = RedemptionMarker::NoPricingData;
-    if (sqlite3_step(m_stmt) == SQLITE_ROW)
-        result = static_cast<qint64>(sqlite3_column_int(m_stmt, 0)) * bond.pricingCorrectionFactor;
-    sqlite3_reset(m_stmt);
-    return result;
+    const qint32 stored = history(bond.series, MonthIndex::of(bond.issueDate)).at(MonthIndex::of(asOf));
+    return adjusted(stored, bond.pricingCorrectionFactor);
 }
 
 qint64 BondAssessor::valueOf(const BondTerms &bond, const QDateTime &asOf) const
 {
-    const qint64 unadjusted = unadjustedValue(bond, asOf);
-    if (unadjusted <= 0)
-        return unadjusted;
-    return unadjusted * bond.faceValue / 2500;
+    return scaled(unadjustedValue(bond, asOf), bond.faceValue);
 }
 
 QStringList BondAssessor::valuesSinceIssue(const BondTerms &bond) const
@@ -161,19 +151,13 @@ QStringList BondAssessor::valuesSinceIssue(const BondTerms &bond) const
     QStringList lines;
     if (!bond.issueDate.isValid())
         return lines;
-    Statement stmt(m_db, "select ryr, rmo, value from bond_value where series = ? and iyr = ? and imo = ? "
-                         "and value > 0 order by ryr asc, rmo asc");
-    if (!stmt.handle)
-        return lines;
-    bindCode(stmt.handle, 1, bond.series);
-    sqlite3_bind_int(stmt.handle, 2, bond.issueDate.date().year());
-    sqlite3_bind_int(stmt.handle, 3, bond.issueDate.date().month());
-    while (stmt.step()) {
-        const int year = sqlite3_column_int(stmt.handle, 0);
-        const int month = sqlite3_column_int(stmt.handle, 1);
-        const int value = sqlite3_column_int(stmt.handle, 2);
-        lines << QString::asprintf("%s,%.2f,%02d/1/%04d\r", bond.security.toUtf8().constData(),
-                                   value / 100.0, month, year);
+    const QByteArray security = bond.security.toUtf8();
+    const ValueHistory &values = history(bond.series, MonthIndex::of(bond.issueDate));
+    for (int month = values.firstMonth(); !values.isEmpty() && month <= values.lastMonth(); ++month) {
+        const qint32 value = values.at(month);
+        if (value > 0)
+            lines << QString::asprintf("%s,%.2f,%02d/1/%04d\r", security.constData(), value / 100.0,
+                                       MonthIndex::monthOf(month), MonthIndex::yearOf(month));
     }
     return lines;
 }

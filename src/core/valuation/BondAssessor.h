@@ -2,14 +2,19 @@
 // Read side of the redemption value database: the value of a $25 paper bond for every series,
 // issue month and redemption month, scaled to a bond's face value.
 #include "model/Money.h"
+#include "valuation/MonthIndex.h"
 
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <optional>
+
+#include <memory>
 
 struct sqlite3;
-struct sqlite3_stmt;
 class Series;
+class ValueHistory;
+class ValueHistoryCache;
 
 // Results below zero are markers, never prices.
 namespace RedemptionMarker {
@@ -51,7 +56,7 @@ public:
         ReadBatch &operator=(const ReadBatch &) = delete;
 
     private:
-        const BondAssessor &m_assessor;
+        ValueHistoryCache *m_cache;
     };
 
     State state() const { return m_state; }
@@ -74,17 +79,27 @@ public:
     // "security,dollars,MM/1/YYYY\r" for every redemption month with a positive stored value.
     QStringList valuesSinceIssue(const BondTerms &bond) const;
 
+    // The same with months as counts (MonthIndex), for callers that value many months.
+    // The stored values of one bond by redemption month; valid until the next read outside a
+    // batch (which may find the database changed).
+    const ValueHistory &history(const Series *series, int issueMonth) const;
+    // A stored value as a holding reads it: times the correction factor, or a marker.
+    static qint64 adjusted(qint32 stored, int pricingCorrectionFactor);
+    // Pennies for one bond of the face value, from an adjusted value; markers pass unchanged.
+    static qint64 scaled(qint64 unadjusted, Pennies faceValue)
+    {
+        return unadjusted <= 0 ? unadjusted : unadjusted * faceValue / 2500;
+    }
+    std::optional<int> maximumRedemptionMonth() const;
+
     // Row count of bond_value and the installed file names (for reports).
     qint64 valueCount() const;
     QStringList installedFiles() const;
 
 private:
-    QDateTime redemptionDateFromTable(const char *table) const;
-    bool validateDate(const QDateTime &date, const char *yearName, const char *monthName,
-                      const Series *series) const;
-
     QString m_path;
     State m_state = State::Missing;
     sqlite3 *m_db = nullptr;
-    sqlite3_stmt *m_stmt = nullptr;
+    // Reading fills it, so const readers change it; one thread uses an assessor at a time.
+    std::unique_ptr<ValueHistoryCache> m_cache;
 };

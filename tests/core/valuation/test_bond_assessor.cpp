@@ -133,6 +133,35 @@ TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
     EXPECT_EQ(assessor.valueOf(undated, asOf), RedemptionMarker::NoIssueDate);
 }
 
+// Blank cells of the official files arrive as −2 rows; they must read exactly like no row.
+TEST(BondAssessor, BlankCellsReadLikeMissingRows)
+{
+    ValueTable values;
+    values.add("N", 2021, 11, 2021, 12, -2)  // an issue month that only blank cells name
+        .add("N", 2021, 11, 2021, 6, -1)     // not yet redeemable
+        .add("N", 2021, 11, 1990, 1, 5184)
+        .add("N", 2021, 12, 1990, 1, -2)     // a month that only blank cells reach
+        .add("E", 1992, 4, 1941, 4, -2);     // an earlier one
+    const BondAssessor assessor(values.finish());
+    const QDateTime november = BondAssessor::monthDate(2021, 11);
+    for (int factor : {1, 2}) {
+        SCOPED_TRACE(factor);
+        EXPECT_EQ(assessor.valueOf(bond("N", 2021, 12, 10000, factor), november), RedemptionMarker::NoPricingData);
+        EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1, 10000, factor), BondAssessor::monthDate(2021, 12)),
+                  RedemptionMarker::NoPricingData);
+    }
+    // A stored −1 doubled for an electronic bond reads as no data, as it always has.
+    EXPECT_EQ(assessor.valueOf(bond("N", 2021, 6, 10000, 1), november), RedemptionMarker::NotRedeemable);
+    EXPECT_EQ(assessor.valueOf(bond("N", 2021, 6, 10000, 2), november), RedemptionMarker::NoPricingData);
+    EXPECT_FALSE(assessor.isValidIssueDate(BondAssessor::monthDate(2021, 12), series("N")));
+    EXPECT_FALSE(assessor.isValidIssueDate(BondAssessor::monthDate(1941, 4), series("E")));
+    EXPECT_TRUE(assessor.isValidIssueDate(BondAssessor::monthDate(2021, 6), series("N")));
+    EXPECT_FALSE(assessor.isValidValueOfDate(BondAssessor::monthDate(2021, 12)));
+    EXPECT_FALSE(assessor.isValidValueOfDate(BondAssessor::monthDate(1992, 4)));
+    EXPECT_EQ(assessor.minimumRedemptionDate(), november);
+    EXPECT_EQ(assessor.maximumRedemptionDate(), november);
+}
+
 TEST(BondAssessor, MissingFileAnswersNothing)
 {
     const BondAssessor assessor(TestSupport::temporaryDirectory() + QStringLiteral("/none.bvdb"));

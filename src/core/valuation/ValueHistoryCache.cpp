@@ -1,0 +1,162 @@
+#include "valuation/ValueHistoryCache.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+// Values below −1 are the fillers of blank cells: no price data, the same as no row at all.
+constexpr const char *HistorySql =
+    "select ryr, rmo, value from bond_value where series = ? and iyr = ? and imo = ? and value >= -1 "
+    "order by ryr asc, rmo asc";
+constexpr const char *MonthSql =
+    "select exists (select 1 from bond_value where ryr = ? and rmo = ? and value >= -1)";
+
+quint32 historyKey(char seriesCode, int issueMonth)
+{
+    return (quint32(quint8(seriesCode)) << 24) | (quint32(issueMonth) & 0xffffffu);
+}
+
+const ValueHistory &emptyHistory()
+{
+    static const ValueHistory empty;
+    return empty;
+}
+
+} // namespace
+
+void ValueHistory::append(int redemptionMonth, qint32 value)
+{
+    if (m_values.empty())
+        m_firstMonth = redemptionMonth;
+    const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
+    if (offset < qsizetype(m_values.size()))
+        return; // rows come in ascending order; anything else is not ours to place
+    m_values.resize(size_t(offset), Missing); // months the database skips
+    m_values.push_back(value);
+}
+
+ValueHistoryCache::ValueHistoryCache(sqlite3 *db)
+    : m_db(db)
+{
+    if (!m_db)
+        return;
+    sqlite3_prepare_v2(m_db, HistorySql, -1, &m_historyStmt, nullptr);
+    sqlite3_prepare_v2(m_db, MonthSql, -1, &m_monthStmt, nullptr);
+    sqlite3_prepare_v2(m_db, "pragma data_version", -1, &m_versionStmt, nullptr);
+}
+
+ValueHistoryCache::~ValueHistoryCache()
+{
+    if (m_inTransaction)
+        sqlite3_exec(m_db, "commit", nullptr, nullptr, nullptr);
+    sqlite3_finalize(m_historyStmt);
+    sqlite3_finalize(m_monthStmt);
+    sqlite3_finalize(m_versionStmt);
+}
+
+void ValueHistoryCache::beginBatch()
+{
+    if (m_batchDepth++ > 0 || !m_db)
+        return;
+    // Deferred: the read transaction starts with the version check just below and pins the batch
+    // to the state that check saw.
+    m_inTransaction = sqlite3_get_autocommit(m_db)
+                      && sqlite3_exec(m_db, "begin", nullptr, nullptr, nullptr) == SQLITE_OK;
+    forgetIfChanged();
+}
+
+void ValueHistoryCache::endBatch()
+{
+    if (m_batchDepth == 0 || --m_batchDepth > 0)
+        return;
+    if (m_inTransaction)
+        sqlite3_exec(m_db, "commit", nullptr, nullptr, nullptr);
+    m_inTransaction = false;
+}
+
+void ValueHistoryCache::refreshIfChanged()
+{
+    if (m_batchDepth == 0)
+        forgetIfChanged();
+}
+
+void ValueHistoryCache::forgetIfChanged()
+{
+    if (!m_versionStmt)
+        return;
+    qint64 version = -1;
+    if (sqlite3_step(m_versionStmt) == SQLITE_ROW)
+        version = sqlite3_column_int64(m_versionStmt, 0);
+    sqlite3_reset(m_versionStmt);
+    if (version == m_dataVersion && version != -1)
+        return;
+    m_dataVersion = version;
+    m_histories.clear();
+    m_redemptionMonths.clear();
+    m_summary.reset();
+}
+
+const ValueHistory &ValueHistoryCache::history(char seriesCode, int issueMonth)
+{
+    if (!m_historyStmt)
+        return emptyHistory();
+    refreshIfChanged();
+    const quint32 key = historyKey(seriesCode, issueMonth);
+    if (const auto found = m_histories.constFind(key); found != m_histories.cend())
+        return **found;
+
+    auto loaded = std::make_shared<ValueHistory>();
+    sqlite3_bind_text(m_historyStmt, 1, &seriesCode, 1, SQLITE_TRANSIENT);
+    sqlite3_bind_int(m_historyStmt, 2, MonthIndex::yearOf(issueMonth));
+    sqlite3_bind_int(m_historyStmt, 3, MonthIndex::monthOf(issueMonth));
+    while (sqlite3_step(m_historyStmt) == SQLITE_ROW) {
+        loaded->append(MonthIndex::of(sqlite3_column_int(m_historyStmt, 0), sqlite3_column_int(m_historyStmt, 1)),
+                       sqlite3_column_int(m_historyStmt, 2));
+    }
+    sqlite3_reset(m_historyStmt);
+    return **m_histories.insert(key, std::move(loaded));
+}
+
+bool ValueHistoryCache::hasRedemptionMonth(int month)
+{
+    if (!m_monthStmt)
+        return false;
+    refreshIfChanged();
+    if (const auto found = m_redemptionMonths.constFind(month); found != m_redemptionMonths.cend())
+        return *found;
+    sqlite3_bind_int(m_monthStmt, 1, MonthIndex::yearOf(month));
+    sqlite3_bind_int(m_monthStmt, 2, MonthIndex::monthOf(month));
+    const bool present = sqlite3_step(m_monthStmt) == SQLITE_ROW && sqlite3_column_int(m_monthStmt, 0) != 0;
+    sqlite3_reset(m_monthStmt);
+    m_redemptionMonths.insert(month, present);
+    return present;
+}
+
+std::optional<int> ValueHistoryCache::readSummaryTable(const char *sql) const
+{
+    sqlite3_stmt *stmt = nullptr;
+    std::optional<int> month;
+    if (sqlite3_prepare_v2(m_db, sql, -1, &stmt, nullptr) == SQLITE_OK && sqlite3_step(stmt) == SQLITE_ROW)
+        month = MonthIndex::of(sqlite3_column_int(stmt, 0), sqlite3_column_int(stmt, 1));
+    sqlite3_finalize(stmt);
+    return month;
+}
+
+const ValueHistoryCache::Summary &ValueHistoryCache::summary()
+{
+    refreshIfChanged();
+    if (!m_summary)
+        m_summary = Summary{readSummaryTable("select ryr, rmo from min_rdate;"),
+                            readSummaryTable("select ryr, rmo from max_rdate;")};
+    return *m_summary;
+}
+
+std::optional<int> ValueHistoryCache::minimumMonth()
+{
+    return m_db ? summary().minimum : std::nullopt;
+}
+
+std::optional<int> ValueHistoryCache::maximumMonth()
+{
+    return m_db ? summary().maximum : std::nullopt;
+}
