@@ -72,6 +72,7 @@ namespace PortfolioReport {
 
 QString text(const BondPortfolio &portfolio)
 {
+    const BondAssessor::ReadBatch batch(portfolio.assessor());
     QString out;
     out += QStringLiteral("Portfolio:   %1\n").arg(portfolio.displayName());
     out += QStringLiteral("Valued as of %1\n").arg(portfolio.valueOfDate().toString(QStringLiteral("MM/yyyy")));
@@ -122,6 +123,7 @@ QString text(const BondPortfolio &portfolio)
 
 QByteArray json(const BondPortfolio &portfolio)
 {
+    const BondAssessor::ReadBatch batch(portfolio.assessor());
     auto person = [](const PersonRef &p) { return p ? QJsonValue(p->name()) : QJsonValue(); };
     QJsonArray holdings;
     Totals totals;

@@ -1,5 +1,7 @@
 #include "exchange/ExportText.h"
 
+#include "document/BondPortfolio.h"
+
 #include <QSaveFile>
 #include <charconv>
 
@@ -32,24 +34,45 @@ double singlePrecisionDollars(Pennies pennies)
 
 bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *error)
 {
+    return writeFileAtomically(path, [&bytes](QByteArray &buffer, const std::function<void()> &) { buffer = bytes; }, error);
+}
+
+bool writeFileAtomically(const QString &path, const ChunkWriter &writer, QString *error)
+{
+    constexpr qsizetype ChunkSize = 1 << 16;
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        if (error)
-            *error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
-        return false;
+    bool failed = !file.open(QIODevice::WriteOnly);
+    QByteArray buffer;
+    buffer.reserve(ChunkSize * 2);
+    auto flush = [&] {
+        if (!failed && file.write(buffer) != buffer.size())
+            failed = true;
+        buffer.clear();
+    };
+    if (!failed) {
+        writer(buffer, [&] {
+            if (buffer.size() >= ChunkSize)
+                flush();
+        });
+        flush();
     }
-    if (file.write(bytes) != bytes.size()) {
-        if (error)
-            *error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+    if (failed)
         file.cancelWriting();
-        return false;
-    }
-    if (!file.commit()) {
+    if (failed || !file.commit()) {
         if (error)
             *error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
         return false;
     }
     return true;
+}
+
+std::unique_ptr<BondAssessor::ReadBatch> readBatchFor(const QList<std::shared_ptr<Holding>> &holdings)
+{
+    for (const auto &holding : holdings) {
+        if (holding && holding->portfolio())
+            return std::make_unique<BondAssessor::ReadBatch>(holding->portfolio()->assessor());
+    }
+    return nullptr;
 }
 
 } // namespace ExportText

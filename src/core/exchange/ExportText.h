@@ -3,8 +3,16 @@
 // numbers independent of the user's locale, and atomic file writing.
 #include "model/Money.h"
 
+#include "valuation/BondAssessor.h"
+
 #include <QByteArray>
+#include <QList>
 #include <QString>
+#include <functional>
+#include <memory>
+
+class Holding;
+class QIODevice;
 
 namespace ExportText {
 // ISO Latin 1 bytes. The text is first composed (NFC), so that an accent typed as a separate
@@ -21,4 +29,11 @@ double singlePrecisionDollars(Pennies pennies);
 
 // Writes the whole file or nothing: the old file, if any, stays intact when writing fails.
 bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *error = nullptr);
+// The same, streamed: the writer appends to the buffer it is given, which is flushed to the file
+// whenever it grows past a chunk, so that a large export never sits whole in memory.
+using ChunkWriter = std::function<void(QByteArray &buffer, const std::function<void()> &flushIfFull)>;
+bool writeFileAtomically(const QString &path, const ChunkWriter &writer, QString *error = nullptr);
+
+// One consistent, fast read of the figures of holdings that share a portfolio (null when none has).
+std::unique_ptr<BondAssessor::ReadBatch> readBatchFor(const QList<std::shared_ptr<Holding>> &holdings);
 }

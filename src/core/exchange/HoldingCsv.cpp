@@ -47,18 +47,31 @@ QString asCSV(const Holding &holding)
 
 namespace PortfolioCsv {
 
+namespace {
+void appendCsv(QByteArray &buffer, const QList<HoldingRef> &holdings, const std::function<void()> &flushIfFull)
+{
+    const auto batch = ExportText::readBatchFor(holdings);
+    buffer += ExportText::latin1Bytes(HoldingCsv::csvHeader());
+    for (const HoldingRef &holding : holdings) {
+        buffer += ExportText::latin1Bytes(HoldingCsv::asCSV(*holding));
+        flushIfFull();
+    }
+}
+}
+
 QByteArray csvRepresentation(const QList<HoldingRef> &holdings)
 {
-    QByteArray bytes = ExportText::latin1Bytes(HoldingCsv::csvHeader());
-    for (const HoldingRef &holding : holdings)
-        bytes += ExportText::latin1Bytes(HoldingCsv::asCSV(*holding));
+    QByteArray bytes;
+    appendCsv(bytes, holdings, [] {});
     return bytes;
 }
 
 ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const QList<HoldingRef> &holdings)
 {
     ExchangeOutcome outcome;
-    outcome.succeeded = ExportText::writeFileAtomically(path, csvRepresentation(holdings), &outcome.detail);
+    outcome.succeeded = ExportText::writeFileAtomically(
+        path, [&](QByteArray &buffer, const std::function<void()> &flushIfFull) { appendCsv(buffer, holdings, flushIfFull); },
+        &outcome.detail);
     return outcome;
 }
 

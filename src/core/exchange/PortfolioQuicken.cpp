@@ -11,31 +11,53 @@ using ExportText::latin1Bytes;
 
 namespace PortfolioQuicken {
 
+namespace {
+using FlushIfFull = std::function<void()>;
+
+void appendPriceList(QByteArray &out, const QList<HoldingRef> &holdings, const FlushIfFull &flushIfFull)
+{
+    const auto batch = ExportText::readBatchFor(holdings);
+    out += "!Type:Prices\r";
+    for (const HoldingRef &holding : holdings) {
+        holding->appendValuesSinceIssue(out);
+        flushIfFull();
+    }
+    out += "^\r";
+}
+
+void appendPortfolio(QByteArray &out, const QString &accountName, const QList<HoldingRef> &holdings,
+                     const FlushIfFull &flushIfFull)
+{
+    const auto batch = ExportText::readBatchFor(holdings);
+    out += "!Type:Security\r";
+    for (const HoldingRef &holding : holdings) {
+        out += latin1Bytes(QLatin1Char('N') + HoldingQuicken::quickenName(*holding) + QStringLiteral("\rS")
+                           + HoldingQuicken::security(*holding) + QStringLiteral("\rTBond\r^\r"));
+        flushIfFull();
+    }
+    out += "!Account\r";
+    out += latin1Bytes(QLatin1Char('N') + accountName + QStringLiteral("\rD") + QLatin1String(AccountDescription)
+                       + QStringLiteral("\rTPort\r^\r"));
+    out += "!Type:Invst\r";
+    for (const HoldingRef &holding : holdings) {
+        out += latin1Bytes(HoldingQuicken::asQuickenTransaction(*holding));
+        flushIfFull();
+    }
+    appendPriceList(out, holdings, flushIfFull);
+}
+} // namespace
+
 QByteArray quickenPriceListRepresentation(const QList<HoldingRef> &holdings)
 {
-    QByteArray bytes = latin1Bytes(QStringLiteral("!Type:Prices\r"));
-    for (const HoldingRef &holding : holdings) {
-        for (const QString &line : HoldingQuicken::valuesSinceIssue(*holding))
-            bytes += latin1Bytes(line);
-    }
-    bytes += latin1Bytes(QStringLiteral("^\r"));
+    QByteArray bytes;
+    appendPriceList(bytes, holdings, [] {});
     return bytes;
 }
 
 QByteArray quickenPortfolioRepresentation(const QString &accountName, const QList<HoldingRef> &holdings)
 {
-    QByteArray bytes = latin1Bytes(QStringLiteral("!Type:Security\r"));
-    for (const HoldingRef &holding : holdings) {
-        bytes += latin1Bytes(QLatin1Char('N') + HoldingQuicken::quickenName(*holding) + QStringLiteral("\rS")
-                             + HoldingQuicken::security(*holding) + QStringLiteral("\rTBond\r^\r"));
-    }
-    bytes += latin1Bytes(QStringLiteral("!Account\r"));
-    bytes += latin1Bytes(QLatin1Char('N') + accountName + QStringLiteral("\rD") + QLatin1String(AccountDescription)
-                         + QStringLiteral("\rTPort\r^\r"));
-    bytes += latin1Bytes(QStringLiteral("!Type:Invst\r"));
-    for (const HoldingRef &holding : holdings)
-        bytes += latin1Bytes(HoldingQuicken::asQuickenTransaction(*holding));
-    bytes += quickenPriceListRepresentation(holdings);
+    QByteArray bytes;
+    appendPortfolio(bytes, accountName, holdings, [] {});
     return bytes;
 }
 
@@ -64,10 +86,18 @@ Outcome exportToQuickenFileSet(const BondPortfolio &portfolio, const QList<Holdi
     Outcome outcome;
     outcome.paths = pathsInDirectory(directory);
     // The price list always covers the whole portfolio; the positions only the chosen holdings.
-    const QByteArray priceList = PortfolioQuicken::quickenPriceListRepresentation(portfolio.holdings());
-    const QByteArray positions = PortfolioQuicken::quickenPortfolioRepresentation(portfolio, chosen);
-    outcome.succeeded = ExportText::writeFileAtomically(outcome.paths.priceList, priceList, &outcome.detail)
-        && ExportText::writeFileAtomically(outcome.paths.positions, positions, &outcome.detail);
+    using ExportText::writeFileAtomically;
+    outcome.succeeded =
+        writeFileAtomically(
+            outcome.paths.priceList,
+            [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) { PortfolioQuicken::appendPriceList(out, portfolio.holdings(), flushIfFull); },
+            &outcome.detail)
+        && writeFileAtomically(
+            outcome.paths.positions,
+            [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) {
+                PortfolioQuicken::appendPortfolio(out, portfolio.displayName(), chosen, flushIfFull);
+            },
+            &outcome.detail);
     if (!outcome.succeeded) {
         outcome.title = QString::fromLatin1(FailureTitle);
         outcome.message = QString::fromLatin1(FailureMessage);

@@ -120,6 +120,8 @@ public:
     void addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums) const;
     int issueMonth() const; // MonthIndex::None without issue date
     QStringList valuesSinceIssue() const;
+    // The same lines appended as bytes.
+    void appendValuesSinceIssue(QByteArray &out) const;
 
     // Security symbol of the price history: issue month, issue year, series code ("031995N").
     QString security() const;

@@ -186,3 +186,9 @@ QStringList Holding::valuesSinceIssue() const
     const BondAssessor *reader = assessor();
     return reader ? reader->valuesSinceIssue(bondTerms()) : QStringList();
 }
+
+void Holding::appendValuesSinceIssue(QByteArray &out) const
+{
+    if (const BondAssessor *reader = assessor(); reader && m_issueDate.isValid())
+        reader->appendValuesSinceIssue(out, series(), issueMonth(), security().toLatin1());
+}

@@ -2,13 +2,23 @@
 
 #include <QHash>
 #include <QMutex>
+#include <optional>
 
 namespace {
-QMutex registeredLock;
-QHash<QString, QVariant> &registered()
+// Opening the settings store touches several files; new holdings ask for their defaults one by
+// one (thousands when a portfolio opens), so what the store answered is kept. Writes go through
+// setValue() and remove(), which keep the copy current.
+struct Store
 {
-    static QHash<QString, QVariant> fallbacks;
-    return fallbacks;
+    QMutex lock;
+    QHash<QString, QVariant> fallbacks;
+    QHash<QString, std::optional<QVariant>> stored; // nullopt: the user never set the key
+};
+
+Store &store()
+{
+    static Store instance;
+    return instance;
 }
 }
 
@@ -21,27 +31,40 @@ QSettings settings()
 
 void registerDefault(const QString &key, const QVariant &fallback)
 {
-    QMutexLocker locker(&registeredLock);
-    registered().insert(key, fallback);
+    QMutexLocker locker(&store().lock);
+    store().fallbacks.insert(key, fallback);
 }
 
 QVariant value(const QString &key)
 {
-    QSettings store = settings();
-    if (store.contains(key))
-        return store.value(key);
-    QMutexLocker locker(&registeredLock);
-    return registered().value(key);
+    Store &s = store();
+    QMutexLocker locker(&s.lock);
+    auto found = s.stored.find(key);
+    if (found == s.stored.end()) {
+        QSettings file = settings();
+        found = s.stored.insert(key, file.contains(key) ? std::optional<QVariant>(file.value(key)) : std::nullopt);
+    }
+    return found->has_value() ? **found : s.fallbacks.value(key);
 }
 
 void setValue(const QString &key, const QVariant &value)
 {
+    QMutexLocker locker(&store().lock);
     settings().setValue(key, value);
+    store().stored.insert(key, value);
 }
 
 void remove(const QString &key)
 {
+    QMutexLocker locker(&store().lock);
     settings().remove(key);
+    store().stored.insert(key, std::nullopt);
+}
+
+void forgetReadValues()
+{
+    QMutexLocker locker(&store().lock);
+    store().stored.clear();
 }
 
 } // namespace UserDefaults

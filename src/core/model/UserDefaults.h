@@ -17,7 +17,10 @@ inline constexpr const char *BondTableColumnSettingsKey = "BondTableColumnSettin
 QSettings settings();
 
 void registerDefault(const QString &key, const QVariant &fallback);
+// Values are read from the store once and kept; change them only through setValue() and remove().
 QVariant value(const QString &key);
 void setValue(const QString &key, const QVariant &value);
 void remove(const QString &key);
+// Reads the store afresh at the next value() (after another program changed it).
+void forgetReadValues();
 }

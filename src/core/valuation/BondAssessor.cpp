@@ -5,6 +5,7 @@
 #include "valuation/ValueHistoryCache.h"
 
 #include <QFileInfo>
+#include <cstdio>
 #include <sqlite3.h>
 #include <utility>
 
@@ -148,18 +149,34 @@ qint64 BondAssessor::valueOf(const BondTerms &bond, const QDateTime &asOf) const
 
 QStringList BondAssessor::valuesSinceIssue(const BondTerms &bond) const
 {
-    QStringList lines;
     if (!bond.issueDate.isValid())
-        return lines;
-    const QByteArray security = bond.security.toUtf8();
-    const ValueHistory &values = history(bond.series, MonthIndex::of(bond.issueDate));
-    for (int month = values.firstMonth(); !values.isEmpty() && month <= values.lastMonth(); ++month) {
-        const qint32 value = values.at(month);
-        if (value > 0)
-            lines << QString::asprintf("%s,%.2f,%02d/1/%04d\r", security.constData(), value / 100.0,
-                                       MonthIndex::monthOf(month), MonthIndex::yearOf(month));
+        return {};
+    QByteArray bytes;
+    appendValuesSinceIssue(bytes, bond.series, MonthIndex::of(bond.issueDate), bond.security.toUtf8());
+    QStringList lines;
+    for (qsizetype start = 0; start < bytes.size();) {
+        const qsizetype end = bytes.indexOf('\r', start) + 1;
+        lines << QString::fromUtf8(bytes.mid(start, end - start));
+        start = end;
     }
     return lines;
+}
+
+void BondAssessor::appendValuesSinceIssue(QByteArray &out, const Series *series, int issueMonth,
+                                          QByteArrayView security) const
+{
+    const ValueHistory &values = history(series, issueMonth);
+    for (int month = values.firstMonth(); !values.isEmpty() && month <= values.lastMonth(); ++month) {
+        const qint32 value = values.at(month);
+        if (value <= 0)
+            continue;
+        // Whole cents print exactly as "%.2f" of cents / 100.0 would, without a double's detour.
+        char line[64];
+        const int length = std::snprintf(line, sizeof line, ",%d.%02d,%02d/1/%04d\r", value / 100, value % 100,
+                                         MonthIndex::monthOf(month), MonthIndex::yearOf(month));
+        out.append(security);
+        out.append(line, length);
+    }
 }
 
 qint64 BondAssessor::valueCount() const

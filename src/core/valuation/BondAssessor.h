@@ -78,6 +78,8 @@ public:
     qint64 valueOf(const BondTerms &bond, const QDateTime &asOf) const;
     // "security,dollars,MM/1/YYYY\r" for every redemption month with a positive stored value.
     QStringList valuesSinceIssue(const BondTerms &bond) const;
+    // The same lines appended as bytes (the security is ASCII), for exports of many holdings.
+    void appendValuesSinceIssue(QByteArray &out, const Series *series, int issueMonth, QByteArrayView security) const;
 
     // The same with months as counts (MonthIndex), for callers that value many months.
     // The stored values of one bond by redemption month; valid until the next read outside a
