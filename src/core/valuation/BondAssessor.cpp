@@ -5,7 +5,9 @@
 #include "valuation/ValueHistoryCache.h"
 
 #include <QFileInfo>
-#include <cstdio>
+#include <QVarLengthArray>
+#include <algorithm>
+#include <charconv>
 #include <sqlite3.h>
 #include <utility>
 
@@ -162,20 +164,40 @@ QStringList BondAssessor::valuesSinceIssue(const BondTerms &bond) const
     return lines;
 }
 
+namespace {
+// Two digits with a leading zero, as "%02d" writes 0 to 99.
+char *twoDigits(char *at, int number)
+{
+    *at++ = char('0' + number / 10 % 10);
+    *at++ = char('0' + number % 10);
+    return at;
+}
+} // namespace
+
 void BondAssessor::appendValuesSinceIssue(QByteArray &out, const Series *series, int issueMonth,
                                           QByteArrayView security) const
 {
     const ValueHistory &values = history(series, issueMonth);
+    // "%s,%.2f,%02d/1/%04d\r" of cents / 100.0, written by hand: whole cents print exactly so,
+    // and a price list holds millions of these lines.
+    QVarLengthArray<char, 96> line(security.size() + 40);
+    std::copy(security.begin(), security.end(), line.data());
     for (int month = values.firstMonth(); !values.isEmpty() && month <= values.lastMonth(); ++month) {
         const qint32 value = values.at(month);
         if (value <= 0)
             continue;
-        // Whole cents print exactly as "%.2f" of cents / 100.0 would, without a double's detour.
-        char line[64];
-        const int length = std::snprintf(line, sizeof line, ",%d.%02d,%02d/1/%04d\r", value / 100, value % 100,
-                                         MonthIndex::monthOf(month), MonthIndex::yearOf(month));
-        out.append(security);
-        out.append(line, length);
+        char *at = line.data() + security.size();
+        *at++ = ',';
+        at = std::to_chars(at, line.data() + line.size(), value / 100).ptr;
+        *at++ = '.';
+        at = twoDigits(at, value % 100);
+        *at++ = ',';
+        at = twoDigits(at, MonthIndex::monthOf(month));
+        at = std::copy_n("/1/", 3, at);
+        const int year = MonthIndex::yearOf(month);
+        at = twoDigits(twoDigits(at, year / 100), year % 100);
+        *at++ = '\r';
+        out.append(line.data(), at - line.data());
     }
 }
 
