@@ -1,0 +1,99 @@
+// A portfolio's figures always answer from the database as it is now: values installed while a
+// document is open (by this process or another), a valuation month changed back and forth, and a
+// holding edited between two reads all show at the very next read.
+#include "PriceUpdateTestData.h"
+#include "TestSupport.h"
+
+#include "document/BondPortfolio.h"
+#include "model/PeopleStore.h"
+#include "model/Series.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <gtest/gtest.h>
+
+using namespace PriceUpdateTestData;
+
+namespace {
+
+// I bonds issued 2001 onwards; stored value = base + (issue year − 2001) × 12 + issue month − 1.
+struct OpenPortfolio
+{
+    QString database = TestSupport::emptyDatabase();
+    PeopleStore people{TestSupport::temporaryDirectory() + QStringLiteral("/people.vcf")};
+    std::unique_ptr<BondPortfolio> document;
+    HoldingRef holding = Holding::create();
+
+    OpenPortfolio()
+    {
+        EXPECT_TRUE(install(database, {{QStringLiteral("jan.bin"), priceFile('I', 2030, 1, 2001, 2, 3000)}}));
+        document = std::make_unique<BondPortfolio>(&people, database);
+        holding->setPortfolio(document.get());
+        holding->setSeries(Series::seriesForCode(QStringLiteral("I")));
+        holding->setIssueDate(BondAssessor::monthDate(2001, 3));
+        holding->setFaceValue(5000);
+        holding->setQuantity(2);
+        document->setHoldings({holding});
+        document->setValueOfDate(BondAssessor::monthDate(2030, 1));
+    }
+};
+
+enum class Installer { ThisProcess, AnotherProcess };
+
+class ValuesInstalledWhileOpen : public testing::TestWithParam<Installer> {};
+
+TEST_P(ValuesInstalledWhileOpen, ShowAtTheNextRead)
+{
+    OpenPortfolio open;
+    ASSERT_EQ(open.holding->value(), 2 * (3000 + 2) * 2);
+    const QDateTime february = BondAssessor::monthDate(2030, 2);
+    EXPECT_FALSE(open.document->validateValueOfDate(february));
+    EXPECT_EQ(open.holding->absoluteValueAsOfDate(february), 0); // read once: nothing yet
+
+    if (GetParam() == Installer::ThisProcess) {
+        ASSERT_TRUE(install(open.database, {{QStringLiteral("feb.bin"), priceFile('I', 2030, 2, 2001, 2, 4000)}}));
+    } else {
+        // The sqlite3 shell stands for any other program writing the same working database.
+        const QString sql = QStringLiteral(
+            "insert into bond_value values ('I', 2030, 2, 2001, 3, 4002);"
+            "delete from max_rdate; insert into max_rdate values (2030, 2);");
+        QProcess shell;
+        shell.start(QStringLiteral("sqlite3"), {open.database, sql});
+        ASSERT_TRUE(shell.waitForFinished(60000));
+        ASSERT_EQ(shell.exitCode(), 0) << shell.readAllStandardError().constData();
+    }
+
+    EXPECT_TRUE(open.document->validateValueOfDate(february));
+    EXPECT_EQ(open.document->assessor().maximumRedemptionDate(), february);
+    EXPECT_EQ(open.holding->absoluteValueAsOfDate(february), (4000 + 2) * 2);
+    ASSERT_TRUE(open.document->setValueOfDate(february));
+    EXPECT_EQ(open.holding->value(), 2 * (4000 + 2) * 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Installers, ValuesInstalledWhileOpen,
+                         testing::Values(Installer::ThisProcess, Installer::AnotherProcess));
+
+TEST(ValuationFreshness, MonthsBackAndForthAndEditsBetweenReads)
+{
+    OpenPortfolio open;
+    ASSERT_TRUE(install(open.database, {{QStringLiteral("feb.bin"), priceFile('I', 2030, 2, 2001, 2, 4000)}}));
+    const QDateTime january = BondAssessor::monthDate(2030, 1);
+    const QDateTime february = BondAssessor::monthDate(2030, 2);
+    for (int round = 0; round < 2; ++round) {
+        open.document->setValueOfDate(february);
+        EXPECT_EQ(open.holding->value(), 2 * (4000 + 2) * 2);
+        open.document->setValueOfDate(january);
+        EXPECT_EQ(open.holding->value(), 2 * (3000 + 2) * 2);
+    }
+    // Each edit shows at once: another issue month, face value, quantity, and a bond without data.
+    open.holding->setIssueDate(BondAssessor::monthDate(2002, 7));
+    EXPECT_EQ(open.holding->value(), 2 * (3000 + 12 + 6) * 2);
+    open.holding->setFaceValue(2500);
+    open.holding->setQuantity(3);
+    EXPECT_EQ(open.holding->value(), 3 * (3000 + 18));
+    open.holding->setSeries(Series::seriesForCode(QStringLiteral("E")));
+    EXPECT_EQ(open.holding->value(), 0);
+    EXPECT_EQ(open.holding->myColor(), Holding::LineColor::Red);
+}
+
+} // namespace
