@@ -9,6 +9,7 @@
 #include <QDate>
 #include <QFile>
 #include <benchmark/benchmark.h>
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -74,6 +75,7 @@ QString layoutDatabase(int index)
     return path;
 }
 
+// range(0) = 1: inside one read batch, as a table, a report or the interest summary reads.
 void BM_AssessorValueOf(benchmark::State &state)
 {
     struct Prepared { BondTerms bond; QDateTime asOf; };
@@ -86,6 +88,10 @@ void BM_AssessorValueOf(benchmark::State &state)
         prepared.push_back({bond, BondAssessor::monthDate(l.ryr, l.rmo)});
     }
     const BondAssessor assessor(databaseCopy());
+    std::optional<BondAssessor::ReadBatch> batch;
+    if (state.range(0))
+        batch.emplace(assessor);
+    state.SetLabel(state.range(0) ? "in a read batch" : "single reads");
     size_t i = 0;
     for (auto _ : state) {
         const Prepared &p = prepared[i++ % prepared.size()];
@@ -158,7 +164,7 @@ void BM_IsValidIssueDate(benchmark::State &state)
     state.SetItemsProcessed(state.iterations());
 }
 
-BENCHMARK(BM_AssessorValueOf);
+BENCHMARK(BM_AssessorValueOf)->Arg(0)->Arg(1);
 BENCHMARK(BM_BarePreparedStatement);
 BENCHMARK(BM_BareLookupByLayout)->DenseRange(0, DatabaseLayouts::Count - 1);
 BENCHMARK(BM_IsValidValueOfDate)->DenseRange(0, DatabaseLayouts::Count - 1)->Unit(benchmark::kMicrosecond);
