@@ -73,6 +73,9 @@ public:
     qint64 valueOf(const BondTerms &bond, const QDateTime &asOf) const;
     // "security,dollars,MM/1/YYYY\r" for every redemption month with a positive stored value.
     QStringList valuesSinceIssue(const BondTerms &bond) const;
+    // True when the stored value was derived by the program (a matured bond's value carried
+    // forward, a fixed-rate EE bond's computed value) rather than published by the Treasury.
+    bool isDerivedValue(const BondTerms &bond, const QDateTime &asOf) const;
 
     // Row count of bond_value and the installed file names (for reports).
     qint64 valueCount() const;
