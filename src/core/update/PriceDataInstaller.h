@@ -8,6 +8,7 @@
 // the official one is reported, once, in derivedDifferences() and the log. Official rows that a
 // file repeats still refuse it.
 #include "update/DerivedValues.h"
+#include "update/PriceDataFile.h"
 
 #include <QByteArray>
 #include <QDateTime>

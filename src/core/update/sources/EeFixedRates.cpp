@@ -82,7 +82,7 @@ Table read(const QByteArray &data, const QString &fileName)
                 return refuse(QStringLiteral("the header must be first_issue_month,last_issue_month,fixed_rate_percent"));
             continue;
         }
-        const QList<QByteArrayView> cells = line.split(',');
+        const QList<QByteArray> cells = line.toByteArray().split(',');
         if (cells.size() != 3)
             return refuse(QStringLiteral("three columns expected"));
         const auto first = month(SourceText::trimmed(cells.at(0)));
