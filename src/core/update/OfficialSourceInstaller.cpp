@@ -65,8 +65,8 @@ QString describe(const PriceRecord &record)
         .arg(record.iyr);
 }
 
-// One issue month of an installed record that gets the file's value: one that held no data, or a
-// derived one that gives way to the official value.
+// One issue month of an installed record that gets the file's value: one that held no data (a -2
+// row, or none, since derived values come without fillers), or a derived one that gives way.
 struct Fill
 {
     PriceRecord record;
@@ -82,7 +82,10 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
     sqlite3_stmt *derived = nullptr;
     sqlite3_stmt *unmark = nullptr;
     const bool prepared =
-        sqlite3_prepare_v2(db, (QByteArray("update bond_value set value = ?1") + key + " and value = -2").constData(),
+        sqlite3_prepare_v2(db,
+                           "insert into bond_value (value, series, ryr, rmo, iyr, imo) values (?1, ?2, ?3, ?4, ?5, ?6)"
+                           " on conflict (series, iyr, imo, ryr, rmo) do update set value = excluded.value"
+                           " where bond_value.value = -2",
                            -1, &empty, nullptr) == SQLITE_OK
         && sqlite3_prepare_v2(db, (QByteArray("update bond_value set value = ?1") + key).constData(), -1, &derived,
                               nullptr) == SQLITE_OK
