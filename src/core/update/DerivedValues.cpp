@@ -149,17 +149,33 @@ QString report(const QString &fileName, const QList<Difference> &differences)
         .arg(fileName).arg(differences.size()).arg(shown.join(QLatin1String("; ")));
 }
 
-bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error)
+bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error, Scope scope)
 {
     *added = {};
     if (!ensureTable(db, error))
         return false;
-    QHash<quint64, PriceRecord> records;
+    int first = std::numeric_limits<int>::max(), last = std::numeric_limits<int>::min();
     sqlite3_stmt *stmt = nullptr;
-    if (sqlite3_prepare_v2(db, "select series, ryr, rmo, iyr, imo, value from bond_value", -1, &stmt, nullptr) != SQLITE_OK) {
+    if (sqlite3_prepare_v2(db, "select min(ryr * 12 + rmo - 1), max(ryr * 12 + rmo - 1) from bond_value", -1, &stmt, nullptr)
+            != SQLITE_OK
+        || sqlite3_step(stmt) != SQLITE_ROW) {
         sqlite3_finalize(stmt);
         return fail(db, error);
     }
+    if (sqlite3_column_type(stmt, 0) != SQLITE_NULL) {
+        first = sqlite3_column_int(stmt, 0);
+        last = sqlite3_column_int(stmt, 1);
+    }
+    sqlite3_finalize(stmt);
+
+    QHash<quint64, PriceRecord> records;
+    const QByteArray select = QByteArray("select series, ryr, rmo, iyr, imo, value from bond_value")
+                              + (scope == Scope::Everything ? "" : " where series = 'N' and iyr >= ?");
+    if (sqlite3_prepare_v2(db, select.constData(), -1, &stmt, nullptr) != SQLITE_OK) {
+        sqlite3_finalize(stmt);
+        return fail(db, error);
+    }
+    sqlite3_bind_int(stmt, 1, rates.firstIssue() / 12);
     bool holdsEe = false;
     while (sqlite3_step(stmt) == SQLITE_ROW) {
         const auto *code = reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0));
@@ -177,7 +193,8 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
 
     QList<Cell> cells;
     QHash<quint64, PriceRecord> completed = records;
-    added->carried = MaturedValueCompletion::complete(completed);
+    if (scope == Scope::Everything)
+        added->carried = MaturedValueCompletion::complete(completed);
     if (added->carried > 0) {
         for (auto record = completed.cbegin(); record != completed.cend(); ++record) {
             const auto before = records.constFind(record.key());
@@ -189,11 +206,6 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
         }
     }
 
-    int first = std::numeric_limits<int>::max(), last = std::numeric_limits<int>::min();
-    for (const PriceRecord &record : std::as_const(records)) {
-        first = std::min(first, monthIndex(record.ryr, record.rmo));
-        last = std::max(last, monthIndex(record.ryr, record.rmo));
-    }
     for (int issue = rates.firstIssue(); holdsEe && issue <= rates.lastIssue(); ++issue) {
         const std::optional<int> rate = rates.basisPointsFor(issue);
         if (!rate)

@@ -48,7 +48,10 @@ struct Extension
 // their value at maturity, and EE bonds of the issue months the rate table covers get their
 // computed values (only in a database that holds EE values at all, and never before its
 // earliest month). Only cells without a value (no row, or -2) are written, each recorded in
-// derived_value. Runs inside the caller's transaction.
-bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error);
+// derived_value. Runs inside the caller's transaction. A caller that has just carried matured
+// bonds forward itself (the build) may leave that part out, which spares reading every value.
+enum class Scope { Everything, FixedRateEeOnly };
+bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error,
+            Scope scope = Scope::Everything);
 
 }

@@ -109,7 +109,7 @@ bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *erro
     }
     // Then whatever else can be derived up to the latest month: the fixed-rate EE bonds.
     DerivedValues::Extension extension;
-    if (!execute(db, "begin", error) || !DerivedValues::extend(db, rates, &extension, error)
+    if (!execute(db, "begin", error) || !DerivedValues::extend(db, rates, &extension, error, DerivedValues::Scope::FixedRateEeOnly)
         || !execute(db, "commit", error)) {
         *error = QStringLiteral("the derived values could not be installed: %1").arg(*error);
         return false;
