@@ -69,10 +69,11 @@ QString describe(const PriceRecord &record)
 // row, or none, since derived values come without fillers), or a derived one that gives way.
 struct Fill
 {
+    enum Kind { Empty, Derived, Blank };
     PriceRecord record;
     int month;
     qint32 value;
-    bool derived;
+    Kind kind;
 };
 
 bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
@@ -81,7 +82,10 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
     sqlite3_stmt *empty = nullptr;
     sqlite3_stmt *derived = nullptr;
     sqlite3_stmt *unmark = nullptr;
+    sqlite3_stmt *blank = nullptr;
     const bool prepared =
+        sqlite3_prepare_v2(db, "insert or ignore into bond_value (value, series, ryr, rmo, iyr, imo) values (?1, ?2, ?3, ?4, ?5, ?6)",
+                           -1, &blank, nullptr) == SQLITE_OK &&
         sqlite3_prepare_v2(db,
                            "insert into bond_value (value, series, ryr, rmo, iyr, imo) values (?1, ?2, ?3, ?4, ?5, ?6)"
                            " on conflict (series, iyr, imo, ryr, rmo) do update set value = excluded.value"
@@ -97,8 +101,8 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
     for (int i = 0; ok && i < fills.size(); ++i) {
         const Fill &fill = fills.at(i);
         const char series[2] = {fill.record.series, '\0'};
-        QList<sqlite3_stmt *> statements{fill.derived ? derived : empty};
-        if (fill.derived)
+        QList<sqlite3_stmt *> statements{fill.kind == Fill::Derived ? derived : fill.kind == Fill::Empty ? empty : blank};
+        if (fill.kind == Fill::Derived)
             statements << unmark;
         for (sqlite3_stmt *stmt : statements) {
             sqlite3_reset(stmt);
@@ -108,7 +112,7 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
             sqlite3_bind_int(stmt, 4, fill.record.rmo);
             sqlite3_bind_int(stmt, 5, fill.record.iyr);
             sqlite3_bind_int(stmt, 6, fill.month);
-            if (sqlite3_step(stmt) != SQLITE_DONE || sqlite3_changes(db) != 1) {
+            if (sqlite3_step(stmt) != SQLITE_DONE || (stmt != blank && sqlite3_changes(db) != 1)) {
                 *error = QStringLiteral("cannot fill in %1, issue month %2: %3")
                              .arg(describe(fill.record)).arg(fill.month).arg(QString::fromUtf8(sqlite3_errmsg(db)));
                 ok = false;
@@ -116,7 +120,7 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
             }
         }
     }
-    for (sqlite3_stmt *stmt : {empty, derived, unmark})
+    for (sqlite3_stmt *stmt : {empty, derived, unmark, blank})
         sqlite3_finalize(stmt);
     return ok;
 }
@@ -160,11 +164,16 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
         bool filled = false;
         for (int k = 0; k < 12; ++k) {
             const qint32 had = existing->value[k], given = record.value[k];
-            if (given == RedemptionMarker::NoPricingData)
+            if (given == RedemptionMarker::NoPricingData) {
+                // The file's blank fields are kept as rows, as when its record goes in whole
+                // (derived values come without such fillers).
+                if (had == RedemptionMarker::NoPricingData)
+                    fills << Fill{record, k + 1, given, Fill::Blank};
                 continue;
+            }
             const auto cell = derived.constFind(DerivedValues::cellKey(record.series, record.iyr, k + 1, record.ryr, record.rmo));
             if (cell != derived.cend()) {
-                fills << Fill{record, k + 1, given, true};
+                fills << Fill{record, k + 1, given, Fill::Derived};
                 ++outcome.replacedDerivedValues;
                 if (had != given && had != RedemptionMarker::NoPricingData)
                     differences.append({record.series, record.iyr, k + 1, record.ryr, record.rmo, had, given});
@@ -178,7 +187,7 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
                                     .arg(source.name, describe(record));
                 return outcome;
             }
-            fills << Fill{record, k + 1, given, false};
+            fills << Fill{record, k + 1, given, Fill::Empty};
             filled = true;
         }
         filled ? ++outcome.filledRecords : ++outcome.unchangedRecords;
