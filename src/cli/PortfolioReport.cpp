@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 namespace {
 
@@ -30,6 +31,16 @@ QString status(const Holding &holding)
     if (!holding.isRedeemableIssue())
         return QStringLiteral("not yet redeemable");
     return {};
+}
+
+// The bracketed remark before a holding's registration: why it shows no value, or that its value
+// was computed.
+QString remark(const Holding &holding)
+{
+    const QString why = status(holding);
+    if (!why.isEmpty())
+        return why;
+    return holding.isValueDerived() ? QStringLiteral("computed") : QString();
 }
 
 // A rate as JSON shows it: the float's own digits, not its double expansion (3.94, not 3.9400000572).
@@ -93,6 +104,7 @@ QString text(const BondPortfolio &portfolio)
     out += line({"Series", "Qty", "Issued", "Face value", "Issue price", "Interest", "Value", "Yield", "Growth",
                  "Registration"});
     Totals totals;
+    QSet<QString> remarks;
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
         totals.add(h);
@@ -100,9 +112,10 @@ QString text(const BondPortfolio &portfolio)
         if (!h.isPaper())
             series += QStringLiteral("*");
         QString registration = h.registration();
-        const QString why = status(h);
+        const QString why = remark(h);
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
+        remarks.insert(why);
         out += line({series, QString::number(h.quantity()), issueMonth(h), formatDollars(h.faceValue()),
                      formatDollars(h.issuePrice()), formatDollars(h.interestEarned()), formatDollars(h.value()),
                      percent(h.currentYield()), percent(h.compoundAnnualGrowthRate()), registration.trimmed()});
@@ -111,6 +124,10 @@ QString text(const BondPortfolio &portfolio)
                  formatDollars(totals.issuePrice), formatDollars(totals.interest), formatDollars(totals.value),
                  QString(), QString(), QString()});
     out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
+    if (remarks.contains(QStringLiteral("computed")))
+        out += QStringLiteral("([computed] %1)\n").arg(Holding::derivedValueNote());
+    if (remarks.contains(QStringLiteral("no pricing data")))
+        out += QStringLiteral("([no pricing data] %1)\n").arg(Holding::noPricingDataAdvice());
 
     out += QStringLiteral("\nInterest earned by tax year (%1):\n").arg(summaryTitle(portfolio));
     const QList<InterestSummaryRow> summary = portfolio.interestSummary();
@@ -149,6 +166,7 @@ QByteArray json(const BondPortfolio &portfolio)
             {"beneficiary", person(h.beneficiary())},
             {"registration", h.registration().isNull() ? QJsonValue() : QJsonValue(h.registration())},
             {"status", why.isEmpty() ? QJsonValue() : QJsonValue(why)},
+            {"computed", h.isValueDerived()},
         });
     }
     QJsonArray people;

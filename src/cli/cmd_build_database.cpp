@@ -11,7 +11,8 @@ int run(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Builds a redemption value database from Treasury value files (sbYYYYMM.asc) and\n"
-                       "Fiscal Data value files (.csv), adding the values of matured bonds carried forward.\n"
+                       "Fiscal Data value files (.csv), adding the values of matured bonds carried forward\n"
+                       "and those of Series EE bonds of a fixed rate, computed from the built-in rate table.\n"
                        "FILE is replaced only when the whole build succeeds."));
     const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("The database file to write."), QStringLiteral("FILE"));
     parser.addOption(outOption);

@@ -20,9 +20,11 @@ int run(const QStringList &arguments)
         QStringLiteral("Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value\n"
                        "files (.csv) into the redemption value database, each in one transaction.\n"
                        "Values the database already holds are passed over and months it holds without\n"
-                       "data are filled in; a file whose values contradict it is refused. Matured bonds\n"
-                       "keep their value at maturity in the months a file adds. Each file is\n"
-                       "recorded under its name, so the updater never offers it again.\n"
+                       "data are filled in; a file whose values contradict it is refused. Values the\n"
+                       "program derived (matured bonds, EE bonds of a fixed rate) give way to the file's\n"
+                       "official ones, and a difference between them is reported. Then matured bonds keep\n"
+                       "their value and fixed-rate EE bonds are computed up to the latest month. Each file\n"
+                       "is recorded under its name, so the updater never offers it again.\n"
                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder."));
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The value files to install, in order."), QStringLiteral("FILE..."));
     int status = 0;
@@ -50,9 +52,13 @@ int run(const QStringList &arguments)
             return cliFail(outcome.error);
         cliOut() << "Installed " << QFileInfo(file).fileName() << ": " << outcome.installedRecords
                  << " new records, " << outcome.unchangedRecords << " already installed, "
-                 << outcome.filledRecords << " completed, " << outcome.carriedValues
-                 << " values of matured bonds carried forward; redemption months "
+                 << outcome.filledRecords << " completed, " << outcome.replacedDerivedValues
+                 << " derived values replaced by official ones, " << outcome.carriedValues
+                 << " values of matured bonds carried forward, " << outcome.computedValues
+                 << " values of fixed-rate EE bonds computed; redemption months "
                  << monthText(outcome.minimum) << " to " << monthText(outcome.maximum) << '\n';
+        if (!outcome.derivedDifferences.isEmpty())
+            cliOut() << "Note: " << outcome.derivedDifferences << '\n';
     }
     return 0;
 }

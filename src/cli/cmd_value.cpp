@@ -97,6 +97,10 @@ int run(const QStringList &arguments)
              << "Issue price:     " << formatDollars(bond->issuePrice()) << '\n'
              << "Value:           " << valueText(*bond) << '\n'
              << "Interest earned: " << formatDollars(bond->interestEarned()) << '\n';
+    if (bond->isValueDerived())
+        cliOut() << "Computed:        " << Holding::derivedValueNote() << '\n';
+    else if (!bond->isValidIssue())
+        cliOut() << "Note:            " << Holding::noPricingDataAdvice() << '\n';
     return 0;
 }
 

@@ -104,7 +104,7 @@ TEST(CliDatabase, ReportsRangeCountAndInstalledFiles)
     const QByteArray out = result.standardOutput;
     EXPECT_TRUE(out.contains("Earliest redemption month:  1992-05\n")) << out.toStdString();
     EXPECT_TRUE(out.contains("Latest redemption month:    2026-11\n"));
-    EXPECT_TRUE(out.contains("Values:                     405108\n"));
+    EXPECT_TRUE(out.contains("Values:                     417048\n"));
     EXPECT_TRUE(out.contains("Installed files:            61\n"));
     EXPECT_TRUE(out.contains("  sb199205.asc\n"));
     EXPECT_TRUE(out.contains("  i-bond-values.csv\n"));

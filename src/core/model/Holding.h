@@ -122,6 +122,12 @@ public:
     QStringList valuesSinceIssue() const;
     // The same lines appended as bytes.
     void appendValuesSinceIssue(QByteArray &out) const;
+    // True when the value shown as of the valuation date was computed by the program rather than
+    // published by the Treasury (see derivedValueNote()).
+    bool isValueDerived() const;
+    // What such a value is, and what a user whose bond has no pricing data can do, in words.
+    static QString derivedValueNote();
+    static QString noPricingDataAdvice();
 
     // Security symbol of the price history: issue month, issue year, series code ("031995N").
     QString security() const;

@@ -1,5 +1,6 @@
 #include "update/OfficialSourceInstaller.h"
 
+#include "update/DerivedValues.h"
 #include "update/MaturedValueCompletion.h"
 #include "update/PriceDataInstaller.h"
 #include "update/sources/MaturedBondCarryForward.h"
@@ -7,6 +8,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <QtDebug>
 #include <algorithm>
 #include <tuple>
 #include <sqlite3.h>
@@ -63,44 +65,63 @@ QString describe(const PriceRecord &record)
         .arg(record.iyr);
 }
 
-// One issue month of an installed record that held no data and gets a value.
+// One issue month of an installed record that gets the file's value: one that held no data (a -2
+// row, or none, since derived values come without fillers), or a derived one that gives way.
 struct Fill
 {
+    enum Kind { Empty, Derived, Blank };
     PriceRecord record;
     int month;
     qint32 value;
+    Kind kind;
 };
 
 bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
 {
-    sqlite3_stmt *stmt = nullptr;
-    if (sqlite3_prepare_v2(db,
-                           "update bond_value set value = ? where series = ? and ryr = ? and rmo = ? and iyr = ?"
-                           " and imo = ? and value = -2",
-                           -1, &stmt, nullptr)
-        != SQLITE_OK) {
+    static const char *const key = " where series = ?2 and ryr = ?3 and rmo = ?4 and iyr = ?5 and imo = ?6";
+    sqlite3_stmt *empty = nullptr;
+    sqlite3_stmt *derived = nullptr;
+    sqlite3_stmt *unmark = nullptr;
+    sqlite3_stmt *blank = nullptr;
+    const bool prepared =
+        sqlite3_prepare_v2(db, "insert or ignore into bond_value (value, series, ryr, rmo, iyr, imo) values (?1, ?2, ?3, ?4, ?5, ?6)",
+                           -1, &blank, nullptr) == SQLITE_OK &&
+        sqlite3_prepare_v2(db,
+                           "insert into bond_value (value, series, ryr, rmo, iyr, imo) values (?1, ?2, ?3, ?4, ?5, ?6)"
+                           " on conflict (series, iyr, imo, ryr, rmo) do update set value = excluded.value"
+                           " where bond_value.value = -2",
+                           -1, &empty, nullptr) == SQLITE_OK
+        && sqlite3_prepare_v2(db, (QByteArray("update bond_value set value = ?1") + key).constData(), -1, &derived,
+                              nullptr) == SQLITE_OK
+        && sqlite3_prepare_v2(db, (QByteArray("delete from derived_value") + key).constData(), -1,
+                              &unmark, nullptr) == SQLITE_OK;
+    bool ok = prepared;
+    if (!prepared)
         *error = QString::fromUtf8(sqlite3_errmsg(db));
-        sqlite3_finalize(stmt);
-        return false;
-    }
-    bool ok = true;
-    for (const Fill &fill : fills) {
+    for (int i = 0; ok && i < fills.size(); ++i) {
+        const Fill &fill = fills.at(i);
         const char series[2] = {fill.record.series, '\0'};
-        sqlite3_reset(stmt);
-        sqlite3_bind_int(stmt, 1, fill.value);
-        sqlite3_bind_text(stmt, 2, series, 1, SQLITE_TRANSIENT);
-        sqlite3_bind_int(stmt, 3, fill.record.ryr);
-        sqlite3_bind_int(stmt, 4, fill.record.rmo);
-        sqlite3_bind_int(stmt, 5, fill.record.iyr);
-        sqlite3_bind_int(stmt, 6, fill.month);
-        if (sqlite3_step(stmt) != SQLITE_DONE || sqlite3_changes(db) != 1) {
-            *error = QStringLiteral("cannot fill in %1, issue month %2: %3")
-                         .arg(describe(fill.record)).arg(fill.month).arg(QString::fromUtf8(sqlite3_errmsg(db)));
-            ok = false;
-            break;
+        QList<sqlite3_stmt *> statements{fill.kind == Fill::Derived ? derived : fill.kind == Fill::Empty ? empty : blank};
+        if (fill.kind == Fill::Derived)
+            statements << unmark;
+        for (sqlite3_stmt *stmt : statements) {
+            sqlite3_reset(stmt);
+            sqlite3_bind_int(stmt, 1, fill.value);
+            sqlite3_bind_text(stmt, 2, series, 1, SQLITE_TRANSIENT);
+            sqlite3_bind_int(stmt, 3, fill.record.ryr);
+            sqlite3_bind_int(stmt, 4, fill.record.rmo);
+            sqlite3_bind_int(stmt, 5, fill.record.iyr);
+            sqlite3_bind_int(stmt, 6, fill.month);
+            if (sqlite3_step(stmt) != SQLITE_DONE || (stmt != blank && sqlite3_changes(db) != 1)) {
+                *error = QStringLiteral("cannot fill in %1, issue month %2: %3")
+                             .arg(describe(fill.record)).arg(fill.month).arg(QString::fromUtf8(sqlite3_errmsg(db)));
+                ok = false;
+                break;
+            }
         }
     }
-    sqlite3_finalize(stmt);
+    for (sqlite3_stmt *stmt : {empty, derived, unmark, blank})
+        sqlite3_finalize(stmt);
     return ok;
 }
 
@@ -121,52 +142,62 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
     if (!outcome.ok())
         return outcome;
 
+    const QHash<quint64, qint32> derived = DerivedValues::load(db, &outcome.error);
+    if (!outcome.ok())
+        return outcome;
+
     // What the database is to hold: new records whole; a record it has already may only gain
-    // issue months that held no data (derived months of matured bonds leave the others empty).
-    QHash<quint64, PriceRecord> combined = installed;
+    // issue months that held no data, and its derived months take the official values.
+    QList<PriceRecord> added;
+    QList<Fill> fills;
+    QList<DerivedValues::Difference> differences;
+    QSet<quint64> seen;
     for (const PriceRecord &record : source.records) {
-        const auto existing = combined.find(recordKey(record));
-        if (existing == combined.end()) {
-            combined.insert(recordKey(record), record);
+        const auto existing = installed.constFind(recordKey(record));
+        if (existing == installed.cend()) {
+            if (!seen.contains(recordKey(record)))
+                added << record;
+            seen.insert(recordKey(record));
             ++outcome.installedRecords;
             continue;
         }
         bool filled = false;
         for (int k = 0; k < 12; ++k) {
             const qint32 had = existing->value[k], given = record.value[k];
-            if (had == given || given == RedemptionMarker::NoPricingData)
+            if (given == RedemptionMarker::NoPricingData) {
+                // The file's blank fields are kept as rows, as when its record goes in whole
+                // (derived values come without such fillers).
+                if (had == RedemptionMarker::NoPricingData)
+                    fills << Fill{record, k + 1, given, Fill::Blank};
+                continue;
+            }
+            const auto cell = derived.constFind(DerivedValues::cellKey(record.series, record.iyr, k + 1, record.ryr, record.rmo));
+            if (cell != derived.cend()) {
+                fills << Fill{record, k + 1, given, Fill::Derived};
+                ++outcome.replacedDerivedValues;
+                if (had != given && had != RedemptionMarker::NoPricingData)
+                    differences.append({record.series, record.iyr, k + 1, record.ryr, record.rmo, had, given});
+                filled = true;
+                continue;
+            }
+            if (had == given)
                 continue;
             if (had != RedemptionMarker::NoPricingData) {
                 outcome.error = QStringLiteral("%1: the values of %2 differ from those installed")
                                     .arg(source.name, describe(record));
                 return outcome;
             }
-            existing->value[k] = given;
+            fills << Fill{record, k + 1, given, Fill::Empty};
             filled = true;
         }
         filled ? ++outcome.filledRecords : ++outcome.unchangedRecords;
-    }
-    outcome.carriedValues = MaturedValueCompletion::complete(combined);
-
-    // The difference goes in as one file: new records inserted, empty months filled in.
-    QList<PriceRecord> added;
-    QList<Fill> fills;
-    for (auto record = combined.cbegin(); record != combined.cend(); ++record) {
-        const auto before = installed.constFind(record.key());
-        if (before == installed.cend()) {
-            added << record.value();
-            continue;
-        }
-        for (int k = 0; k < 12; ++k) {
-            if (before->value[k] != record->value[k])
-                fills << Fill{record.value(), k + 1, record->value[k]};
-        }
     }
     std::sort(added.begin(), added.end(), [](const PriceRecord &a, const PriceRecord &b) {
         return std::tie(a.series, a.ryr, a.rmo, a.iyr) < std::tie(b.series, b.ryr, b.rmo, b.iyr);
     });
 
     PriceDataInstaller installer(db);
+    installer.setExtendsDerivedValues(true);
     QString fillError;
     const bool installedFile = installer.updatePricingDataWithData(
         PriceDataFile::encode(added), source.name, [&] { return applyFills(db, fills, &fillError); });
@@ -175,6 +206,11 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
                             .arg(source.name, fillError.isEmpty() ? installer.lastError() : fillError);
         return outcome;
     }
+    outcome.carriedValues = installer.derivedExtension().carried;
+    outcome.computedValues = installer.derivedExtension().computed;
+    outcome.derivedDifferences = DerivedValues::report(source.name, differences);
+    if (!outcome.derivedDifferences.isEmpty())
+        qWarning().noquote() << outcome.derivedDifferences;
     if (!installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum))
         outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
     return outcome;

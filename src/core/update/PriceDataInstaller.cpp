@@ -47,6 +47,40 @@ bool PriceDataInstaller::updatePricingDataWithData(const QByteArray &data, const
 bool PriceDataInstaller::updatePricingDataWithData(const QByteArray &data, const QString &fileName,
                                                    const std::function<bool()> &beforeRecords)
 {
+    return install(data, fileName, beforeRecords, false);
+}
+
+bool PriceDataInstaller::updateDerivedDataWithData(const QByteArray &data, const QString &fileName)
+{
+    return install(data, fileName, {}, true);
+}
+
+bool PriceDataInstaller::prepareDerivedStatements()
+{
+    if (!DerivedValues::ensureTable(m_db, &m_lastError))
+        return false;
+    m_derived = DerivedValues::load(m_db, &m_lastError);
+    if (!m_lastError.isEmpty())
+        return false;
+    static const char *const key = " where series = ?1 and ryr = ?2 and rmo = ?3 and iyr = ?4 and imo = ?5";
+    const bool prepared =
+        sqlite3_prepare_v2(m_db, "insert into derived_value (series, ryr, rmo, iyr, imo) values (?, ?, ?, ?, ?)", -1,
+                           &m_markStmt, nullptr) == SQLITE_OK
+        && sqlite3_prepare_v2(m_db, (QByteArray("delete from derived_value") + key).constData(), -1, &m_unmarkStmt,
+                              nullptr) == SQLITE_OK
+        && sqlite3_prepare_v2(m_db, (QByteArray("update bond_value set value = ?6") + key).constData(), -1,
+                              &m_replaceStmt, nullptr) == SQLITE_OK;
+    if (!prepared)
+        m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));
+    return prepared;
+}
+
+bool PriceDataInstaller::install(const QByteArray &data, const QString &fileName,
+                                 const std::function<bool()> &beforeRecords, bool derived)
+{
+    m_differences.clear();
+    m_extension = {};
+    m_lastError.clear();
     if (!execute("BEGIN TRANSACTION", "updatePricingDataWithData >>: %1")) {
         setStatus(QStringLiteral("Unable to begin price update"));
         return false;
@@ -54,15 +88,27 @@ bool PriceDataInstaller::updatePricingDataWithData(const QByteArray &data, const
     setStatus(QStringLiteral("Installing updated prices..."));
     static const char insert[] = "insert into bond_value (series, ryr, rmo, iyr, imo, value) values(?, ?, ?, ?, ?, ?);";
     sqlite3_prepare_v2(m_db, insert, sizeof insert - 1, &m_insertStmt, nullptr);
+    m_installingDerived = derived;
 
-    bool success = (!beforeRecords || beforeRecords()) && processData(data, fileName);
+    bool success = prepareDerivedStatements() && (!beforeRecords || beforeRecords()) && processData(data, fileName);
+    if (success && m_extendsDerivedValues && !derived)
+        success = DerivedValues::extend(m_db, EeFixedRates::shipped(), &m_extension, &m_lastError);
+    for (sqlite3_stmt **stmt : {&m_markStmt, &m_unmarkStmt, &m_replaceStmt}) {
+        sqlite3_finalize(*stmt);
+        *stmt = nullptr;
+    }
+    m_derived.clear();
     if (success) {
         if (!execute("COMMIT", "<<updatePricingDataWithData: %1")) {
             // The transaction stays open, as it always has: a busy database may yet let it commit.
             setStatus(QStringLiteral("Unable to commit price update"));
             success = false;
+        } else if (!m_differences.isEmpty()) {
+            qWarning().noquote() << DerivedValues::report(fileName, m_differences);
         }
     } else {
+        m_differences.clear();
+        m_extension = {};
         const QString cause = m_lastError;
         execute("ROLLBACK", "updatePricingDataWithData rb: %1");
         m_lastError = cause;
@@ -92,11 +138,44 @@ bool PriceDataInstaller::processData(const QByteArray &data, const QString &file
     return updateDataFileTable(fileName);
 }
 
+// An official value where a derived one stands takes its place; a blank official cell leaves it.
+bool PriceDataInstaller::replaceDerived(const char *series, const PriceRecord &record, int month)
+{
+    const quint64 key = DerivedValues::cellKey(record.series, record.iyr, month, record.ryr, record.rmo);
+    const qint32 derived = m_derived.value(key);
+    const qint32 official = record.value[month - 1];
+    if (official == RedemptionMarker::NoPricingData)
+        return true;
+    for (sqlite3_stmt *stmt : {m_replaceStmt, m_unmarkStmt}) {
+        sqlite3_reset(stmt);
+        sqlite3_bind_text(stmt, 1, series, 1, SQLITE_TRANSIENT);
+        sqlite3_bind_int(stmt, 2, record.ryr);
+        sqlite3_bind_int(stmt, 3, record.rmo);
+        sqlite3_bind_int(stmt, 4, record.iyr);
+        sqlite3_bind_int(stmt, 5, month);
+    }
+    sqlite3_bind_int(m_replaceStmt, 6, official);
+    if (sqlite3_step(m_replaceStmt) != SQLITE_DONE || sqlite3_step(m_unmarkStmt) != SQLITE_DONE) {
+        m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));
+        return false;
+    }
+    m_derived.remove(key);
+    if (derived != official && derived != RedemptionMarker::NoPricingData)
+        m_differences.append({record.series, record.iyr, month, record.ryr, record.rmo, derived, official});
+    return true;
+}
+
 bool PriceDataInstaller::insertPosition(const char *bytes)
 {
     const PriceRecord record = PriceRecord::decode(bytes);
     const char series[2] = {record.series, '\0'};
     for (int month = 1; month <= 12; ++month) {
+        if (!m_installingDerived && !m_derived.isEmpty()
+            && m_derived.contains(DerivedValues::cellKey(record.series, record.iyr, month, record.ryr, record.rmo))) {
+            if (!replaceDerived(series, record, month))
+                return false;
+            continue;
+        }
         sqlite3_reset(m_insertStmt);
         sqlite3_bind_text(m_insertStmt, 1, series, 1, SQLITE_TRANSIENT);
         sqlite3_bind_int(m_insertStmt, 2, record.ryr);
@@ -108,6 +187,18 @@ bool PriceDataInstaller::insertPosition(const char *bytes)
             m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));
             sqlite3_reset(m_insertStmt);
             return false;
+        }
+        if (m_installingDerived) {
+            sqlite3_reset(m_markStmt);
+            sqlite3_bind_text(m_markStmt, 1, series, 1, SQLITE_TRANSIENT);
+            sqlite3_bind_int(m_markStmt, 2, record.ryr);
+            sqlite3_bind_int(m_markStmt, 3, record.rmo);
+            sqlite3_bind_int(m_markStmt, 4, record.iyr);
+            sqlite3_bind_int(m_markStmt, 5, month);
+            if (sqlite3_step(m_markStmt) != SQLITE_DONE) {
+                m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));
+                return false;
+            }
         }
     }
     return true;

@@ -2,6 +2,14 @@
 // Installs price data files into the redemption value database: each file wholly, in one
 // transaction together with its name in data_file, or not at all. Used by the build (for the
 // shipped database), by the updater and by the command line.
+//
+// Values the program derived (see DerivedValues) give way to an official file that covers them:
+// its values replace theirs instead of refusing the file, and a derived value that differs from
+// the official one is reported, once, in derivedDifferences() and the log. Official rows that a
+// file repeats still refuse it.
+#include "update/DerivedValues.h"
+#include "update/PriceDataFile.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -32,6 +40,17 @@ public:
     // (rows that held no data filled in, say); when they report false the whole file rolls back.
     bool updatePricingDataWithData(const QByteArray &data, const QString &fileName,
                                    const std::function<bool()> &beforeRecords);
+    // A file of derived values: installed the same way, every row recorded in derived_value.
+    bool updateDerivedDataWithData(const QByteArray &data, const QString &fileName);
+
+    // When set, every official file is followed, inside its transaction, by the derived values
+    // that reach the new latest month (the updater and the command line set it; the build, which
+    // derives once at the end, does not).
+    void setExtendsDerivedValues(bool extend) { m_extendsDerivedValues = extend; }
+    // Of the last file installed: derived values that differed from the official ones replacing
+    // them, and the derived values added after it.
+    QList<DerivedValues::Difference> derivedDifferences() const { return m_differences; }
+    DerivedValues::Extension derivedExtension() const { return m_extension; }
 
     // Rebuilds min_rdate and max_rdate. On success *minimum and *maximum (if given) receive the
     // new range as the assessor reads it, and the range is posted to the process-wide notifier
@@ -43,6 +62,10 @@ public:
     QString lastError() const { return m_lastError; }
 
 private:
+    bool install(const QByteArray &data, const QString &fileName, const std::function<bool()> &beforeRecords,
+                 bool derived);
+    bool prepareDerivedStatements();
+    bool replaceDerived(const char *series, const PriceRecord &record, int month);
     bool processData(const QByteArray &data, const QString &fileName);
     bool insertPosition(const char *record);
     bool updateDataFileTable(const QString &fileName);
@@ -52,6 +75,15 @@ private:
 
     sqlite3 *m_db;
     sqlite3_stmt *m_insertStmt = nullptr;
+    // While a file is installed: its derived cells and the statements that mark and replace them.
+    QHash<quint64, qint32> m_derived;
+    bool m_installingDerived = false;
+    sqlite3_stmt *m_markStmt = nullptr;
+    sqlite3_stmt *m_replaceStmt = nullptr;
+    sqlite3_stmt *m_unmarkStmt = nullptr;
+    bool m_extendsDerivedValues = false;
+    QList<DerivedValues::Difference> m_differences;
+    DerivedValues::Extension m_extension;
     Feedback m_feedback;
     double m_progressMaximum = 0.0;
     double m_progressValue = 0.0;

@@ -80,6 +80,8 @@ bool PriceUpdateRun::updatePriceData(const QStringList &files)
 
     if (m_connection->handle()) {
         PriceDataInstaller installer(m_connection->handle(), feedback);
+        // Derived values give way to official ones and then reach each file's latest month.
+        installer.setExtendsDerivedValues(true);
         for (int i = 0; i < count && allInstalled; ++i) {
             const QString &name = files.at(i);
             const std::optional<QByteArray> data =

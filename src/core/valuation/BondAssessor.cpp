@@ -144,6 +144,11 @@ qint64 BondAssessor::unadjustedValue(const BondTerms &bond, const QDateTime &asO
     return adjusted(stored, bond.pricingCorrectionFactor);
 }
 
+bool BondAssessor::isDerivedValue(const BondTerms &bond, const QDateTime &asOf) const
+{
+    return bond.issueDate.isValid() && history(bond.series, MonthIndex::of(bond.issueDate)).isDerived(MonthIndex::of(asOf));
+}
+
 qint64 BondAssessor::valueOf(const BondTerms &bond, const QDateTime &asOf) const
 {
     return scaled(unadjustedValue(bond, asOf), bond.faceValue);

@@ -93,6 +93,9 @@ public:
         return unadjusted <= 0 ? unadjusted : unadjusted * faceValue / 2500;
     }
     std::optional<int> maximumRedemptionMonth() const;
+    // True when the stored value was derived by the program (a matured bond's value carried
+    // forward, a fixed-rate EE bond's computed value) rather than published by the Treasury.
+    bool isDerivedValue(const BondTerms &bond, const QDateTime &asOf) const;
 
     // Row count of bond_value and the installed file names (for reports).
     qint64 valueCount() const;

@@ -6,8 +6,14 @@ namespace {
 
 // Values below −1 are the fillers of blank cells: no price data, the same as no row at all.
 constexpr const char *HistorySql =
-    "select ryr, rmo, value from bond_value where series = ? and iyr = ? and imo = ? and value >= -1 "
+    "select ryr, rmo, value, 0 from bond_value where series = ? and iyr = ? and imo = ? and value >= -1 "
     "order by ryr asc, rmo asc";
+// The same, telling which values the program derived (databases made before that was recorded
+// lack the table).
+constexpr const char *HistoryWithProvenanceSql =
+    "select b.ryr, b.rmo, b.value, d.ryr is not null from bond_value b left join derived_value d"
+    " on d.series = b.series and d.iyr = b.iyr and d.imo = b.imo and d.ryr = b.ryr and d.rmo = b.rmo"
+    " where b.series = ? and b.iyr = ? and b.imo = ? and b.value >= -1 order by b.ryr asc, b.rmo asc";
 constexpr const char *MonthSql =
     "select exists (select 1 from bond_value where ryr = ? and rmo = ? and value >= -1)";
 
@@ -24,7 +30,7 @@ const ValueHistory &emptyHistory()
 
 } // namespace
 
-void ValueHistory::append(int redemptionMonth, qint32 value)
+void ValueHistory::append(int redemptionMonth, qint32 value, bool derived)
 {
     if (m_values.empty())
         m_firstMonth = redemptionMonth;
@@ -33,6 +39,10 @@ void ValueHistory::append(int redemptionMonth, qint32 value)
         return; // rows come in ascending order; anything else is not ours to place
     m_values.resize(size_t(offset), Missing); // months the database skips
     m_values.push_back(value);
+    if (derived) {
+        m_derived.resize(size_t(offset), false);
+        m_derived.push_back(true);
+    }
 }
 
 ValueHistoryCache::ValueHistoryCache(sqlite3 *db)
@@ -40,7 +50,6 @@ ValueHistoryCache::ValueHistoryCache(sqlite3 *db)
 {
     if (!m_db)
         return;
-    sqlite3_prepare_v2(m_db, HistorySql, -1, &m_historyStmt, nullptr);
     sqlite3_prepare_v2(m_db, MonthSql, -1, &m_monthStmt, nullptr);
     sqlite3_prepare_v2(m_db, "pragma data_version", -1, &m_versionStmt, nullptr);
 }
@@ -91,16 +100,33 @@ void ValueHistoryCache::forgetIfChanged()
     if (version == m_dataVersion && version != -1)
         return;
     m_dataVersion = version;
+    prepareHistoryStatement();
     m_histories.clear();
     m_redemptionMonths.clear();
     m_summary.reset();
 }
 
+void ValueHistoryCache::prepareHistoryStatement()
+{
+    sqlite3_stmt *probe = nullptr;
+    const bool knowsDerived =
+        sqlite3_prepare_v2(m_db, "select 1 from sqlite_master where type = 'table' and name = 'derived_value'", -1,
+                           &probe, nullptr) == SQLITE_OK
+        && sqlite3_step(probe) == SQLITE_ROW;
+    sqlite3_finalize(probe);
+    if (m_historyStmt && knowsDerived == m_historyKnowsDerived)
+        return;
+    sqlite3_finalize(m_historyStmt);
+    m_historyStmt = nullptr;
+    m_historyKnowsDerived = knowsDerived;
+    sqlite3_prepare_v2(m_db, knowsDerived ? HistoryWithProvenanceSql : HistorySql, -1, &m_historyStmt, nullptr);
+}
+
 const ValueHistory &ValueHistoryCache::history(char seriesCode, int issueMonth)
 {
+    refreshIfChanged();
     if (!m_historyStmt)
         return emptyHistory();
-    refreshIfChanged();
     const quint32 key = historyKey(seriesCode, issueMonth);
     if (const auto found = m_histories.constFind(key); found != m_histories.cend())
         return **found;
@@ -111,7 +137,7 @@ const ValueHistory &ValueHistoryCache::history(char seriesCode, int issueMonth)
     sqlite3_bind_int(m_historyStmt, 3, MonthIndex::monthOf(issueMonth));
     while (sqlite3_step(m_historyStmt) == SQLITE_ROW) {
         loaded->append(MonthIndex::of(sqlite3_column_int(m_historyStmt, 0), sqlite3_column_int(m_historyStmt, 1)),
-                       sqlite3_column_int(m_historyStmt, 2));
+                       sqlite3_column_int(m_historyStmt, 2), sqlite3_column_int(m_historyStmt, 3) != 0);
     }
     sqlite3_reset(m_historyStmt);
     return **m_histories.insert(key, std::move(loaded));

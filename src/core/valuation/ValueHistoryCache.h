@@ -30,15 +30,22 @@ public:
         const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
         return offset >= 0 && offset < qsizetype(m_values.size()) ? m_values[size_t(offset)] : Missing;
     }
+    // Whether the month's value was derived by the program rather than published.
+    bool isDerived(int redemptionMonth) const
+    {
+        const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
+        return offset >= 0 && offset < qsizetype(m_derived.size()) && m_derived[size_t(offset)];
+    }
     bool isEmpty() const { return m_values.empty(); }
     int firstMonth() const { return m_firstMonth; }
     int lastMonth() const { return m_firstMonth + int(m_values.size()) - 1; }
 
-    void append(int redemptionMonth, qint32 value);
+    void append(int redemptionMonth, qint32 value, bool derived);
 
 private:
     int m_firstMonth = 0;
     std::vector<qint32> m_values;
+    std::vector<bool> m_derived;
 };
 
 class ValueHistoryCache
@@ -70,10 +77,12 @@ private:
     void refreshIfChanged(); // outside a batch only
     void forgetIfChanged();
     const Summary &summary();
+    void prepareHistoryStatement();
     std::optional<int> readSummaryTable(const char *sql) const;
 
     sqlite3 *m_db;
     sqlite3_stmt *m_historyStmt = nullptr;
+    bool m_historyKnowsDerived = false;
     sqlite3_stmt *m_monthStmt = nullptr;
     sqlite3_stmt *m_versionStmt = nullptr;
     qint64 m_dataVersion = -1;

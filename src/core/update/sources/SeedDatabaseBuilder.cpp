@@ -1,5 +1,6 @@
 #include "update/sources/SeedDatabaseBuilder.h"
 
+#include "update/DerivedValues.h"
 #include "update/PriceDataInstaller.h"
 #include "update/sources/MaturedBondCarryForward.h"
 #include "update/sources/PriceSource.h"
@@ -88,15 +89,31 @@ bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *erro
             return false;
         }
     }
-    if (!RedemptionDatabase::createSchema(db, error))
+    const EeFixedRates::Table &rates = EeFixedRates::shipped();
+    if (!rates.ok()) {
+        *error = rates.error;
+        return false;
+    }
+    if (!RedemptionDatabase::createSchema(db, error) || !DerivedValues::ensureTable(db, error))
         return false;
     PriceDataInstaller installer(db);
     for (const NamedPriceRecords &source : sources) {
         if (!installOne(installer, source, error))
             return false;
     }
-    if (!installOne(installer, {QString::fromLatin1(MaturedBondCarryForward::SourceName), carried.records}, error))
+    if (!installer.updateDerivedDataWithData(PriceDataFile::encode(carried.records),
+                                             QString::fromLatin1(MaturedBondCarryForward::SourceName))) {
+        *error = QStringLiteral("%1: could not be installed: %2")
+                     .arg(QString::fromLatin1(MaturedBondCarryForward::SourceName), installer.lastError());
         return false;
+    }
+    // Then whatever else can be derived up to the latest month: the fixed-rate EE bonds.
+    DerivedValues::Extension extension;
+    if (!execute(db, "begin", error) || !DerivedValues::extend(db, rates, &extension, error, DerivedValues::Scope::FixedRateEeOnly)
+        || !execute(db, "commit", error)) {
+        *error = QStringLiteral("the derived values could not be installed: %1").arg(*error);
+        return false;
+    }
     if (!installer.updateRedemptionDateSummaryTables(nullptr, nullptr, false)) {
         *error = QStringLiteral("could not build the summary tables: %1").arg(installer.lastError());
         return false;

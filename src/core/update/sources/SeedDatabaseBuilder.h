@@ -2,7 +2,7 @@
 // Builds the shipped redemption value database from the official sources, through the same
 // installation code the updater uses: each source becomes one price data file recorded in
 // data_file under its file name, then the derived carry-forward of matured bonds, then the
-// summary tables.
+// computed values of fixed-rate EE bonds (both listed in derived_value), then the summary tables.
 #include "update/sources/PriceSourceContents.h"
 
 #include <QList>
@@ -16,7 +16,8 @@ namespace SeedDatabaseBuilder {
 extern const char *const BuildSettings;
 
 // Into an open database without tables: the schema, every source and the carry-forward, each
-// as one installed price data file, then min_rdate and max_rdate (without announcing them).
+// as one installed price data file, the computed EE values, then min_rdate and max_rdate
+// (without announcing them).
 bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *error);
 
 // What a finished build holds.

@@ -1,0 +1,226 @@
+#include "update/DerivedValues.h"
+
+#include "model/Money.h"
+#include "model/Series.h"
+#include "update/MaturedValueCompletion.h"
+#include "valuation/BondAssessor.h"
+
+#include <QStringList>
+#include <limits>
+#include <sqlite3.h>
+
+namespace DerivedValues {
+
+namespace {
+
+constexpr qint32 NoData = static_cast<qint32>(RedemptionMarker::NoPricingData);
+
+int monthIndex(int year, int month) { return year * 12 + month - 1; }
+
+QString monthText(int year, int month) { return QString::asprintf("%04d-%02d", year, month); }
+
+QString valueText(qint32 value)
+{
+    if (value == RedemptionMarker::NotRedeemable)
+        return QStringLiteral("not redeemable");
+    if (value == NoData)
+        return QStringLiteral("blank");
+    return formatDollars(value);
+}
+
+bool fail(sqlite3 *db, QString *error)
+{
+    *error = QString::fromUtf8(sqlite3_errmsg(db));
+    return false;
+}
+
+// A cell to be given a derived value.
+struct Cell
+{
+    char series;
+    int ryr, rmo, iyr, imo;
+    qint32 value;
+};
+
+bool write(sqlite3 *db, const QList<Cell> &cells, QString *error)
+{
+    // A -2 row is a cell without data, as much as a missing row; anything else is kept.
+    sqlite3_stmt *value = nullptr;
+    sqlite3_stmt *mark = nullptr;
+    const bool prepared =
+        sqlite3_prepare_v2(db,
+                           "insert into bond_value (series, ryr, rmo, iyr, imo, value) values (?, ?, ?, ?, ?, ?)"
+                           " on conflict (series, iyr, imo, ryr, rmo) do update set value = excluded.value"
+                           " where bond_value.value = -2",
+                           -1, &value, nullptr) == SQLITE_OK
+        && sqlite3_prepare_v2(db, "insert or ignore into derived_value (series, ryr, rmo, iyr, imo) values (?, ?, ?, ?, ?)",
+                              -1, &mark, nullptr) == SQLITE_OK;
+    bool ok = prepared;
+    for (int i = 0; ok && i < cells.size(); ++i) {
+        const Cell &cell = cells.at(i);
+        const char series[2] = {cell.series, '\0'};
+        for (sqlite3_stmt *stmt : {value, mark}) {
+            sqlite3_reset(stmt);
+            sqlite3_bind_text(stmt, 1, series, 1, SQLITE_STATIC);
+            sqlite3_bind_int(stmt, 2, cell.ryr);
+            sqlite3_bind_int(stmt, 3, cell.rmo);
+            sqlite3_bind_int(stmt, 4, cell.iyr);
+            sqlite3_bind_int(stmt, 5, cell.imo);
+        }
+        sqlite3_bind_int(value, 6, cell.value);
+        ok = sqlite3_step(value) == SQLITE_DONE && sqlite3_step(mark) == SQLITE_DONE;
+    }
+    if (!ok)
+        fail(db, error);
+    sqlite3_finalize(value);
+    sqlite3_finalize(mark);
+    return ok;
+}
+
+} // namespace
+
+bool ensureTable(sqlite3 *db, QString *error)
+{
+    char *message = nullptr;
+    if (sqlite3_exec(db, CreateTable, nullptr, nullptr, &message) == SQLITE_OK)
+        return true;
+    *error = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
+    sqlite3_free(message);
+    return false;
+}
+
+quint64 cellKey(char series, int iyr, int imo, int ryr, int rmo)
+{
+    return (quint64(quint8(series)) << 48) | (quint64(quint32(monthIndex(iyr, imo))) << 24)
+           | quint64(quint32(monthIndex(ryr, rmo)) & 0xffffffu);
+}
+
+QHash<quint64, qint32> load(sqlite3 *db, QString *error)
+{
+    QHash<quint64, qint32> cells;
+    sqlite3_stmt *stmt = nullptr;
+    if (sqlite3_prepare_v2(db, "select count(*) from sqlite_master where type = 'table' and name = 'derived_value'", -1,
+                           &stmt, nullptr) != SQLITE_OK) {
+        fail(db, error);
+        sqlite3_finalize(stmt);
+        return cells;
+    }
+    const bool present = sqlite3_step(stmt) == SQLITE_ROW && sqlite3_column_int(stmt, 0) > 0;
+    sqlite3_finalize(stmt);
+    if (!present)
+        return cells;
+    if (sqlite3_prepare_v2(db,
+                           "select d.series, d.iyr, d.imo, d.ryr, d.rmo, b.value from derived_value d join bond_value b"
+                           " on b.series = d.series and b.iyr = d.iyr and b.imo = d.imo and b.ryr = d.ryr and b.rmo = d.rmo",
+                           -1, &stmt, nullptr) != SQLITE_OK) {
+        fail(db, error);
+        sqlite3_finalize(stmt);
+        return cells;
+    }
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        const auto *code = reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0));
+        cells.insert(cellKey(code ? code[0] : '\0', sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2),
+                             sqlite3_column_int(stmt, 3), sqlite3_column_int(stmt, 4)),
+                     sqlite3_column_int(stmt, 5));
+    }
+    sqlite3_finalize(stmt);
+    return cells;
+}
+
+QString describe(const Difference &d)
+{
+    const Series *series = Series::seriesForCode(QString(QLatin1Char(d.series)));
+    return QStringLiteral("%1 issued %2, redeemed %3: derived %4, official %5")
+        .arg(series ? series->label() : QString(QLatin1Char(d.series)), monthText(d.iyr, d.imo), monthText(d.ryr, d.rmo),
+             valueText(d.derived), valueText(d.official));
+}
+
+QString report(const QString &fileName, const QList<Difference> &differences)
+{
+    if (differences.isEmpty())
+        return {};
+    constexpr int Shown = 5;
+    QStringList shown;
+    for (int i = 0; i < differences.size() && i < Shown; ++i)
+        shown << describe(differences.at(i));
+    if (differences.size() > Shown)
+        shown << QStringLiteral("and %1 more").arg(differences.size() - Shown);
+    return QStringLiteral("%1: %2 official value(s) differ from the derived ones they replace: %3")
+        .arg(fileName).arg(differences.size()).arg(shown.join(QLatin1String("; ")));
+}
+
+bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error, Scope scope)
+{
+    *added = {};
+    if (!ensureTable(db, error))
+        return false;
+    int first = std::numeric_limits<int>::max(), last = std::numeric_limits<int>::min();
+    sqlite3_stmt *stmt = nullptr;
+    if (sqlite3_prepare_v2(db, "select min(ryr * 12 + rmo - 1), max(ryr * 12 + rmo - 1) from bond_value", -1, &stmt, nullptr)
+            != SQLITE_OK
+        || sqlite3_step(stmt) != SQLITE_ROW) {
+        sqlite3_finalize(stmt);
+        return fail(db, error);
+    }
+    if (sqlite3_column_type(stmt, 0) != SQLITE_NULL) {
+        first = sqlite3_column_int(stmt, 0);
+        last = sqlite3_column_int(stmt, 1);
+    }
+    sqlite3_finalize(stmt);
+
+    QHash<quint64, PriceRecord> records;
+    const QByteArray select = QByteArray("select series, ryr, rmo, iyr, imo, value from bond_value")
+                              + (scope == Scope::Everything ? "" : " where series = 'N' and iyr >= ?");
+    if (sqlite3_prepare_v2(db, select.constData(), -1, &stmt, nullptr) != SQLITE_OK) {
+        sqlite3_finalize(stmt);
+        return fail(db, error);
+    }
+    sqlite3_bind_int(stmt, 1, rates.firstIssue() / 12);
+    bool holdsEe = false;
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        const auto *code = reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0));
+        const char series = code ? code[0] : '\0';
+        const int imo = sqlite3_column_int(stmt, 4), rmo = sqlite3_column_int(stmt, 2);
+        if (rmo < 1 || rmo > 12 || imo < 1 || imo > 12)
+            continue;
+        holdsEe = holdsEe || series == 'N';
+        MaturedValueCompletion::recordFor(records, series, sqlite3_column_int(stmt, 1), rmo, sqlite3_column_int(stmt, 3))
+            .value[imo - 1] = sqlite3_column_int(stmt, 5);
+    }
+    sqlite3_finalize(stmt);
+    if (records.isEmpty())
+        return true;
+
+    QList<Cell> cells;
+    QHash<quint64, PriceRecord> completed = records;
+    if (scope == Scope::Everything)
+        added->carried = MaturedValueCompletion::complete(completed);
+    if (added->carried > 0) {
+        for (auto record = completed.cbegin(); record != completed.cend(); ++record) {
+            const auto before = records.constFind(record.key());
+            for (int k = 0; k < 12; ++k) {
+                const qint32 had = before == records.cend() ? NoData : before->value[k];
+                if (had == NoData && record->value[k] != NoData)
+                    cells << Cell{record->series, record->ryr, record->rmo, record->iyr, k + 1, record->value[k]};
+            }
+        }
+    }
+
+    for (int issue = rates.firstIssue(); holdsEe && issue <= rates.lastIssue(); ++issue) {
+        const std::optional<int> rate = rates.basisPointsFor(issue);
+        if (!rate)
+            continue;
+        const int iyr = issue / 12, imo = issue % 12 + 1;
+        for (int redemption = std::max(issue, first); redemption <= last; ++redemption) {
+            const int ryr = redemption / 12, rmo = redemption % 12 + 1;
+            const auto record = completed.constFind(MaturedValueCompletion::recordKey('N', ryr, rmo, iyr));
+            if (record != completed.cend() && record->value[imo - 1] != NoData)
+                continue;
+            cells << Cell{'N', ryr, rmo, iyr, imo, EeFixedRates::valueAt(*rate, redemption - issue)};
+            ++added->computed;
+        }
+    }
+    return write(db, cells, error);
+}
+
+} // namespace DerivedValues

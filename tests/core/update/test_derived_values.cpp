@@ -1,0 +1,133 @@
+// Derived values (matured bonds carried forward, fixed-rate EE bonds computed) give way to
+// official files that cover them, through the updater and install-treasury-file alike, and reach
+// every new latest month.
+#include "PriceUpdateTestData.h"
+#include "TestSupport.h"
+
+#include "model/Series.h"
+#include "update/DerivedValues.h"
+#include "update/OfficialSourceInstaller.h"
+#include "update/PriceDataInstaller.h"
+#include "valuation/BondAssessor.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+using namespace PriceUpdateTestData;
+
+namespace {
+
+class DerivedValuesTest : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_EQ(sqlite3_open(m_path.toUtf8().constData(), &m_db), SQLITE_OK); }
+    void TearDown() override { sqlite3_close(m_db); }
+
+    qint64 stored(char series, int iyr, int imo, int ryr, int rmo) const
+    {
+        return queryInt(m_path, QStringLiteral("select value from bond_value where series = '%1' and iyr = %2 and imo = %3"
+                                               " and ryr = %4 and rmo = %5").arg(QLatin1Char(series)).arg(iyr).arg(imo).arg(ryr).arg(rmo));
+    }
+    bool derived(char series, int iyr, int imo, int ryr, int rmo) const
+    {
+        BondTerms bond;
+        bond.series = Series::seriesForCode(QString(QLatin1Char(series)));
+        bond.issueDate = BondAssessor::monthDate(iyr, imo);
+        return BondAssessor(m_path).isDerivedValue(bond, BondAssessor::monthDate(ryr, rmo));
+    }
+    // December 2021 as an official file would give it: the carried E values of 1980 and the
+    // computed EE values of 2005 as they stand, but one EE value a cent higher, and the EE bonds
+    // of January to April 2005, which nothing derives, with a value.
+    QList<PriceRecord> december() const
+    {
+        PriceRecord ee{'N', 12, 2021, 2005, {}};
+        PriceRecord e{'E', 12, 2021, 1980, {}};
+        for (int imo = 1; imo <= 12; ++imo) {
+            ee.value[imo - 1] = imo < 5 ? 2000 : qint32(stored('N', 2005, imo, 2021, 12));
+            e.value[imo - 1] = qint32(stored('E', 1980, imo, 2021, 12));
+        }
+        ee.value[4] += 1;
+        return {ee, e};
+    }
+    void expectDecemberInstalled(const QString &differences) const
+    {
+        EXPECT_TRUE(differences.contains(QStringLiteral("EE Bond issued 2005-05, redeemed 2021-12: derived $22.20, official $22.21")))
+            << differences.toStdString();
+        EXPECT_EQ(stored('N', 2005, 5, 2021, 12), 2221);
+        EXPECT_EQ(stored('N', 2005, 1, 2021, 12), 2000);
+        EXPECT_FALSE(derived('N', 2005, 5, 2021, 12));
+        EXPECT_FALSE(derived('E', 1980, 6, 2021, 12));
+        EXPECT_TRUE(derived('N', 2005, 5, 2022, 1));
+        EXPECT_TRUE(derived('E', 1980, 6, 2022, 1));
+    }
+
+    const QString m_path = TestSupport::copyOfShippedDatabase();
+    sqlite3 *m_db = nullptr;
+};
+
+TEST_F(DerivedValuesTest, TheUpdaterReplacesDerivedValuesAndStillRefusesRepeatedOfficialOnes)
+{
+    ASSERT_EQ(stored('N', 2005, 5, 2021, 12), EeFixedRates::valueAt(350, 199));
+    ASSERT_TRUE(derived('N', 2005, 5, 2021, 12));
+    PriceDataInstaller installer(m_db);
+    installer.setExtendsDerivedValues(true);
+    ASSERT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode(december()), QStringLiteral("sb202112.bin")))
+        << installer.lastError().toStdString();
+    ASSERT_EQ(installer.derivedDifferences().size(), 1);
+    expectDecemberInstalled(DerivedValues::describe(installer.derivedDifferences().first()));
+
+    EXPECT_FALSE(installer.updatePricingDataWithData(PriceDataFile::encode(december()), QStringLiteral("again.bin")));
+    EXPECT_EQ(queryInt(m_path, QStringLiteral("select count(*) from data_file where name = 'again.bin'")), 0);
+}
+
+TEST_F(DerivedValuesTest, InstallTreasuryFileReplacesDerivedValuesAndReportsTheDifference)
+{
+    const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(m_db, {QStringLiteral("sb202112.asc"), december()});
+    ASSERT_TRUE(outcome.ok()) << outcome.error.toStdString();
+    EXPECT_EQ(outcome.replacedDerivedValues, 8 + 6); // E bonds were issued until June 1980
+    expectDecemberInstalled(outcome.derivedDifferences);
+}
+
+// Every installation carries matured bonds and computes fixed-rate EE bonds into the new months.
+TEST_F(DerivedValuesTest, ANewLatestMonthGetsItsDerivedValues)
+{
+    const PriceRecord i{'I', 12, 2026, 2010, {4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080}};
+    PriceDataInstaller installer(m_db);
+    installer.setExtendsDerivedValues(true);
+    ASSERT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode({i}), QStringLiteral("sb202612.bin")));
+    EXPECT_EQ(installer.derivedExtension().computed, 199);
+    EXPECT_EQ(stored('N', 2005, 5, 2026, 12), EeFixedRates::valueAt(350, 259));
+    EXPECT_EQ(stored('E', 1980, 6, 2026, 12), 11175);
+    EXPECT_TRUE(derived('N', 2005, 5, 2026, 12));
+    EXPECT_TRUE(derived('E', 1980, 6, 2026, 12));
+}
+
+TEST_F(DerivedValuesTest, ANewerRateTableExtendsTheComputedBonds)
+{
+    QByteArray table = TestSupport::readFile(TestSupport::sourcePath(QStringLiteral("data/rates/ee-fixed-rates.csv")));
+    table += "2021-12,2022-04,0.10\n";
+    DerivedValues::Extension added;
+    QString error;
+    sqlite3_exec(m_db, "begin", nullptr, nullptr, nullptr);
+    ASSERT_TRUE(DerivedValues::extend(m_db, EeFixedRates::read(table, QStringLiteral("newer.csv")), &added, &error))
+        << error.toStdString();
+    sqlite3_exec(m_db, "commit", nullptr, nullptr, nullptr);
+    EXPECT_EQ(added.computed, 60 + 59 + 58 + 57 + 56); // issued 2021-12 to 2022-04, to 2026-11
+    EXPECT_EQ(stored('N', 2022, 4, 2026, 11), EeFixedRates::valueAt(10, 55));
+    EXPECT_TRUE(derived('N', 2022, 4, 2026, 11));
+}
+
+// A database from before derived values were recorded reads as having none, and gets the table
+// with its next installation.
+TEST_F(DerivedValuesTest, ADatabaseWithoutTheTableReadsAndInstalls)
+{
+    ASSERT_EQ(sqlite3_exec(m_db, "drop table derived_value", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(stored('N', 2005, 5, 2021, 12), 2220);
+    EXPECT_FALSE(derived('N', 2005, 5, 2021, 12));
+    const PriceRecord i{'I', 12, 2026, 2010, {4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080}};
+    const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(m_db, {QStringLiteral("sb202612.asc"), {i}});
+    ASSERT_TRUE(outcome.ok()) << outcome.error.toStdString();
+    EXPECT_TRUE(derived('N', 2005, 5, 2026, 12));
+}
+
+} // namespace

@@ -1,0 +1,87 @@
+#include "TestSupport.h"
+
+#include "update/sources/EeFixedRates.h"
+#include "update/sources/PriceSource.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString monthText(int index)
+{
+    return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1);
+}
+
+// The proof that computing is as good as publishing: every EE value the Treasury files hold for
+// the fixed-rate issue months they confirm (May 2005 to November 2020) comes out of the rate table
+// to the cent, the not-redeemable markers of the first year included.
+TEST(EeFixedRates, ReproduceEveryOfficialValueOfTheFixedRateIssueMonths)
+{
+    const EeFixedRates::Table &rates = EeFixedRates::shipped();
+    ASSERT_TRUE(rates.ok()) << rates.error.toStdString();
+    QList<NamedPriceRecords> sources;
+    QString error;
+    ASSERT_TRUE(PriceSource::readFiles(TestSupport::repositorySources(), &sources, &error)) << error.toStdString();
+
+    const int firstIssue = 2005 * 12 + 4, lastIssue = 2020 * 12 + 10;
+    int prices = 0, markers = 0;
+    for (const NamedPriceRecords &source : sources) {
+        for (const PriceRecord &record : source.records) {
+            if (record.series != 'N')
+                continue;
+            const int redemption = record.ryr * 12 + record.rmo - 1;
+            for (int k = 0; k < 12; ++k) {
+                const int issue = record.iyr * 12 + k;
+                const qint32 official = record.value[k];
+                if (issue < firstIssue || issue > lastIssue || official == -2)
+                    continue;
+                const std::optional<int> rate = rates.basisPointsFor(issue);
+                ASSERT_TRUE(rate) << "no rate for " << monthText(issue).toStdString();
+                ASSERT_EQ(EeFixedRates::valueAt(*rate, redemption - issue), official)
+                    << "EE issued " << monthText(issue).toStdString() << ", redeemed " << monthText(redemption).toStdString()
+                    << " (" << source.name.toStdString() << ")";
+                official > 0 ? ++prices : ++markers;
+            }
+        }
+    }
+    EXPECT_EQ(prices, 17578);
+    EXPECT_EQ(markers, 2244);
+}
+
+// What the Treasury files cannot confirm yet: final maturity, and the twenty-year guarantee of
+// face value for a bond whose rate did not double it (3.20 % from November 2005).
+TEST(EeFixedRates, FaceValueAtTwentyYearsAndNoGrowthAfterThirty)
+{
+    EXPECT_EQ(EeFixedRates::valueAt(320, 239), 2352);
+    EXPECT_EQ(EeFixedRates::valueAt(320, 240), 2500);
+    EXPECT_GT(EeFixedRates::valueAt(370, 240), 2500); // doubled by its rate alone
+    EXPECT_EQ(EeFixedRates::valueAt(320, 361), EeFixedRates::valueAt(320, 360));
+    EXPECT_GT(EeFixedRates::valueAt(320, 360), EeFixedRates::valueAt(320, 359));
+}
+
+struct BadTable
+{
+    const char *text;
+    const char *message;
+};
+
+class EeFixedRateTableRefusal : public testing::TestWithParam<BadTable>
+{
+};
+
+TEST_P(EeFixedRateTableRefusal, NamesTheLine)
+{
+    const QByteArray header = "first_issue_month,last_issue_month,fixed_rate_percent\n2005-05,2005-10,3.50\n";
+    const EeFixedRates::Table table = EeFixedRates::read(header + GetParam().text, QStringLiteral("rates.csv"));
+    EXPECT_TRUE(table.ranges.isEmpty());
+    EXPECT_EQ(table.error, QString::fromLatin1(GetParam().message));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, EeFixedRateTableRefusal,
+    testing::Values(BadTable{"2005-12,2006-04,3.20\n", "rates.csv:3: each range must begin the month after the previous one ends"},
+                    BadTable{"2005-11,2005-13,3.20\n", "rates.csv:3: months must be YYYY-MM, the first not after the last"},
+                    BadTable{"2005-11,2006-04,3.205\n", "rates.csv:3: the rate must be a percentage with at most two decimals"},
+                    BadTable{"2005-11,2006-04\n", "rates.csv:3: three columns expected"}));
+
+} // namespace
