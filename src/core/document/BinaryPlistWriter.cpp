@@ -166,13 +166,14 @@ private:
 
     bool visit(plist_t node, quint64 *index)
     {
-        switch (plist_get_node_type(node)) {
+        const plist_type type = plist_get_node_type(node);
+        switch (type) {
         case PLIST_ARRAY:
             return visitArray(node, index);
         case PLIST_DICT:
             return visitDictionary(node, index);
         default:
-            return encodeScalar(node, index);
+            return encodeScalar(node, type, index);
         }
     }
 
@@ -224,10 +225,10 @@ private:
         return firstSlot;
     }
 
-    bool encodeScalar(plist_t node, quint64 *index)
+    bool encodeScalar(plist_t node, plist_type type, quint64 *index)
     {
         const quint64 begin = m_scalars.size();
-        switch (plist_get_node_type(node)) {
+        switch (type) {
         case PLIST_BOOLEAN: {
             quint8 value = 0;
             plist_get_bool_val(node, &value);
