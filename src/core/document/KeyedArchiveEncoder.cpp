@@ -1,5 +1,6 @@
 // Writing keyed archives: the object graph is flattened into "$objects", every reference
 // becomes a UID, and each class is described once by a class dictionary.
+#include "document/BinaryPlistWriter.h"
 #include "document/KeyedArchive.h"
 #include "document/KeyedArchiveFormat.h"
 #include "document/KeyedArchiveLimits.h"
@@ -37,16 +38,12 @@ public:
         plist_dict_set_item(archive.get(), TopKey, top.release());
         plist_dict_set_item(archive.get(), ObjectsKey, objects.release());
 
-        char *bytes = nullptr;
-        uint32_t length = 0;
-        plist_to_bin(archive.get(), &bytes, &length);
-        if (!bytes) {
+        const QByteArray result = BinaryPlistWriter::write(archive.get());
+        if (result.isEmpty()) {
             if (error)
                 *error = QStringLiteral("The archive could not be converted to a property list.");
             return {};
         }
-        QByteArray result(bytes, qsizetype(length));
-        plist_to_bin_free(bytes);
         if (result.size() > KeyedArchiveLimits::MaximumBytes) {
             if (error)
                 *error = tooLarge();
