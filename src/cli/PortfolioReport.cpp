@@ -1,6 +1,7 @@
 #include "PortfolioReport.h"
 
 #include "document/BondPortfolio.h"
+#include "document/HoldingPresentation.h"
 #include "model/Money.h"
 
 #include <QJsonArray>
@@ -9,27 +10,9 @@
 
 namespace {
 
-QString issueMonth(const Holding &holding)
-{
-    return holding.issueDate().isValid() ? holding.issueDate().toString(QStringLiteral("MM/yyyy"))
-                                         : QStringLiteral("mm/yyyy");
-}
-
 QString monthKey(const QDateTime &date)
 {
     return date.toString(QStringLiteral("yyyy-MM"));
-}
-
-// Why a holding shows no value, in the words of the value command; empty when it has one.
-QString status(const Holding &holding)
-{
-    if (holding.value() != 0)
-        return {};
-    if (!holding.isValidIssue())
-        return QStringLiteral("no pricing data");
-    if (!holding.isRedeemableIssue())
-        return QStringLiteral("not yet redeemable");
-    return {};
 }
 
 // A rate as JSON shows it: the float's own digits, not its double expansion (3.94, not 3.9400000572).
@@ -38,29 +21,6 @@ double rateNumber(float rate)
     return QString::number(double(rate), 'g', 7).toDouble();
 }
 
-QString percent(float rate)
-{
-    return QString::asprintf("%.2f%%", double(rate));
-}
-
-struct Totals
-{
-    qint64 quantity = 0;
-    Pennies faceValue = 0;
-    Pennies issuePrice = 0;
-    Pennies interest = 0;
-    Pennies value = 0;
-
-    void add(const Holding &h)
-    {
-        quantity += h.quantity();
-        faceValue += h.faceValue() * h.quantity();
-        issuePrice += h.issuePrice() * h.quantity();
-        interest += h.interestEarned();
-        value += h.value();
-    }
-};
-
 QString summaryTitle(const BondPortfolio &portfolio)
 {
     return portfolio.summaryMode() == 0 ? QStringLiteral("cumulative") : QStringLiteral("yearly");
@@ -68,13 +28,15 @@ QString summaryTitle(const BondPortfolio &portfolio)
 
 } // namespace
 
+using namespace HoldingPresentation;
+
 namespace PortfolioReport {
 
 QString text(const BondPortfolio &portfolio)
 {
     QString out;
     out += QStringLiteral("Portfolio:   %1\n").arg(portfolio.displayName());
-    out += QStringLiteral("Valued as of %1\n").arg(portfolio.valueOfDate().toString(QStringLiteral("MM/yyyy")));
+    out += QStringLiteral("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfDate()));
     QStringList names;
     for (const PersonRef &person : portfolio.titleHolders())
         names << person->name();
@@ -91,23 +53,22 @@ QString text(const BondPortfolio &portfolio)
     };
     out += line({"Series", "Qty", "Issued", "Face value", "Issue price", "Interest", "Value", "Yield", "Growth",
                  "Registration"});
-    Totals totals;
+    const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
-        totals.add(h);
         QString series = h.series()->label();
         if (!h.isPaper())
             series += QStringLiteral("*");
         QString registration = h.registration();
-        const QString why = status(h);
+        const QString why = statusText(h);
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
-        out += line({series, QString::number(h.quantity()), issueMonth(h), formatDollars(h.faceValue()),
+        out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
                      formatDollars(h.issuePrice()), formatDollars(h.interestEarned()), formatDollars(h.value()),
-                     percent(h.currentYield()), percent(h.compoundAnnualGrowthRate()), registration.trimmed()});
+                     percentText(h.currentYield()), percentText(h.compoundAnnualGrowthRate()), registration.trimmed()});
     }
     out += line({"Total", QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
-                 formatDollars(totals.issuePrice), formatDollars(totals.interest), formatDollars(totals.value),
+                 formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
                  QString(), QString(), QString()});
     out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
 
@@ -124,11 +85,10 @@ QByteArray json(const BondPortfolio &portfolio)
 {
     auto person = [](const PersonRef &p) { return p ? QJsonValue(p->name()) : QJsonValue(); };
     QJsonArray holdings;
-    Totals totals;
+    const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
-        totals.add(h);
-        const QString why = status(h);
+        const QString why = statusText(h);
         holdings.append(QJsonObject{
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
@@ -163,7 +123,7 @@ QByteArray json(const BondPortfolio &portfolio)
         {"titleHolders", people},
         {"holdings", holdings},
         {"totals", QJsonObject{{"quantity", totals.quantity}, {"faceValue", totals.faceValue},
-                               {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interest},
+                               {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interestEarned},
                                {"value", totals.value}}},
         {"summaryMode", summaryTitle(portfolio)},
         {"interestSummary", summary},
