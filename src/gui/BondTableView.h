@@ -1,0 +1,21 @@
+#pragma once
+// The bond table: drags carry the dragged rows (as shown) under "QBBondPortfolioTableIndices"
+// and never move or remove anything; Tab walks the editable cells; Enter and F2 start editing.
+#include <QTableView>
+
+class BondTableView : public QTableView
+{
+    Q_OBJECT
+public:
+    static constexpr const char *TableIndicesType = "QBBondPortfolioTableIndices";
+
+    explicit BondTableView(QWidget *parent = nullptr);
+
+    // The rows of a drag of this program, in the order they were dragged.
+    static QList<int> rowsFromMimeData(const QMimeData *data);
+
+protected:
+    void startDrag(Qt::DropActions supportedActions) override;
+    QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;
+    void keyPressEvent(QKeyEvent *event) override;
+};
