@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QKeyEvent>
 #include <QMimeData>
 
@@ -23,13 +24,36 @@ BondTableView::BondTableView(QWidget *parent)
     verticalHeader()->hide();
 }
 
-QList<int> BondTableView::rowsFromMimeData(const QMimeData *data)
+namespace {
+// Which table a drag left from: drops are only meaningful in the same window.
+QString tableToken(const BondTableView *table)
+{
+    return QString::number(QCoreApplication::applicationPid()) + QLatin1Char(':')
+           + QString::number(reinterpret_cast<quintptr>(table), 16);
+}
+}
+
+QMimeData *BondTableView::mimeDataForRows(const QList<int> &rows) const
+{
+    QJsonArray array;
+    for (int row : rows)
+        array.append(row);
+    auto *data = new QMimeData;
+    data->setData(QString::fromLatin1(TableIndicesType),
+                  QJsonDocument(QJsonObject{{QStringLiteral("table"), tableToken(this)}, {QStringLiteral("rows"), array}})
+                      .toJson(QJsonDocument::Compact));
+    return data;
+}
+
+QList<int> BondTableView::rowsFromMimeData(const QMimeData *data) const
 {
     QList<int> rows;
     if (!data || !data->hasFormat(QString::fromLatin1(TableIndicesType)))
         return rows;
-    const QJsonArray array = QJsonDocument::fromJson(data->data(QString::fromLatin1(TableIndicesType))).array();
-    for (const QJsonValue &value : array)
+    const QJsonObject object = QJsonDocument::fromJson(data->data(QString::fromLatin1(TableIndicesType))).object();
+    if (object.value(QStringLiteral("table")).toString() != tableToken(this))
+        return rows;
+    for (const QJsonValue &value : object.value(QStringLiteral("rows")).toArray())
         rows << value.toInt();
     return rows;
 }
@@ -42,13 +66,8 @@ void BondTableView::startDrag(Qt::DropActions supportedActions)
     if (rows.isEmpty())
         return;
     std::sort(rows.begin(), rows.end());
-    QJsonArray array;
-    for (int row : std::as_const(rows))
-        array.append(row);
-    auto *data = new QMimeData;
-    data->setData(QString::fromLatin1(TableIndicesType), QJsonDocument(array).toJson(QJsonDocument::Compact));
     auto *drag = new QDrag(this);
-    drag->setMimeData(data);
+    drag->setMimeData(mimeDataForRows(rows));
     drag->setPixmap(QApplication::windowIcon().pixmap(48, 48));
     // Whatever the target does with the rows, the table itself keeps them.
     drag->exec(supportedActions | Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction);

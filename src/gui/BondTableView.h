@@ -11,8 +11,10 @@ public:
 
     explicit BondTableView(QWidget *parent = nullptr);
 
-    // The rows of a drag of this program, in the order they were dragged.
-    static QList<int> rowsFromMimeData(const QMimeData *data);
+    // What a drag of these rows (as shown) carries, marked as coming from this table.
+    QMimeData *mimeDataForRows(const QList<int> &rows) const;
+    // The rows of a drag from this very table; empty for any other drag.
+    QList<int> rowsFromMimeData(const QMimeData *data) const;
 
 protected:
     void startDrag(Qt::DropActions supportedActions) override;

@@ -10,21 +10,21 @@ constexpr Qt::Alignment Right = Qt::AlignRight | Qt::AlignVCenter;
 constexpr Qt::Alignment Centre = Qt::AlignCenter;
 
 constexpr Descriptor Descriptors[Count] = {
-    {"Series", true, Left},
-    {"Quantity", true, Right},
-    {"Issue Date", true, Centre},
-    {"Face Value", true, Right},
-    {"Issue Price", false, Right},
-    {"Interest Earned", false, Right},
-    {"Value", false, Right},
-    {"Current Yield", false, Right},
-    {"Growth Rate", false, Right},
-    {"Serial Number", true, Left},
-    {"Paper", true, Centre},
-    {"Owner", true, Left},
-    {"Co-owner", true, Left},
-    {"Beneficiary", true, Left},
-    {"Registration", false, Left},
+    {"Series", true, Left, 96},
+    {"Quantity", true, Right, 70},
+    {"Issue Date", true, Centre, 84},
+    {"Face Value", true, Right, 92},
+    {"Issue Price", false, Right, 92},
+    {"Interest Earned", false, Right, 112},
+    {"Value", false, Right, 96},
+    {"Current Yield", false, Right, 100},
+    {"Growth Rate", false, Right, 92},
+    {"Serial Number", true, Left, 116},
+    {"Paper", true, Centre, 52},
+    {"Owner", true, Left, 150},
+    {"Co-owner", true, Left, 150},
+    {"Beneficiary", true, Left, 150},
+    {"Registration", false, Left, 280},
 };
 
 } // namespace

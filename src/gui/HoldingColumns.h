@@ -31,6 +31,7 @@ struct Descriptor
     const char *title;
     bool editable;
     Qt::Alignment alignment;
+    int width; // designed width in pixels
 };
 
 const Descriptor &descriptor(int column);

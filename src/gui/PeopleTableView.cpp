@@ -32,8 +32,7 @@ PeopleTableView::Role PeopleTableView::roleForDropAction(Qt::DropAction action)
 
 bool PeopleTableView::acceptsDrag(const QDropEvent *event) const
 {
-    return event->source() == m_bondSource
-           && event->mimeData()->hasFormat(QString::fromLatin1(BondTableView::TableIndicesType));
+    return m_bondSource && !m_bondSource->rowsFromMimeData(event->mimeData()).isEmpty();
 }
 
 void PeopleTableView::dragEnterEvent(QDragEnterEvent *event)
@@ -60,7 +59,7 @@ void PeopleTableView::dropEvent(QDropEvent *event)
         return;
     }
     const int row = indexAt(event->position().toPoint()).row();
-    const QList<int> rows = BondTableView::rowsFromMimeData(event->mimeData());
+    const QList<int> rows = m_bondSource->rowsFromMimeData(event->mimeData());
     // The proposed action carries the modifier keys; the drop itself removes nothing anywhere.
     const Role role = roleForDropAction(event->proposedAction());
     event->setDropAction(Qt::CopyAction);

@@ -6,6 +6,8 @@
 
 #include <QTableView>
 
+class BondTableView;
+
 class PeopleTableView : public QTableView
 {
     Q_OBJECT
@@ -14,8 +16,8 @@ public:
 
     explicit PeopleTableView(QWidget *parent = nullptr);
 
-    // The drag source whose rows this table accepts (the bond table of the same window).
-    void setBondSource(QWidget *source) { m_bondSource = source; }
+    // The bond table whose rows this table accepts (the one of the same window).
+    void setBondSource(BondTableView *source) { m_bondSource = source; }
     static Role roleForDropAction(Qt::DropAction action);
 
 signals:
@@ -29,5 +31,5 @@ protected:
 
 private:
     bool acceptsDrag(const QDropEvent *event) const;
-    QWidget *m_bondSource = nullptr;
+    BondTableView *m_bondSource = nullptr;
 };

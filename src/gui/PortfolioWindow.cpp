@@ -5,6 +5,7 @@
 #include "BondTableView.h"
 #include "ColorCircleDelegate.h"
 #include "DocumentManager.h"
+#include "HoldingColumns.h"
 #include "HoldingDelegate.h"
 #include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
@@ -64,7 +65,11 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
 
 PortfolioWindow::~PortfolioWindow()
 {
-    // Views and models go before the document they watch.
+    // Nothing may reach the half-destroyed window (focus moves while its widgets go), and views
+    // and models go before the document they watch.
+    disconnect(qApp, nullptr, this, nullptr);
+    m_actions.clear();
+    m_bondTable = nullptr;
     delete centralWidget();
 }
 
@@ -76,6 +81,7 @@ QWidget *PortfolioWindow::createPeopleAndSummary()
 
     m_peopleTable = new PeopleTableView(panel);
     m_peopleTable->setModel(m_peopleModel);
+    m_peopleTable->verticalHeader()->setDefaultSectionSize(m_peopleTable->fontMetrics().height() + 8);
     m_peopleTable->setItemDelegateForColumn(PeopleTableModel::Owner, new ColorCircleDelegate(Qt::red, m_peopleTable));
     m_peopleTable->setItemDelegateForColumn(PeopleTableModel::CoOwner,
                                             new ColorCircleDelegate(QColor(0, 160, 0), m_peopleTable));
@@ -127,7 +133,9 @@ QWidget *PortfolioWindow::createBondTable()
     m_bondTable = new BondTableView(panel);
     m_bondTable->setModel(m_filterModel);
     m_bondTable->setItemDelegate(new HoldingDelegate(m_portfolio.get(), m_bondTable));
-    m_bondTable->horizontalHeader()->setDefaultSectionSize(104);
+    for (int column = 0; column < HoldingColumns::Count; ++column)
+        m_bondTable->setColumnWidth(column, HoldingColumns::descriptor(column).width);
+    m_bondTable->verticalHeader()->setDefaultSectionSize(m_bondTable->fontMetrics().height() + 8);
     m_bondTable->sortByColumn(-1, Qt::AscendingOrder);
     m_bondTable->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_bondTable, &QWidget::customContextMenuRequested, this, &PortfolioWindow::showBondContextMenu);
