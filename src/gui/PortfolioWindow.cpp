@@ -113,6 +113,7 @@ QWidget *PortfolioWindow::createPeopleAndSummary()
     m_summaryTable = new QTableView(panel);
     m_summaryTable->setModel(m_summaryModel);
     m_summaryTable->verticalHeader()->hide();
+    m_summaryTable->verticalHeader()->setDefaultSectionSize(m_summaryTable->fontMetrics().height() + 6);
     m_summaryTable->setSelectionMode(QAbstractItemView::NoSelection);
     m_summaryTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_summaryTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
