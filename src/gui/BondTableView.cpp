@@ -75,19 +75,31 @@ void BondTableView::startDrag(Qt::DropActions supportedActions)
 
 QModelIndex BondTableView::moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers)
 {
-    QModelIndex next = QTableView::moveCursor(cursorAction, modifiers);
-    if (cursorAction != MoveNext && cursorAction != MovePrevious)
-        return next;
-    // Tab skips the figures, which cannot be typed into.
-    const QModelIndex start = next;
-    const int cells = model() ? model()->rowCount() * model()->columnCount() : 0;
-    for (int step = 0; next.isValid() && step < cells && !(next.flags() & Qt::ItemIsEditable); ++step) {
-        setCurrentIndex(next);
-        next = QTableView::moveCursor(cursorAction, modifiers);
-        if (next == start)
-            break;
+    const QModelIndex current = currentIndex();
+    if ((cursorAction != MoveNext && cursorAction != MovePrevious) || !current.isValid() || !model())
+        return QTableView::moveCursor(cursorAction, modifiers);
+    // Tab walks the editable cells in the order shown, skipping the figures, which cannot be
+    // typed into, and the hidden columns; it wraps to the next (or previous) line.
+    const int rows = model()->rowCount();
+    const int columns = horizontalHeader()->count();
+    int row = current.row();
+    int visual = horizontalHeader()->visualIndex(current.column());
+    for (int step = 0; step < rows * columns; ++step) {
+        if (cursorAction == MoveNext && ++visual >= columns) {
+            visual = 0;
+            row = (row + 1) % rows;
+        } else if (cursorAction == MovePrevious && --visual < 0) {
+            visual = columns - 1;
+            row = (row - 1 + rows) % rows;
+        }
+        const int column = horizontalHeader()->logicalIndex(visual);
+        if (isColumnHidden(column))
+            continue;
+        const QModelIndex candidate = model()->index(row, column);
+        if (candidate.flags() & Qt::ItemIsEditable)
+            return candidate;
     }
-    return next;
+    return current;
 }
 
 void BondTableView::keyPressEvent(QKeyEvent *event)

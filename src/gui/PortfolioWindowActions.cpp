@@ -198,7 +198,7 @@ void PortfolioWindow::createToolbar()
     m_picker = new ValuationMonthPicker(item);
     m_picker->setObjectName(QStringLiteral("Value As Of Date Toolbar Item Identifier"));
     m_picker->setToolTip(item->toolTip());
-    m_picker->setFixedSize(96, 32);
+    m_picker->setFixedSize(80, 32);
     m_picker->setLimits(m_portfolio->assessor().minimumRedemptionDate(), m_portfolio->assessor().maximumRedemptionDate());
     m_picker->showMonth(m_portfolio->valueOfDate());
     auto *label = new QLabel(tr("Value as of"), item);
