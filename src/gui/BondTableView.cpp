@@ -96,7 +96,7 @@ QModelIndex BondTableView::moveCursor(CursorAction cursorAction, Qt::KeyboardMod
         if (isColumnHidden(column))
             continue;
         const QModelIndex candidate = model()->index(row, column);
-        if (candidate.flags() & Qt::ItemIsEditable)
+        if (candidate.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable))
             return candidate;
     }
     return current;

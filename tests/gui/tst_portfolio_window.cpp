@@ -424,6 +424,31 @@ private slots:
         QCOMPARE(window->windowFilePath(), QFileInfo(samplePath()).absoluteFilePath());
     }
 
+    void tabWalksTheEditableCells_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<bool>("backwards");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("to");
+        QTest::newRow("next") << int(HoldingColumns::Quantity) << false << 0 << int(HoldingColumns::IssueDate);
+        QTest::newRow("over the figures") << int(HoldingColumns::FaceValue) << false << 0 << int(HoldingColumns::SerialNumber);
+        QTest::newRow("onto the next line") << int(HoldingColumns::Beneficiary) << false << 1 << int(HoldingColumns::Series);
+        QTest::newRow("back over the figures") << int(HoldingColumns::SerialNumber) << true << 0 << int(HoldingColumns::FaceValue);
+    }
+    void tabWalksTheEditableCells()
+    {
+        QFETCH(int, from);
+        QFETCH(bool, backwards);
+        QFETCH(int, row);
+        QFETCH(int, to);
+        PortfolioWindow *window = openSample();
+        BondTableView *table = window->bondTable();
+        table->setCurrentIndex(table->model()->index(0, from));
+        QTest::keyClick(table, backwards ? Qt::Key_Backtab : Qt::Key_Tab, backwards ? Qt::ShiftModifier : Qt::NoModifier);
+        QCOMPARE(table->currentIndex().row(), row);
+        QCOMPARE(table->currentIndex().column(), to);
+    }
+
     void countsDrawEqualOvalsUpToTwoDigits()
     {
         const QFontMetricsF metrics(QApplication::font());
