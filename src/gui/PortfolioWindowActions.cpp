@@ -1,4 +1,5 @@
 // The window's actions, built once from one table, and the menus and toolbar that show them.
+#include "BondTableColumns.h"
 #include "BondTableView.h"
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
@@ -138,6 +139,11 @@ void PortfolioWindow::createMenus()
     edit->addAction(action(Id::Copy));
     edit->addAction(action(Id::Paste));
     edit->addAction(action(Id::Delete));
+
+    // The same menu as the bond table's header offers.
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    m_columns->columnMenu()->setTitle(tr("&Columns"));
+    view->addMenu(m_columns->columnMenu());
 
     QMenu *portfolio = menuBar()->addMenu(tr("&Portfolio"));
     portfolio->addAction(action(Id::AddBond));
