@@ -13,6 +13,7 @@
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
 #include "model/UserDefaults.h"
+#include "update/RedemptionDateRangeNotifier.h"
 
 #include <QAbstractItemModelTester>
 #include <QAction>
@@ -375,6 +376,18 @@ private slots:
         QCOMPARE(alertTexts(&window), QStringList{QString::fromLatin1(BondPortfolio::NoValuationDataMessage)});
         window.valuationPicker()->setDate(QDate(2015, 7, 1));
         QCOMPARE(window.portfolio()->valueOfDate().date(), QDate(2015, 7, 1));
+    }
+
+    void everyPickerFollowsANewDatabaseRange()
+    {
+        PortfolioWindow *first = openSample();
+        PortfolioWindow *second = DocumentManager::instance().newDocument();
+        RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(1993, 1),
+                                                      BondAssessor::monthDate(2030, 4));
+        for (PortfolioWindow *window : {first, second}) {
+            QTRY_COMPARE(window->valuationPicker()->maximumDate(), QDate(2030, 4, 1));
+            QCOMPARE(window->valuationPicker()->minimumDate(), QDate(1993, 1, 1));
+        }
     }
 
     void closingAnEditedWindowAsks_data()
