@@ -1,6 +1,7 @@
 #include "PortfolioReport.h"
 
 #include "document/BondPortfolio.h"
+#include "document/HoldingPresentation.h"
 #include "model/Money.h"
 
 #include <QJsonArray>
@@ -10,37 +11,9 @@
 
 namespace {
 
-QString issueMonth(const Holding &holding)
-{
-    return holding.issueDate().isValid() ? holding.issueDate().toString(QStringLiteral("MM/yyyy"))
-                                         : QStringLiteral("mm/yyyy");
-}
-
 QString monthKey(const QDateTime &date)
 {
     return date.toString(QStringLiteral("yyyy-MM"));
-}
-
-// Why a holding shows no value, in the words of the value command; empty when it has one.
-QString status(const Holding &holding)
-{
-    if (holding.value() != 0)
-        return {};
-    if (!holding.isValidIssue())
-        return QStringLiteral("no pricing data");
-    if (!holding.isRedeemableIssue())
-        return QStringLiteral("not yet redeemable");
-    return {};
-}
-
-// The bracketed remark before a holding's registration: why it shows no value, or that its value
-// was computed.
-QString remark(const Holding &holding)
-{
-    const QString why = status(holding);
-    if (!why.isEmpty())
-        return why;
-    return holding.isValueDerived() ? QStringLiteral("computed") : QString();
 }
 
 // A rate as JSON shows it: the float's own digits, not its double expansion (3.94, not 3.9400000572).
@@ -49,35 +22,14 @@ double rateNumber(float rate)
     return QString::number(double(rate), 'g', 7).toDouble();
 }
 
-QString percent(float rate)
-{
-    return QString::asprintf("%.2f%%", double(rate));
-}
-
-struct Totals
-{
-    qint64 quantity = 0;
-    Pennies faceValue = 0;
-    Pennies issuePrice = 0;
-    Pennies interest = 0;
-    Pennies value = 0;
-
-    void add(const Holding &h)
-    {
-        quantity += h.quantity();
-        faceValue += h.faceValue() * h.quantity();
-        issuePrice += h.issuePrice() * h.quantity();
-        interest += h.interestEarned();
-        value += h.value();
-    }
-};
-
 QString summaryTitle(const BondPortfolio &portfolio)
 {
     return portfolio.summaryMode() == 0 ? QStringLiteral("cumulative") : QStringLiteral("yearly");
 }
 
 } // namespace
+
+using namespace HoldingPresentation;
 
 namespace PortfolioReport {
 
@@ -86,7 +38,7 @@ QString text(const BondPortfolio &portfolio)
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     QString out;
     out += QStringLiteral("Portfolio:   %1\n").arg(portfolio.displayName());
-    out += QStringLiteral("Valued as of %1\n").arg(portfolio.valueOfDate().toString(QStringLiteral("MM/yyyy")));
+    out += QStringLiteral("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfDate()));
     QStringList names;
     for (const PersonRef &person : portfolio.titleHolders())
         names << person->name();
@@ -103,25 +55,24 @@ QString text(const BondPortfolio &portfolio)
     };
     out += line({"Series", "Qty", "Issued", "Face value", "Issue price", "Interest", "Value", "Yield", "Growth",
                  "Registration"});
-    Totals totals;
+    const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     QSet<QString> remarks;
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
-        totals.add(h);
         QString series = h.series()->label();
         if (!h.isPaper())
             series += QStringLiteral("*");
         QString registration = h.registration();
-        const QString why = remark(h);
+        const QString why = remarkText(h);
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         remarks.insert(why);
-        out += line({series, QString::number(h.quantity()), issueMonth(h), formatDollars(h.faceValue()),
+        out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
                      formatDollars(h.issuePrice()), formatDollars(h.interestEarned()), formatDollars(h.value()),
-                     percent(h.currentYield()), percent(h.compoundAnnualGrowthRate()), registration.trimmed()});
+                     percentText(h.currentYield()), percentText(h.compoundAnnualGrowthRate()), registration.trimmed()});
     }
     out += line({"Total", QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
-                 formatDollars(totals.issuePrice), formatDollars(totals.interest), formatDollars(totals.value),
+                 formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
                  QString(), QString(), QString()});
     out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
     if (remarks.contains(QStringLiteral("computed")))
@@ -143,11 +94,10 @@ QByteArray json(const BondPortfolio &portfolio)
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     auto person = [](const PersonRef &p) { return p ? QJsonValue(p->name()) : QJsonValue(); };
     QJsonArray holdings;
-    Totals totals;
+    const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
-        totals.add(h);
-        const QString why = status(h);
+        const QString why = statusText(h);
         holdings.append(QJsonObject{
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
@@ -183,7 +133,7 @@ QByteArray json(const BondPortfolio &portfolio)
         {"titleHolders", people},
         {"holdings", holdings},
         {"totals", QJsonObject{{"quantity", totals.quantity}, {"faceValue", totals.faceValue},
-                               {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interest},
+                               {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interestEarned},
                                {"value", totals.value}}},
         {"summaryMode", summaryTitle(portfolio)},
         {"interestSummary", summary},

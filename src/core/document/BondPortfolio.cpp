@@ -4,6 +4,7 @@
 #include "document/PortfolioUndo.h"
 #include "model/PeopleStore.h"
 #include "model/Series.h"
+#include "update/RedemptionDateRangeNotifier.h"
 
 #include <QFileInfo>
 #include <QUndoStack>
@@ -17,6 +18,13 @@ BondPortfolio::BondPortfolio(PeopleStore *people, const QString &databasePath, Q
     , m_recorder(new PortfolioRecorder(this, m_undoStack))
 {
     connect(m_undoStack, &QUndoStack::cleanChanged, this, [this](bool clean) { emit editedChanged(!clean); });
+    connect(this, &BondPortfolio::valueOfDateChanged, this, &BondPortfolio::figuresChanged);
+    // Figures are read afresh from the database; an installation only has to say so.
+    connect(RedemptionDateRangeNotifier::instance(), &RedemptionDateRangeNotifier::redemptionDateRangeDidChange,
+            this, [this] {
+                emit figuresChanged();
+                emit interestSummaryChanged();
+            });
     setTitleHolders(Person::family(*m_people));
     m_summaryMode = 0;
     m_valueOfDate = initialValueOfDate();
@@ -38,6 +46,7 @@ void BondPortfolio::setHoldings(const QList<HoldingRef> &holdings)
 {
     if (holdings == m_holdings)
         return;
+    emit holdingsAboutToBeReset();
     for (const HoldingRef &holding : std::as_const(m_holdings))
         m_recorder->stopObserving(holding.get());
     m_holdings = holdings;
@@ -74,6 +83,7 @@ int BondPortfolio::indexOfHolding(const Holding *holding) const
 void BondPortfolio::insertHoldingWithoutRecording(const HoldingRef &holding, int index)
 {
     index = std::clamp(index, 0, int(m_holdings.size()));
+    emit holdingAboutToBeInserted(index);
     m_recorder->startObserving(holding);
     m_holdings.insert(index, holding);
     emit holdingInserted(index);
@@ -95,19 +105,51 @@ HoldingRef BondPortfolio::takeHoldingWithoutRecording(int index)
     return holding;
 }
 
+HoldingRef BondPortfolio::addNewHolding(int index)
+{
+    const HoldingRef holding = Holding::create();
+    holding->setPortfolio(this);
+    m_newHolding = holding;
+    insertHolding(holding, index);
+    return holding;
+}
+
 void BondPortfolio::setHoldingsFilter(HoldingFilter filter)
 {
     m_filter = std::move(filter);
+    emit holdingsFilterChanged();
     emit interestSummaryChanged();
+}
+
+void BondPortfolio::setSelectedPeople(const QList<PersonRef> &people)
+{
+    m_selectedPeople = people;
+    m_newHolding.reset();
+    emit holdingsFilterChanged();
+    emit interestSummaryChanged();
+}
+
+bool BondPortfolio::isHoldingShown(const Holding &holding) const
+{
+    if (m_filter && !m_filter(holding))
+        return false;
+    if (m_selectedPeople.isEmpty() || m_newHolding.lock().get() == &holding)
+        return true;
+    for (const PersonRef &person : m_selectedPeople) {
+        if (samePerson(holding.owner().get(), person.get()) || samePerson(holding.coOwner().get(), person.get())
+            || samePerson(holding.beneficiary().get(), person.get()))
+            return true;
+    }
+    return false;
 }
 
 QList<HoldingRef> BondPortfolio::shownHoldings() const
 {
-    if (!m_filter)
+    if (!m_filter && m_selectedPeople.isEmpty())
         return m_holdings;
     QList<HoldingRef> shown;
     for (const HoldingRef &holding : m_holdings) {
-        if (m_filter(*holding))
+        if (isHoldingShown(*holding))
             shown << holding;
     }
     return shown;
@@ -137,8 +179,16 @@ void BondPortfolio::installTitleHolders(const QList<PersonRef> &people)
     }
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const PersonRef &a, const PersonRef &b) { return a->name() < b->name(); });
+    emit titleHoldersAboutToChange();
     m_titleHolders = sorted;
+    // A person who leaves the list no longer narrows the holdings shown.
+    const qsizetype selected = m_selectedPeople.size();
+    m_selectedPeople.removeIf([this](const PersonRef &p) { return !m_titleHolders.contains(p); });
     emit titleHoldersChanged();
+    if (m_selectedPeople.size() != selected) {
+        emit holdingsFilterChanged();
+        emit interestSummaryChanged();
+    }
 }
 
 void BondPortfolio::deleteTitleHolderFromAllBonds(const PersonRef &person)

@@ -74,10 +74,18 @@ public:
     void appendHolding(const HoldingRef &holding) { insertHolding(holding, int(m_holdings.size())); }
     void removeHoldingAt(int index);
     int indexOfHolding(const Holding *holding) const;
+    // A new holding with its defaults, attached to this portfolio and inserted (undoable "Insert
+    // Holding"). It stays shown under a people filter until the filter next changes.
+    HoldingRef addNewHolding(int index);
 
     // The holdings currently shown (the people table narrows them); all when no filter is set.
-    // The interest summary covers exactly these.
+    // The interest summary covers exactly these, and the window's table asks isHoldingShown().
     void setHoldingsFilter(HoldingFilter filter);
+    // Narrows the shown holdings to those naming any of the people in any role; an empty list
+    // switches the filter off. Forgets the newly added holding.
+    void setSelectedPeople(const QList<PersonRef> &people);
+    const QList<PersonRef> &selectedPeople() const { return m_selectedPeople; }
+    bool isHoldingShown(const Holding &holding) const;
     QList<HoldingRef> shownHoldings() const;
 
     // --- Title holders ---
@@ -114,9 +122,6 @@ public:
     void markEdited();
     // Records the current state as saved.
     void markSaved();
-    // Sets a value on a holding without recording it: what undo and redo use.
-    void changeKeyPath(Holding *holding, const QString &key, const QVariant &value);
-    void setTitleHoldersWithoutRecording(const QList<PersonRef> &people);
 
     // --- File ---
     QString fileName() const { return m_fileName; }
@@ -134,14 +139,22 @@ public:
     bool readFromFile(const QString &path, QString *error = nullptr);
 
 signals:
+    // Every change of the lists is announced before and after, as item models need.
+    void holdingsAboutToBeReset();
     void holdingsReset();
+    void holdingAboutToBeInserted(int index);
     void holdingInserted(int index);
     void holdingAboutToBeRemoved(int index);
     void holdingRemoved(int index);
     // A value of one holding changed (key as in HoldingKey).
     void holdingChanged(Holding *holding, const QString &key);
+    void titleHoldersAboutToChange();
     void titleHoldersChanged();
+    // Which holdings are shown changed (people selected, or the filter switched off).
+    void holdingsFilterChanged();
     void valueOfDateChanged();
+    // Every figure may read differently: the valuation date moved or the database's values did.
+    void figuresChanged();
     void summaryModeChanged();
     void interestSummaryChanged();
     void editedChanged(bool edited);
@@ -150,6 +163,11 @@ signals:
 private:
     friend class PortfolioRecorder;
     friend class HoldingPlacementCommand;
+    friend class ChangeValueCommand;
+    friend class SetTitleHoldersCommand;
+    // Set values without recording them: what undo and redo use.
+    void changeKeyPath(Holding *holding, const QString &key, const QVariant &value);
+    void setTitleHoldersWithoutRecording(const QList<PersonRef> &people);
     void insertHoldingWithoutRecording(const HoldingRef &holding, int index);
     HoldingRef takeHoldingWithoutRecording(int index);
     void installTitleHolders(const QList<PersonRef> &people);
@@ -164,5 +182,7 @@ private:
     QUndoStack *m_undoStack;
     PortfolioRecorder *m_recorder;
     HoldingFilter m_filter;
+    QList<PersonRef> m_selectedPeople;
+    std::weak_ptr<Holding> m_newHolding;
     QString m_fileName;
 };

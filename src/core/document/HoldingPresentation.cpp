@@ -1,0 +1,59 @@
+#include "document/HoldingPresentation.h"
+
+#include "document/BondPortfolio.h"
+
+namespace HoldingPresentation {
+
+QString issueMonthText(const QDateTime &month)
+{
+    return month.isValid() ? month.toString(QStringLiteral("MM/yyyy")) : QString::fromLatin1(NoIssueMonthText);
+}
+
+QString monthText(const QDateTime &month)
+{
+    return month.isValid() ? month.toString(QStringLiteral("MM/yyyy")) : QString();
+}
+
+QString statusText(const Holding &holding)
+{
+    if (holding.value() != 0)
+        return {};
+    if (!holding.isValidIssue())
+        return QStringLiteral("no pricing data");
+    if (!holding.isRedeemableIssue())
+        return QStringLiteral("not yet redeemable");
+    return {};
+}
+
+QString remarkText(const Holding &holding)
+{
+    const QString status = statusText(holding);
+    if (!status.isEmpty())
+        return status;
+    return holding.isValueDerived() ? QString::fromLatin1(ComputedRemark) : QString();
+}
+
+QString percentText(float rate)
+{
+    return QString::asprintf("%.2f%%", double(rate));
+}
+
+} // namespace HoldingPresentation
+
+void HoldingTotals::add(const Holding &holding)
+{
+    quantity += holding.quantity();
+    faceValue += holding.faceValue() * holding.quantity();
+    issuePrice += holding.issuePrice() * holding.quantity();
+    interestEarned += holding.interestEarned();
+    value += holding.value();
+}
+
+HoldingTotals HoldingTotals::of(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
+{
+    BondAssessor::ReadBatch batch(portfolio.assessor());
+    HoldingTotals totals;
+    for (const HoldingRef &holding : holdings)
+        totals.add(*holding);
+    return totals;
+}

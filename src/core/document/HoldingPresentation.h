@@ -1,0 +1,44 @@
+#pragma once
+// How holdings and months read as text, and the totals of a set of holdings: the window, the
+// command line and reports all show the same words and sums from here.
+#include "model/Holding.h"
+#include "model/Money.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+class BondPortfolio;
+
+namespace HoldingPresentation {
+// What an issue-month cell shows when the holding has no issue date.
+inline constexpr const char *NoIssueMonthText = "mm/yyyy";
+
+// "MM/yyyy", or "mm/yyyy" for no date.
+QString issueMonthText(const QDateTime &month);
+// "MM/yyyy" of a valuation month; empty for no date.
+QString monthText(const QDateTime &month);
+// Why a holding shows no value ("no pricing data", "not yet redeemable"); empty when it has one.
+QString statusText(const Holding &holding);
+// The remark a holding's line carries: its status, else "computed" when its value was computed
+// rather than published; empty for neither.
+QString remarkText(const Holding &holding);
+inline constexpr const char *ComputedRemark = "computed";
+// A rate as "3.94%".
+QString percentText(float rate);
+}
+
+// Sums over holdings: face value and issue price are per bond on a holding, so their totals
+// count every bond; interest and value are already for the whole holding.
+struct HoldingTotals
+{
+    qint64 quantity = 0;
+    Pennies faceValue = 0;
+    Pennies issuePrice = 0;
+    Pennies interestEarned = 0;
+    Pennies value = 0;
+
+    void add(const Holding &holding);
+    // Reads every figure in one batch of the portfolio's database reader.
+    static HoldingTotals of(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
+};

@@ -1,0 +1,11 @@
+#pragma once
+// Alerts that never block the caller: window-modal sheets over a window, or a plain dialog when
+// there is no window yet.
+#include <QString>
+
+class QWidget;
+
+namespace Alerts {
+void warn(QWidget *parent, const QString &title, const QString &message);
+void inform(QWidget *parent, const QString &title, const QString &message);
+}

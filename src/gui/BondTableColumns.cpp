@@ -1,0 +1,114 @@
+#include "BondTableColumns.h"
+
+#include "HoldingColumns.h"
+#include "model/UserDefaults.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <QSet>
+#include <QTableView>
+
+BondTableColumns::BondTableColumns(QTableView *table)
+    : QObject(table)
+    , m_table(table)
+    , m_menu(new QMenu(table))
+{
+    for (int column = 0; column < HoldingColumns::Count; ++column) {
+        QAction *action = m_menu->addAction(HoldingColumns::title(column));
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, action] { toggleColumnVisibility(action->text()); });
+    }
+    restoreColumnSettings();
+    updateMenu();
+    header()->setSectionsMovable(true);
+    header()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header(), &QHeaderView::customContextMenuRequested, this,
+            [this](const QPoint &pos) { m_menu->popup(header()->mapToGlobal(pos)); });
+    connect(header(), &QHeaderView::sectionMoved, this, &BondTableColumns::saveColumnSettings);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int logical, int, int newSize) {
+        // Hiding a column resizes it to 0; that is no width to remember.
+        if (newSize > 0 && !header()->isSectionHidden(logical))
+            saveColumnSettings();
+    });
+}
+
+QHeaderView *BondTableColumns::header() const
+{
+    return m_table->horizontalHeader();
+}
+
+void BondTableColumns::restoreColumnSettings()
+{
+    const QVariantList settings =
+        UserDefaults::value(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey)).toList();
+    if (settings.isEmpty())
+        return;
+    m_restoring = true;
+    QSet<int> noted;
+    int position = 0;
+    for (const QVariant &entry : settings) {
+        const QVariantMap map = entry.toMap();
+        const int column = HoldingColumns::columnForIdentifier(map.value(QString::fromLatin1(KeyKey)).toString());
+        // A name this table has no column for is skipped.
+        if (column < 0 || noted.contains(column))
+            continue;
+        const int width = qRound(map.value(QString::fromLatin1(WidthKey)).toDouble());
+        if (width > 0)
+            header()->resizeSection(column, width);
+        const int current = header()->visualIndex(column);
+        if (current != position)
+            header()->moveSection(current, position);
+        noted.insert(column);
+        ++position;
+    }
+    for (int column = 0; column < HoldingColumns::Count; ++column)
+        header()->setSectionHidden(column, !noted.contains(column));
+    m_restoring = false;
+}
+
+void BondTableColumns::toggleColumnVisibility(const QString &title)
+{
+    const int column = HoldingColumns::columnForIdentifier(HoldingColumns::identifierForTitle(title));
+    if (column < 0)
+        return;
+    m_restoring = true;
+    if (!header()->isSectionHidden(column)) {
+        header()->setSectionHidden(column, true);
+    } else {
+        header()->moveSection(header()->visualIndex(column), header()->count() - 1);
+        header()->setSectionHidden(column, false);
+        if (header()->sectionSize(column) <= 0)
+            header()->resizeSection(column, header()->defaultSectionSize());
+    }
+    m_restoring = false;
+    updateMenu();
+    saveColumnSettings();
+}
+
+QVariantList BondTableColumns::currentSettings() const
+{
+    QVariantList list;
+    for (int visual = 0; visual < header()->count(); ++visual) {
+        const int column = header()->logicalIndex(visual);
+        if (header()->isSectionHidden(column))
+            continue;
+        list.append(QVariantMap{{QString::fromLatin1(WidthKey), double(header()->sectionSize(column))},
+                                {QString::fromLatin1(KeyKey), HoldingColumns::identifier(column)}});
+    }
+    return list;
+}
+
+void BondTableColumns::saveColumnSettings()
+{
+    if (m_restoring)
+        return;
+    UserDefaults::setValue(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey), currentSettings());
+}
+
+void BondTableColumns::updateMenu()
+{
+    for (QAction *action : m_menu->actions()) {
+        const int column = HoldingColumns::columnForIdentifier(HoldingColumns::identifierForTitle(action->text()));
+        action->setChecked(column >= 0 && !header()->isSectionHidden(column));
+    }
+}

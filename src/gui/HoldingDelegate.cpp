@@ -1,0 +1,106 @@
+#include "HoldingDelegate.h"
+
+#include "HoldingColumns.h"
+#include "document/BondPortfolio.h"
+#include "document/HoldingPresentation.h"
+#include "model/Series.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
+
+using namespace HoldingColumns;
+
+HoldingDelegate::HoldingDelegate(BondPortfolio *portfolio, QObject *parent)
+    : QStyledItemDelegate(parent)
+    , m_portfolio(portfolio)
+{
+}
+
+QDateTime HoldingDelegate::monthFromText(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^\\s*(\\d{1,2})\\s*/\\s*(\\d{4})\\s*$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return {};
+    const int month = match.captured(1).toInt();
+    if (month < 1 || month > 12)
+        return {};
+    return BondAssessor::monthDate(match.captured(2).toInt(), month);
+}
+
+QWidget *HoldingDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                                       const QModelIndex &index) const
+{
+    switch (index.column()) {
+    case HoldingColumns::Series: {
+        auto *combo = new QComboBox(parent);
+        for (const ::Series *series : ::Series::allSeries())
+            combo->addItem(series->label(), series->code());
+        return combo;
+    }
+    case Owner:
+    case CoOwner:
+    case Beneficiary: {
+        auto *combo = new QComboBox(parent);
+        combo->addItem(QString(), QString());
+        for (const PersonRef &person : m_portfolio->titleHolders())
+            combo->addItem(person->name(), person->uniqueId());
+        return combo;
+    }
+    case IssueDate: {
+        auto *edit = new QLineEdit(parent);
+        edit->setPlaceholderText(QString::fromLatin1(HoldingPresentation::NoIssueMonthText));
+        edit->setValidator(new QRegularExpressionValidator(
+            QRegularExpression(QStringLiteral("\\d{0,2}/?\\d{0,4}")), edit));
+        return edit;
+    }
+    case FaceValue: {
+        auto *edit = new QLineEdit(parent);
+        edit->setAlignment(Qt::AlignRight);
+        return edit;
+    }
+    default:
+        return QStyledItemDelegate::createEditor(parent, option, index);
+    }
+}
+
+void HoldingDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    const QVariant value = index.data(Qt::EditRole);
+    if (auto *combo = qobject_cast<QComboBox *>(editor)) {
+        combo->setCurrentIndex(std::max(0, combo->findData(value.toString())));
+        return;
+    }
+    if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == IssueDate) {
+        edit->setText(HoldingPresentation::monthText(value.toDateTime()));
+        return;
+    }
+    if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == FaceValue) {
+        edit->setText(QString::number(value.toDouble(), 'f', 2));
+        return;
+    }
+    QStyledItemDelegate::setEditorData(editor, index);
+}
+
+void HoldingDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    if (auto *combo = qobject_cast<QComboBox *>(editor)) {
+        model->setData(index, combo->currentData(), Qt::EditRole);
+        return;
+    }
+    if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == IssueDate) {
+        // Text that is no month leaves the old month; a month is checked by the holding.
+        const QDateTime month = monthFromText(edit->text());
+        if (month.isValid())
+            model->setData(index, month, Qt::EditRole);
+        return;
+    }
+    if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == FaceValue) {
+        if (!edit->text().trimmed().isEmpty())
+            model->setData(index, edit->text().remove(QLatin1Char('$')).remove(QLatin1Char(',')), Qt::EditRole);
+        return;
+    }
+    QStyledItemDelegate::setModelData(editor, model, index);
+}

@@ -1,0 +1,303 @@
+#include "HoldingsTableModel.h"
+
+#include "HoldingColumns.h"
+#include "document/BondPortfolio.h"
+#include "document/HoldingPresentation.h"
+
+#include <QColor>
+
+using namespace HoldingColumns;
+
+HoldingsTableModel::HoldingsTableModel(BondPortfolio *portfolio, QObject *parent)
+    : QAbstractTableModel(parent)
+    , m_portfolio(portfolio)
+{
+    connect(portfolio, &BondPortfolio::holdingsAboutToBeReset, this, &HoldingsTableModel::beginResetModel);
+    connect(portfolio, &BondPortfolio::holdingsReset, this, &HoldingsTableModel::endResetModel);
+    connect(portfolio, &BondPortfolio::holdingAboutToBeInserted, this,
+            [this](int index) { beginInsertRows({}, index, index); });
+    connect(portfolio, &BondPortfolio::holdingInserted, this, &HoldingsTableModel::endInsertRows);
+    connect(portfolio, &BondPortfolio::holdingAboutToBeRemoved, this,
+            [this](int index) { beginRemoveRows({}, index, index); });
+    connect(portfolio, &BondPortfolio::holdingRemoved, this, &HoldingsTableModel::endRemoveRows);
+    connect(portfolio, &BondPortfolio::holdingChanged, this,
+            [this](Holding *holding, const QString &) { holdingChanged(holding); });
+    connect(portfolio, &BondPortfolio::figuresChanged, this, &HoldingsTableModel::figuresChanged);
+    // A person's name can change in the address book between reads; a new list re-reads them.
+    connect(portfolio, &BondPortfolio::titleHoldersChanged, this, [this] {
+        if (rowCount() > 0)
+            emit dataChanged(index(0, Owner), index(rowCount() - 1, Registration));
+    });
+}
+
+HoldingRef HoldingsTableModel::holdingAt(int row) const
+{
+    if (row < 0 || row >= m_portfolio->holdings().size())
+        return {};
+    return m_portfolio->holdings().at(row);
+}
+
+int HoldingsTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_portfolio->holdings().size());
+}
+
+int HoldingsTableModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : Count;
+}
+
+QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Holding &holding = *m_portfolio->holdings().at(index.row());
+    const int column = index.column();
+    switch (role) {
+    case Qt::DisplayRole:
+        return displayData(holding, column);
+    case Qt::EditRole:
+        return editData(holding, column);
+    case SortRole:
+        return sortData(holding, column);
+    case HoldingRole:
+        return QVariant::fromValue(m_portfolio->holdings().at(index.row()));
+    case Qt::CheckStateRole:
+        if (column == Paper)
+            return holding.isPaper() ? Qt::Checked : Qt::Unchecked;
+        return {};
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(descriptor(column).alignment);
+    case Qt::ForegroundRole:
+        switch (holding.myColor()) {
+        case Holding::LineColor::Black:
+            return QColor(Qt::black);
+        case Holding::LineColor::Blue:
+            return QColor(Qt::blue);
+        case Holding::LineColor::Red:
+            return QColor(Qt::red);
+        }
+        return {};
+    case Qt::ToolTipRole:
+        if (column == Value || column == InterestEarned)
+            return HoldingPresentation::statusText(holding);
+        return {};
+    default:
+        return {};
+    }
+}
+
+QVariant HoldingsTableModel::displayData(const Holding &holding, int column) const
+{
+    auto name = [](const PersonRef &person) { return person ? person->name() : QString(); };
+    switch (column) {
+    case HoldingColumns::Series:
+        return holding.series()->label();
+    case Quantity:
+        return holding.quantity();
+    case IssueDate:
+        return HoldingPresentation::issueMonthText(holding.issueDate());
+    case FaceValue:
+        return formatDollars(holding.faceValue());
+    case IssuePrice:
+        return formatDollars(holding.issuePrice());
+    case InterestEarned:
+        return formatDollars(holding.interestEarned());
+    case Value:
+        return formatDollars(holding.value());
+    case CurrentYield:
+        return HoldingPresentation::percentText(holding.currentYield());
+    case GrowthRate:
+        return HoldingPresentation::percentText(holding.compoundAnnualGrowthRate());
+    case SerialNumber:
+        return holding.serialNumber();
+    case Paper:
+        return {};
+    case Owner:
+        return name(holding.owner());
+    case CoOwner:
+        return name(holding.coOwner());
+    case Beneficiary:
+        return name(holding.beneficiary());
+    case Registration:
+        return holding.registration();
+    }
+    return {};
+}
+
+QVariant HoldingsTableModel::editData(const Holding &holding, int column) const
+{
+    auto id = [](const PersonRef &person) { return person ? person->uniqueId() : QString(); };
+    switch (column) {
+    case HoldingColumns::Series:
+        return holding.series()->code();
+    case IssueDate:
+        return holding.issueDate();
+    case FaceValue:
+        return DollarTransformer::transformedValue(holding.faceValue());
+    case Paper:
+        return holding.isPaper();
+    case Owner:
+        return id(holding.owner());
+    case CoOwner:
+        return id(holding.coOwner());
+    case Beneficiary:
+        return id(holding.beneficiary());
+    default:
+        return displayData(holding, column);
+    }
+}
+
+QVariant HoldingsTableModel::sortData(const Holding &holding, int column) const
+{
+    switch (column) {
+    case HoldingColumns::Series:
+        return holding.series()->label();
+    case IssueDate:
+        return holding.issueDate().isValid() ? holding.issueDate().toSecsSinceEpoch() : qint64(0);
+    case FaceValue:
+        return holding.faceValue();
+    case IssuePrice:
+        return holding.issuePrice();
+    case InterestEarned:
+        return holding.interestEarned();
+    case Value:
+        return holding.value();
+    case CurrentYield:
+        return holding.currentYield();
+    case GrowthRate:
+        return holding.compoundAnnualGrowthRate();
+    case Paper:
+        return holding.isPaper();
+    default:
+        return displayData(holding, column);
+    }
+}
+
+QVariant HoldingsTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= Count)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    if (role == Qt::DisplayRole)
+        return title(section);
+    return {};
+}
+
+Qt::ItemFlags HoldingsTableModel::flags(const QModelIndex &index) const
+{
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (!index.isValid())
+        return flags;
+    flags |= Qt::ItemIsDragEnabled;
+    if (index.column() == Paper)
+        flags |= Qt::ItemIsUserCheckable;
+    else if (descriptor(index.column()).editable)
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return false;
+    Holding &holding = *m_portfolio->holdings().at(index.row());
+    const int column = index.column();
+    if (column == Paper && role == Qt::CheckStateRole) {
+        const bool paper = value.toInt() == Qt::Checked;
+        if (paper != holding.isPaper())
+            holding.setPaper(paper);
+        return true;
+    }
+    if (role != Qt::EditRole)
+        return false;
+    // An unchanged value records nothing: the setters are called only for real changes.
+    switch (column) {
+    case HoldingColumns::Series: {
+        const ::Series *series = ::Series::seriesForCode(value.toString());
+        if (!series)
+            return false;
+        if (series != holding.series())
+            holding.setSeries(series);
+        return true;
+    }
+    case Quantity: {
+        bool ok = false;
+        const int quantity = value.toInt(&ok);
+        if (!ok)
+            return false;
+        if (quantity != holding.quantity())
+            holding.setQuantity(quantity);
+        return true;
+    }
+    case IssueDate:
+        return setIssueDate(holding, value);
+    case FaceValue: {
+        const QVariant pennies = DollarTransformer::reverseTransformedValue(value);
+        if (!pennies.isValid())
+            return false;
+        if (pennies.toLongLong() != holding.faceValue())
+            holding.setFaceValue(pennies.toLongLong());
+        return true;
+    }
+    case SerialNumber:
+        if (value.toString() != holding.serialNumber())
+            holding.setSerialNumber(value.toString());
+        return true;
+    case Owner:
+    case CoOwner:
+    case Beneficiary: {
+        const PersonRef person = titleHolderWithId(value.toString());
+        const char *key = column == Owner ? HoldingKey::Owner : column == CoOwner ? HoldingKey::CoOwner
+                                                                                  : HoldingKey::Beneficiary;
+        if (holding.valueForKey(QString::fromLatin1(key)).value<PersonRef>() != person)
+            holding.setValueForKey(QString::fromLatin1(key), QVariant::fromValue(person));
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+bool HoldingsTableModel::setIssueDate(Holding &holding, const QVariant &value)
+{
+    const QDateTime month = value.toDateTime();
+    if (!month.isValid())
+        return false;
+    if (holding.issueDate().isValid() && holding.issueDate().date().year() == month.date().year()
+        && holding.issueDate().date().month() == month.date().month())
+        return true;
+    ValidationError refusal;
+    if (!holding.validateIssueDate(month, &refusal)) {
+        emit editRefused(tr("Invalid issue date"), refusal.message);
+        return false;
+    }
+    holding.setIssueDate(month);
+    return true;
+}
+
+PersonRef HoldingsTableModel::titleHolderWithId(const QString &uniqueId) const
+{
+    if (uniqueId.isEmpty())
+        return {};
+    for (const PersonRef &person : m_portfolio->titleHolders()) {
+        if (person->uniqueId() == uniqueId)
+            return person;
+    }
+    return {};
+}
+
+void HoldingsTableModel::holdingChanged(Holding *holding)
+{
+    const int row = m_portfolio->indexOfHolding(holding);
+    if (row >= 0)
+        emit dataChanged(index(row, 0), index(row, Count - 1));
+}
+
+void HoldingsTableModel::figuresChanged()
+{
+    if (rowCount() == 0)
+        return;
+    // One batch for the whole table: a sorted view re-reads every figure now.
+    BondAssessor::ReadBatch batch(m_portfolio->assessor());
+    emit dataChanged(index(0, 0), index(rowCount() - 1, Count - 1));
+}

@@ -1,0 +1,68 @@
+#include "InterestSummaryModel.h"
+
+#include <QTimer>
+
+InterestSummaryModel::InterestSummaryModel(BondPortfolio *portfolio, QObject *parent)
+    : QAbstractTableModel(parent)
+    , m_portfolio(portfolio)
+{
+    connect(portfolio, &BondPortfolio::interestSummaryChanged, this, &InterestSummaryModel::scheduleRefresh);
+    m_dirty = true;
+    refreshNow();
+}
+
+void InterestSummaryModel::scheduleRefresh()
+{
+    if (m_dirty)
+        return;
+    m_dirty = true;
+    QTimer::singleShot(0, this, &InterestSummaryModel::refreshNow);
+}
+
+void InterestSummaryModel::refreshNow()
+{
+    if (!m_dirty)
+        return;
+    m_dirty = false;
+    QList<InterestSummaryRow> rows;
+    {
+        BondAssessor::ReadBatch batch(m_portfolio->assessor());
+        rows = m_portfolio->interestSummary();
+    }
+    if (rows == m_rows)
+        return;
+    beginResetModel();
+    m_rows = rows;
+    endResetModel();
+}
+
+int InterestSummaryModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+int InterestSummaryModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : Count;
+}
+
+QVariant InterestSummaryModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const InterestSummaryRow &row = m_rows.at(index.row());
+    if (role == Qt::TextAlignmentRole)
+        return index.column() == TaxYear ? QVariant(Qt::AlignCenter) : QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::DisplayRole)
+        return index.column() == TaxYear ? QVariant(QString::number(row.taxYear)) : QVariant(formatDollars(row.interestEarned));
+    if (role == Qt::EditRole)
+        return index.column() == TaxYear ? QVariant(row.taxYear) : QVariant(row.interestEarned);
+    return {};
+}
+
+QVariant InterestSummaryModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    return section == TaxYear ? tr("Tax Year") : tr("Interest");
+}

@@ -1,0 +1,30 @@
+#pragma once
+// The interest summary beside the tables: tax year and interest, over the holdings shown. The
+// document computes the rows; this model asks once per burst of changes, not once per signal.
+#include "document/BondPortfolio.h"
+
+#include <QAbstractTableModel>
+
+class InterestSummaryModel : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    enum Column { TaxYear, Interest, Count };
+
+    explicit InterestSummaryModel(BondPortfolio *portfolio, QObject *parent = nullptr);
+
+    // Reads the summary now if a change is pending (tests and printing need it at once).
+    void refreshNow();
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    void scheduleRefresh();
+
+    BondPortfolio *m_portfolio;
+    QList<InterestSummaryRow> m_rows;
+    bool m_dirty = false;
+};

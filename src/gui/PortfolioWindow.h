@@ -1,0 +1,114 @@
+#pragma once
+// One portfolio's window: the people table and the interest summary on the left, the bond table
+// with its totals line on the right, the toolbar above. The window shows the document and hands
+// every change to it; the document records undo and decides what is shown.
+#include "PeopleTableView.h"
+#include "model/Holding.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <memory>
+
+class BondPortfolio;
+class BondTableColumns;
+class BondTableView;
+class HoldingsFilterModel;
+class HoldingsTableModel;
+class InterestSummaryModel;
+class PeopleTableModel;
+class QAction;
+class QLabel;
+class QMenu;
+class QRadioButton;
+class QTableView;
+class ValuationMonthPicker;
+
+class PortfolioWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    enum class ActionId {
+        New, Open, Close, Save, SaveAs, Revert, Print, Quit,
+        Undo, Redo, Cut, Copy, Paste, Delete,
+        AddBond, RemoveBond, ExportCsv, ExportQif, AddPerson, About
+    };
+    static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
+
+    // Takes ownership of the portfolio.
+    explicit PortfolioWindow(BondPortfolio *portfolio, QWidget *parent = nullptr);
+    ~PortfolioWindow() override;
+
+    BondPortfolio *portfolio() const { return m_portfolio.get(); }
+    QAction *action(ActionId id) const { return m_actions.value(id); }
+    BondTableView *bondTable() const { return m_bondTable; }
+    PeopleTableView *peopleTable() const { return m_peopleTable; }
+    QTableView *summaryTable() const { return m_summaryTable; }
+    HoldingsFilterModel *shownHoldingsModel() const { return m_filterModel; }
+    InterestSummaryModel *summaryModel() const { return m_summaryModel; }
+    BondTableColumns *columns() const { return m_columns; }
+    ValuationMonthPicker *valuationPicker() const { return m_picker; }
+    QString totalsText() const;
+
+    // The holdings selected in the bond table, in the order shown.
+    QList<HoldingRef> selectedHoldings() const;
+    QList<PersonRef> selectedPeople() const;
+
+    // Names the person on each holding in the role, one undoable "Edit" per holding.
+    void nameBonds(const QList<HoldingRef> &holdings, const PersonRef &person, PeopleTableView::Role role);
+    // Sets the valuation month if the database has values for it; otherwise says so and keeps it.
+    bool requestValueOfDate(const QDateTime &month);
+
+    bool save();
+    bool saveAs(const QString &path = QString());
+    void revertToSaved();
+    void addBond();
+    void cut();
+    void copy();
+    void paste();
+    void deleteSelection();
+    void removeSelectedBonds();
+    void deleteSelectedPeople();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    // Construction, in PortfolioWindowActions.cpp.
+    void createActions();
+    void createMenus();
+    void createToolbar();
+    void updateActions();
+    void updateRecentMenu();
+    // In PortfolioWindowEditing.cpp.
+    void showBondContextMenu(const QPoint &position);
+    void bondsDropped(const QList<int> &rows, int personRow, PeopleTableView::Role role);
+    void addPeople();
+    void exportCsv();
+    void exportQif();
+    void print();
+    void scheduleTotals();
+    void updateTotals();
+    // In PortfolioWindow.cpp.
+    QWidget *createPeopleAndSummary();
+    QWidget *createBondTable();
+    void peopleSelectionChanged();
+    bool maybeSave();
+    void updateTitle();
+
+    std::unique_ptr<BondPortfolio> m_portfolio;
+    HoldingsTableModel *m_holdingsModel = nullptr;
+    HoldingsFilterModel *m_filterModel = nullptr;
+    PeopleTableModel *m_peopleModel = nullptr;
+    InterestSummaryModel *m_summaryModel = nullptr;
+    BondTableView *m_bondTable = nullptr;
+    PeopleTableView *m_peopleTable = nullptr;
+    QTableView *m_summaryTable = nullptr;
+    QRadioButton *m_cumulative = nullptr;
+    QRadioButton *m_yearly = nullptr;
+    QLabel *m_totals = nullptr;
+    bool m_totalsPending = false;
+    BondTableColumns *m_columns = nullptr;
+    ValuationMonthPicker *m_picker = nullptr;
+    QMenu *m_recentMenu = nullptr;
+    QHash<ActionId, QAction *> m_actions;
+};

@@ -1,0 +1,239 @@
+// The window's actions, built once from one table, and the menus and toolbar that show them.
+#include "BondTableColumns.h"
+#include "BondTableView.h"
+#include "DocumentManager.h"
+#include "PortfolioWindow.h"
+#include "ValuationMonthPicker.h"
+#include "document/BondPortfolio.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QToolBar>
+#include <QUndoStack>
+#include <QVBoxLayout>
+
+namespace {
+
+struct ActionSpec
+{
+    PortfolioWindow::ActionId id;
+    const char *text;
+    QKeySequence::StandardKey key;
+    const char *icon; // resource name, or nullptr
+    const char *toolTip;
+};
+
+using Id = PortfolioWindow::ActionId;
+
+// Toolbar texts are the user's: "Comma Separate Values" and "titleholder's" stand as written.
+const ActionSpec Specs[] = {
+    {Id::New, "&New", QKeySequence::New, nullptr, nullptr},
+    {Id::Open, "&Open…", QKeySequence::Open, nullptr, nullptr},
+    {Id::Close, "&Close", QKeySequence::Close, nullptr, nullptr},
+    {Id::Save, "&Save", QKeySequence::Save, nullptr, nullptr},
+    {Id::SaveAs, "Save &As…", QKeySequence::SaveAs, nullptr, nullptr},
+    {Id::Revert, "&Revert to Saved", QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::Print, "Print", QKeySequence::Print, "print", "Print your portfolio"},
+    {Id::Quit, "&Quit", QKeySequence::Quit, nullptr, nullptr},
+    {Id::Cut, "Cu&t", QKeySequence::Cut, nullptr, nullptr},
+    {Id::Copy, "&Copy", QKeySequence::Copy, nullptr, nullptr},
+    {Id::Paste, "&Paste", QKeySequence::Paste, nullptr, nullptr},
+    {Id::Delete, "&Delete", QKeySequence::Delete, nullptr, nullptr},
+    {Id::AddBond, "Add Bond", QKeySequence::UnknownKey, "add", "Add a new bond"},
+    {Id::RemoveBond, "Remove Bond", QKeySequence::UnknownKey, "delete", "Remove selected bond"},
+    {Id::ExportCsv, "Export CSV", QKeySequence::UnknownKey, "yellow-arrow",
+     "Export portfolio to Comma Separate Values (CSV) file"},
+    {Id::ExportQif, "Export QIF", QKeySequence::UnknownKey, "purple-arrow",
+     "Export portfolio to Quicken Interchange Format (QIF) file"},
+    {Id::AddPerson, "Add Person", QKeySequence::UnknownKey, "AddPerson",
+     "Add people to your portfolio titleholder's list"},
+    {Id::About, "&About Quillmere", QKeySequence::UnknownKey, nullptr, nullptr},
+};
+
+} // namespace
+
+void PortfolioWindow::createActions()
+{
+    for (const ActionSpec &spec : Specs) {
+        auto *action = new QAction(tr(spec.text), this);
+        if (spec.key != QKeySequence::UnknownKey)
+            action->setShortcut(spec.key);
+        if (spec.icon)
+            action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(spec.icon))));
+        if (spec.toolTip)
+            action->setToolTip(tr(spec.toolTip));
+        m_actions.insert(spec.id, action);
+    }
+    // Undo and Redo are the document's own stack's, named after the step they take back.
+    QUndoStack *stack = m_portfolio->undoStack();
+    QAction *undo = stack->createUndoAction(this, tr("Undo"));
+    undo->setShortcut(QKeySequence::Undo);
+    QAction *redo = stack->createRedoAction(this, tr("Redo"));
+    redo->setShortcut(QKeySequence::Redo);
+    m_actions.insert(Id::Undo, undo);
+    m_actions.insert(Id::Redo, redo);
+    action(Id::AddBond)->setShortcut(QKeySequence(Qt::Key_Insert));
+    action(Id::Quit)->setMenuRole(QAction::QuitRole);
+    action(Id::About)->setMenuRole(QAction::AboutRole);
+
+    DocumentManager &documents = DocumentManager::instance();
+    connect(action(Id::New), &QAction::triggered, this, [] { DocumentManager::instance().newDocument(); });
+    connect(action(Id::Open), &QAction::triggered, this, [this, &documents] { documents.openWithDialog(this); });
+    connect(action(Id::Close), &QAction::triggered, this, &QWidget::close);
+    connect(action(Id::Save), &QAction::triggered, this, &PortfolioWindow::save);
+    connect(action(Id::SaveAs), &QAction::triggered, this, [this] { saveAs(); });
+    connect(action(Id::Revert), &QAction::triggered, this, &PortfolioWindow::revertToSaved);
+    connect(action(Id::Print), &QAction::triggered, this, &PortfolioWindow::print);
+    connect(action(Id::Quit), &QAction::triggered, this, [] {
+        if (DocumentManager::instance().closeAll())
+            QApplication::quit();
+    });
+    connect(action(Id::Cut), &QAction::triggered, this, &PortfolioWindow::cut);
+    connect(action(Id::Copy), &QAction::triggered, this, &PortfolioWindow::copy);
+    connect(action(Id::Paste), &QAction::triggered, this, &PortfolioWindow::paste);
+    connect(action(Id::Delete), &QAction::triggered, this, &PortfolioWindow::deleteSelection);
+    connect(action(Id::AddBond), &QAction::triggered, this, &PortfolioWindow::addBond);
+    connect(action(Id::RemoveBond), &QAction::triggered, this, &PortfolioWindow::removeSelectedBonds);
+    connect(action(Id::ExportCsv), &QAction::triggered, this, &PortfolioWindow::exportCsv);
+    connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
+    connect(action(Id::AddPerson), &QAction::triggered, this, &PortfolioWindow::addPeople);
+    connect(action(Id::About), &QAction::triggered, this, [this] {
+        QMessageBox::about(this, tr("About Quillmere"),
+                           tr("<h3>Quillmere %1</h3><p>Keeps track of a household's United States savings "
+                              "bonds, valued from the Treasury's redemption values.</p>")
+                               .arg(QApplication::applicationVersion()));
+    });
+    // What Delete acts on follows the focus: the people table, or else the bonds.
+    connect(qApp, &QApplication::focusChanged, this, [this] { updateActions(); });
+    connect(stack, &QUndoStack::cleanChanged, this, [this] { updateActions(); });
+}
+
+void PortfolioWindow::createMenus()
+{
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    file->addAction(action(Id::New));
+    file->addAction(action(Id::Open));
+    m_recentMenu = file->addMenu(tr("Open &Recent"));
+    connect(m_recentMenu, &QMenu::aboutToShow, this, &PortfolioWindow::updateRecentMenu);
+    file->addSeparator();
+    file->addAction(action(Id::Close));
+    file->addAction(action(Id::Save));
+    file->addAction(action(Id::SaveAs));
+    file->addAction(action(Id::Revert));
+    file->addSeparator();
+    file->addAction(action(Id::ExportCsv));
+    file->addAction(action(Id::ExportQif));
+    file->addAction(action(Id::Print));
+    file->addSeparator();
+    file->addAction(action(Id::Quit));
+
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addAction(action(Id::Undo));
+    edit->addAction(action(Id::Redo));
+    edit->addSeparator();
+    edit->addAction(action(Id::Cut));
+    edit->addAction(action(Id::Copy));
+    edit->addAction(action(Id::Paste));
+    edit->addAction(action(Id::Delete));
+
+    // The same menu as the bond table's header offers.
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    m_columns->columnMenu()->setTitle(tr("&Columns"));
+    view->addMenu(m_columns->columnMenu());
+
+    QMenu *portfolio = menuBar()->addMenu(tr("&Portfolio"));
+    portfolio->addAction(action(Id::AddBond));
+    portfolio->addAction(action(Id::RemoveBond));
+    portfolio->addAction(action(Id::AddPerson));
+
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(action(Id::About));
+}
+
+void PortfolioWindow::updateRecentMenu()
+{
+    m_recentMenu->clear();
+    const QStringList files = DocumentManager::instance().recentFiles();
+    for (const QString &path : files) {
+        QAction *item = m_recentMenu->addAction(QFileInfo(path).fileName());
+        item->setToolTip(path);
+        connect(item, &QAction::triggered, this, [this, path] { DocumentManager::instance().openFile(path, this); });
+    }
+    if (files.isEmpty())
+        m_recentMenu->addAction(tr("No recent portfolios"))->setEnabled(false);
+}
+
+void PortfolioWindow::createToolbar()
+{
+    QToolBar *toolbar = addToolBar(tr("Toolbar"));
+    toolbar->setObjectName(QString::fromLatin1(ToolbarName));
+    toolbar->setMovable(false);
+    toolbar->setFloatable(false);
+    toolbar->toggleViewAction()->setEnabled(false);
+    toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    toolbar->setIconSize(QSize(32, 32));
+    toolbar->addAction(action(Id::AddBond));
+    toolbar->addAction(action(Id::RemoveBond));
+    toolbar->addSeparator();
+    toolbar->addAction(action(Id::Print));
+    auto space = [toolbar](bool flexible) {
+        auto *gap = new QWidget(toolbar);
+        if (flexible)
+            gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+        else
+            gap->setFixedWidth(16);
+        toolbar->addWidget(gap);
+    };
+    space(false);
+    toolbar->addAction(action(Id::ExportCsv));
+    toolbar->addAction(action(Id::ExportQif));
+    space(false);
+    toolbar->addAction(action(Id::AddPerson));
+    space(true);
+
+    // The picker with its label under it, like the other items.
+    auto *item = new QWidget(toolbar);
+    item->setToolTip(tr("Date as of which values are calculated"));
+    auto *layout = new QVBoxLayout(item);
+    layout->setContentsMargins(0, 0, 4, 0);
+    layout->setSpacing(2);
+    m_picker = new ValuationMonthPicker(item);
+    m_picker->setObjectName(QStringLiteral("Value As Of Date Toolbar Item Identifier"));
+    m_picker->setToolTip(item->toolTip());
+    m_picker->setFixedSize(80, 32);
+    m_picker->setLimits(m_portfolio->assessor().minimumRedemptionDate(), m_portfolio->assessor().maximumRedemptionDate());
+    m_picker->showMonth(m_portfolio->valueOfDate());
+    auto *label = new QLabel(tr("Value as of"), item);
+    label->setAlignment(Qt::AlignCenter);
+    layout->addWidget(m_picker, 0, Qt::AlignHCenter);
+    layout->addWidget(label);
+    toolbar->addWidget(item);
+    connect(m_picker, &ValuationMonthPicker::monthPicked, this, &PortfolioWindow::requestValueOfDate);
+    connect(m_portfolio.get(), &BondPortfolio::valueOfDateChanged, this,
+            [this] { m_picker->showMonth(m_portfolio->valueOfDate()); });
+}
+
+void PortfolioWindow::updateActions()
+{
+    if (!m_bondTable || m_actions.isEmpty())
+        return;
+    const bool bondsSelected = m_bondTable->selectionModel()->hasSelection();
+    const bool peopleSelected = m_peopleTable->selectionModel()->hasSelection();
+    const bool hasHoldings = !m_portfolio->holdings().isEmpty();
+    const bool peopleFocused = m_peopleTable->hasFocus();
+    action(Id::Cut)->setEnabled(bondsSelected && !peopleFocused);
+    action(Id::Copy)->setEnabled(bondsSelected && !peopleFocused);
+    action(Id::Delete)->setEnabled(peopleFocused ? peopleSelected : bondsSelected);
+    action(Id::Paste)->setEnabled(true);
+    action(Id::AddBond)->setEnabled(true);
+    action(Id::RemoveBond)->setEnabled(bondsSelected);
+    action(Id::Print)->setEnabled(hasHoldings);
+    action(Id::ExportCsv)->setEnabled(hasHoldings);
+    action(Id::ExportQif)->setEnabled(hasHoldings);
+    action(Id::AddPerson)->setEnabled(true);
+    action(Id::Revert)->setEnabled(!m_portfolio->fileName().isEmpty() && m_portfolio->isEdited());
+}

@@ -1,0 +1,247 @@
+// What the window's commands do: bonds added, removed, cut, copied and pasted; people named on
+// bonds and removed; the valuation month; exports and printing; the totals line.
+#include "Alerts.h"
+#include "BondClipboard.h"
+#include "BondTableView.h"
+#include "HoldingsFilterModel.h"
+#include "HoldingsTableModel.h"
+#include "PeopleTableModel.h"
+#include "PortfolioWindow.h"
+#include "ValuationMonthPicker.h"
+#include "document/BondPortfolio.h"
+#include "document/HoldingPresentation.h"
+#include "exchange/HoldingCsv.h"
+#include "exchange/PortfolioQuicken.h"
+#include "model/PeopleStore.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTimer>
+
+void PortfolioWindow::addBond()
+{
+    const HoldingRef holding = m_portfolio->addNewHolding(int(m_portfolio->holdings().size()));
+    const QModelIndex source = m_holdingsModel->index(m_portfolio->indexOfHolding(holding.get()), 0);
+    const QModelIndex shown = m_filterModel->mapFromSource(source);
+    if (!shown.isValid())
+        return;
+    m_bondTable->setFocus();
+    m_bondTable->selectionModel()->setCurrentIndex(
+        shown, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_bondTable->scrollTo(shown);
+}
+
+void PortfolioWindow::copy()
+{
+    if (QMimeData *data = BondClipboard::mimeDataFor(selectedHoldings()))
+        QApplication::clipboard()->setMimeData(data);
+}
+
+void PortfolioWindow::cut()
+{
+    const QList<HoldingRef> holdings = selectedHoldings();
+    if (holdings.isEmpty())
+        return;
+    copy();
+    removeSelectedBonds();
+}
+
+void PortfolioWindow::paste()
+{
+    const QList<HoldingRef> holdings =
+        BondClipboard::holdingsFrom(QApplication::clipboard()->mimeData(), m_portfolio->peopleStore());
+    // Each pasted bond joins the portfolio (taking its people) and is one "Insert Holding".
+    for (const HoldingRef &holding : holdings) {
+        holding->setPortfolio(m_portfolio.get());
+        m_portfolio->appendHolding(holding);
+    }
+}
+
+void PortfolioWindow::deleteSelection()
+{
+    if (m_peopleTable->hasFocus())
+        deleteSelectedPeople();
+    else
+        removeSelectedBonds();
+}
+
+void PortfolioWindow::removeSelectedBonds()
+{
+    // The holdings first: every removal reshapes the rows shown.
+    const QList<HoldingRef> holdings = selectedHoldings();
+    for (const HoldingRef &holding : holdings)
+        m_portfolio->removeHoldingAt(m_portfolio->indexOfHolding(holding.get()));
+}
+
+void PortfolioWindow::deleteSelectedPeople()
+{
+    const QList<PersonRef> people = selectedPeople();
+    for (const PersonRef &person : people)
+        m_portfolio->deleteTitleHolderFromAllBonds(person);
+}
+
+void PortfolioWindow::nameBonds(const QList<HoldingRef> &holdings, const PersonRef &person,
+                                PeopleTableView::Role role)
+{
+    if (!person)
+        return;
+    for (const HoldingRef &holding : holdings) {
+        switch (role) {
+        case PeopleTableView::Role::Owner:
+            holding->setOwner(person);
+            break;
+        case PeopleTableView::Role::CoOwner:
+            holding->setCoOwner(person);
+            break;
+        case PeopleTableView::Role::Beneficiary:
+            holding->setBeneficiary(person);
+            break;
+        }
+    }
+}
+
+void PortfolioWindow::bondsDropped(const QList<int> &rows, int personRow, PeopleTableView::Role role)
+{
+    // Rows are read as they were when the drag began; ones gone since are skipped.
+    QList<HoldingRef> holdings;
+    for (int row : rows) {
+        const QModelIndex index = m_filterModel->index(row, 0);
+        if (index.isValid())
+            holdings << index.data(HoldingsTableModel::HoldingRole).value<HoldingRef>();
+    }
+    nameBonds(holdings, m_peopleModel->personAt(personRow), role);
+}
+
+void PortfolioWindow::showBondContextMenu(const QPoint &position)
+{
+    QMenu menu(this);
+    const QList<HoldingRef> holdings = selectedHoldings();
+    const struct
+    {
+        const char *title;
+        PeopleTableView::Role role;
+    } roles[] = {{"Name as Owner", PeopleTableView::Role::Owner},
+                 {"Name as Co-owner", PeopleTableView::Role::CoOwner},
+                 {"Name as Beneficiary", PeopleTableView::Role::Beneficiary}};
+    for (const auto &entry : roles) {
+        QMenu *people = menu.addMenu(tr(entry.title));
+        people->setEnabled(!holdings.isEmpty() && !m_portfolio->titleHolders().isEmpty());
+        for (const PersonRef &person : m_portfolio->titleHolders()) {
+            connect(people->addAction(person->name()), &QAction::triggered, this,
+                    [this, holdings, person, role = entry.role] { nameBonds(holdings, person, role); });
+        }
+    }
+    menu.addSeparator();
+    for (ActionId id : {ActionId::Cut, ActionId::Copy, ActionId::Paste, ActionId::RemoveBond, ActionId::AddBond})
+        menu.addAction(action(id));
+    menu.exec(m_bondTable->viewport()->mapToGlobal(position));
+}
+
+bool PortfolioWindow::requestValueOfDate(const QDateTime &month)
+{
+    ValidationError refusal;
+    if (!m_portfolio->validateValueOfDate(month, &refusal)) {
+        m_picker->showMonth(m_portfolio->valueOfDate());
+        Alerts::warn(this, tr("Invalid valuation date"), refusal.message);
+        return false;
+    }
+    return m_portfolio->setValueOfDate(month);
+}
+
+void PortfolioWindow::addPeople()
+{
+    PeopleStore &store = m_portfolio->peopleStore();
+    QList<std::shared_ptr<PersonRecord>> candidates;
+    QStringList names;
+    for (const auto &record : store.records()) {
+        const PersonRef person = Person::create(record);
+        const bool listed = std::any_of(m_portfolio->titleHolders().cbegin(), m_portfolio->titleHolders().cend(),
+                                        [&person](const PersonRef &p) { return samePerson(p.get(), person.get()); });
+        if (!listed) {
+            candidates << record;
+            names << person->name();
+        }
+    }
+    if (candidates.isEmpty()) {
+        Alerts::inform(this, tr("Add Person"), tr("Everyone in your address book (%1) is already listed.")
+                                                    .arg(store.path()));
+        return;
+    }
+    bool chosen = false;
+    const QString name = QInputDialog::getItem(this, tr("Add Person"), tr("Person to add to the title holders:"),
+                                               names, 0, false, &chosen);
+    if (!chosen)
+        return;
+    QList<PersonRef> people = m_portfolio->titleHolders();
+    people << Person::create(candidates.at(names.indexOf(name)));
+    m_portfolio->setTitleHolders(people);
+}
+
+void PortfolioWindow::exportCsv()
+{
+    const QString path = QFileDialog::getSaveFileName(this, tr("Export CSV"), m_portfolio->displayName() + QStringLiteral(".csv"),
+                                                      tr("Comma-separated values (*.csv)"));
+    if (path.isEmpty())
+        return;
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(path, m_portfolio->holdings());
+    if (!outcome.succeeded)
+        QApplication::beep();
+    if (!outcome.message.isEmpty())
+        (outcome.succeeded ? Alerts::inform : Alerts::warn)(this, outcome.title, outcome.message);
+}
+
+void PortfolioWindow::exportQif()
+{
+    const QString directory = QFileDialog::getExistingDirectory(this, tr("Export QIF into folder"));
+    if (directory.isEmpty())
+        return;
+    const auto outcome = QuickenFileSet::exportToQuickenFileSet(*m_portfolio, m_portfolio->holdings(), directory);
+    if (!outcome.message.isEmpty())
+        (outcome.succeeded ? Alerts::inform : Alerts::warn)(this, outcome.title, outcome.message);
+}
+
+void PortfolioWindow::print()
+{
+    QPrinter printer;
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    QPainter painter(&printer);
+    const QRect page = printer.pageLayout().paintRectPixels(printer.resolution());
+    const QSize size = m_bondTable->size();
+    const qreal scale = std::min(qreal(page.width()) / size.width(), qreal(page.height()) / size.height());
+    painter.scale(scale, scale);
+    m_bondTable->render(&painter);
+}
+
+void PortfolioWindow::scheduleTotals()
+{
+    if (m_totalsPending)
+        return;
+    m_totalsPending = true;
+    QTimer::singleShot(0, this, &PortfolioWindow::updateTotals);
+}
+
+void PortfolioWindow::updateTotals()
+{
+    m_totalsPending = false;
+    const QList<HoldingRef> shown = m_portfolio->shownHoldings();
+    const HoldingTotals totals = HoldingTotals::of(*m_portfolio, shown);
+    m_totals->setText(tr("Total of %n bond(s) shown: face value %1 · issue price %2 · interest %3 · value %4", nullptr,
+                         int(totals.quantity))
+                          .arg(formatDollars(totals.faceValue), formatDollars(totals.issuePrice),
+                               formatDollars(totals.interestEarned), formatDollars(totals.value)));
+}
+
+QString PortfolioWindow::totalsText() const
+{
+    return m_totals->text();
+}

@@ -1,0 +1,112 @@
+// Which holdings a portfolio shows when people are selected, and the announcements item models
+// rely on: before-and-after pairs for list changes, and a refresh when the database's range moves.
+#include "../PeopleFixture.h"
+#include "../ValueTableFixture.h"
+#include "document/BondPortfolio.h"
+#include "update/RedemptionDateRangeNotifier.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+class PeopleFilter : public ::testing::Test
+{
+protected:
+    PeopleFilter()
+        : portfolio(&people.store, ValueTable().finish())
+    {
+        ann = people.person("Ann", "Smith");
+        bob = people.person("Bob", "Jones");
+        cy = people.person("Cy", "Young");
+        portfolio.setTitleHolders({ann, bob, cy});
+        for (int k = 0; k < 4; ++k) {
+            bonds << Holding::create();
+            bonds.last()->setPortfolio(&portfolio);
+        }
+        bonds[0]->setOwner(ann);
+        bonds[1]->setCoOwner(bob);
+        bonds[1]->setOwner(cy);
+        bonds[2]->setBeneficiary(bob);
+        portfolio.setHoldings(bonds);
+    }
+
+    QList<Holding *> shown() const
+    {
+        QList<Holding *> out;
+        for (const HoldingRef &h : portfolio.shownHoldings())
+            out << h.get();
+        return out;
+    }
+
+    PeopleFixture people;
+    BondPortfolio portfolio;
+    PersonRef ann, bob, cy;
+    QList<HoldingRef> bonds;
+};
+
+TEST_F(PeopleFilter, ShowsHoldingsNamingAnySelectedPersonInAnyRole)
+{
+    EXPECT_EQ(shown().size(), 4);
+    portfolio.setSelectedPeople({bob});
+    EXPECT_EQ(shown(), (QList<Holding *>{bonds[1].get(), bonds[2].get()}));
+    portfolio.setSelectedPeople({ann, bob});
+    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get(), bonds[1].get(), bonds[2].get()}));
+    portfolio.setSelectedPeople({});
+    EXPECT_EQ(shown().size(), 4);
+}
+
+TEST_F(PeopleFilter, ANewHoldingStaysShownUntilTheFilterChanges)
+{
+    portfolio.setSelectedPeople({ann});
+    const HoldingRef added = portfolio.addNewHolding(1);
+    EXPECT_EQ(portfolio.holdings().at(1), added);
+    EXPECT_EQ(added->portfolio(), &portfolio);
+    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get(), added.get()}));
+    portfolio.setSelectedPeople({ann});
+    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get()}));
+}
+
+TEST_F(PeopleFilter, APersonLeavingTheListNoLongerNarrowsTheHoldings)
+{
+    portfolio.setSelectedPeople({ann});
+    int filterChanges = 0;
+    QObject::connect(&portfolio, &BondPortfolio::holdingsFilterChanged, [&] { ++filterChanges; });
+    portfolio.deleteTitleHolderFromAllBonds(ann);
+    EXPECT_EQ(filterChanges, 1);
+    EXPECT_TRUE(portfolio.selectedPeople().isEmpty());
+    EXPECT_EQ(shown().size(), 4);
+}
+
+TEST_F(PeopleFilter, ListChangesAreAnnouncedBeforeAndAfter)
+{
+    QStringList order;
+    auto note = [&order](const char *what) { return [&order, what] { order << QLatin1String(what); }; };
+    QObject::connect(&portfolio, &BondPortfolio::holdingAboutToBeInserted, note("before insert"));
+    QObject::connect(&portfolio, &BondPortfolio::holdingInserted, note("insert"));
+    QObject::connect(&portfolio, &BondPortfolio::holdingsAboutToBeReset, note("before reset"));
+    QObject::connect(&portfolio, &BondPortfolio::holdingsReset, note("reset"));
+    QObject::connect(&portfolio, &BondPortfolio::titleHoldersAboutToChange, note("before people"));
+    QObject::connect(&portfolio, &BondPortfolio::titleHoldersChanged, note("people"));
+    portfolio.addNewHolding(0);
+    portfolio.setHoldings({});
+    portfolio.setTitleHolders({ann});
+    EXPECT_EQ(order, (QStringList{"before insert", "insert", "before reset", "reset", "before people", "people"}));
+}
+
+TEST_F(PeopleFilter, ANewDatabaseRangeRefreshesEveryFigure)
+{
+    int figures = 0, summaries = 0;
+    QObject::connect(&portfolio, &BondPortfolio::figuresChanged, [&] { ++figures; });
+    QObject::connect(&portfolio, &BondPortfolio::interestSummaryChanged, [&] { ++summaries; });
+    RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(2000, 1),
+                                                  BondAssessor::monthDate(2001, 1));
+    const QDeadlineTimer deadline(2000);
+    while (figures == 0 && !deadline.hasExpired())
+        QCoreApplication::processEvents();
+    EXPECT_EQ(figures, 1);
+    EXPECT_GE(summaries, 1);
+}
+
+} // namespace
