@@ -10,7 +10,8 @@ namespace {
 
 QStringList environment()
 {
-    return {QStringLiteral("QUILLMERE_DATABASE=") + TestSupport::shippedDatabasePath(),
+    static const QString database = TestSupport::copyOfShippedDatabase();
+    return {QStringLiteral("QUILLMERE_DATABASE=") + database,
             QStringLiteral("QUILLMERE_PEOPLE=") + TestSupport::sourcePath(QStringLiteral("examples/people.vcf"))};
 }
 

@@ -12,7 +12,8 @@ protected:
 
     TestSupport::ProcessResult run(const QStringList &arguments) const
     {
-        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + TestSupport::shippedDatabasePath(),
+        static const QString database = TestSupport::copyOfShippedDatabase();
+        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + database,
                                                QStringLiteral("QUILLMERE_PEOPLE=") + people.store.path()});
     }
 

@@ -105,7 +105,7 @@ TEST(QifPriceFormat, LinesParseAsQuickenPriceRecords)
     static const QRegularExpression priceLine(
         QStringLiteral("^(\"?)[A-Za-z0-9.^-]+\\1,[0-9]+(\\.[0-9]+)?,(\"?)(0[1-9]|1[0-2])/ ?[1-9]/[0-9]{4}\\3$"));
     PeopleFixture people;
-    BondPortfolio portfolio(&people.store, TestSupport::shippedDatabasePath());
+    BondPortfolio portfolio(&people.store, TestSupport::copyOfShippedDatabase());
     QList<HoldingRef> holdings;
     for (const auto &[code, year, month] : {std::tuple{"N", 1995, 3}, {"I", 1998, 9}, {"E", 1970, 1}, {"S", 1967, 5}}) {
         holdings << Holding::create();

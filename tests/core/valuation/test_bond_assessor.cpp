@@ -1,4 +1,6 @@
+#include "../QtPrinters.h"
 #include "../ValueTableFixture.h"
+#include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
 #include "model/Series.h"
@@ -131,6 +133,18 @@ TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
     BondTerms undated = bond("N", 1990, 1);
     undated.issueDate = QDateTime();
     EXPECT_EQ(assessor.valueOf(undated, asOf), RedemptionMarker::NoIssueDate);
+}
+
+TEST(BondAssessor, ReadingLeavesTheFileInRollbackJournalMode)
+{
+    const QString copy = TestSupport::copyOfShippedDatabase();
+    ASSERT_EQ(PriceUpdateTestData::queryText(copy, QStringLiteral("pragma journal_mode")), QStringLiteral("delete"));
+    {
+        const BondAssessor assessor(copy);
+        EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1), BondAssessor::monthDate(2021, 11)), 5184);
+    }
+    // A file left in write-ahead logging would no longer open from a folder that cannot be written.
+    EXPECT_EQ(PriceUpdateTestData::queryText(copy, QStringLiteral("pragma journal_mode")), QStringLiteral("delete"));
 }
 
 TEST(BondAssessor, MissingFileAnswersNothing)
