@@ -1,8 +1,11 @@
 #include "CliPortfolioFile.h"
 
+#include "CliCommand.h"
+#include "model/PeopleStore.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFileInfo>
 
 namespace {
@@ -22,7 +25,7 @@ bool applyValuationMonth(BondPortfolio &portfolio, const QDateTime &month, QStri
 
 } // namespace
 
-std::unique_ptr<BondPortfolio> openPortfolioFile(const QString &path, QString *error, PeopleStore *people)
+std::unique_ptr<BondPortfolio> openPortfolioFile(const QString &path, QString *error, PeopleStore &people)
 {
     if (!QFileInfo(path).isFile()) {
         *error = QStringLiteral("%1: no such portfolio file").arg(path);
@@ -37,9 +40,40 @@ std::unique_ptr<BondPortfolio> openPortfolioFile(const QString &path, QString *e
     return portfolio;
 }
 
-std::unique_ptr<BondPortfolio> newPortfolio(PeopleStore *people)
+std::unique_ptr<BondPortfolio> newPortfolio(PeopleStore &people)
 {
-    return std::make_unique<BondPortfolio>(people, RedemptionDatabase::path());
+    return std::make_unique<BondPortfolio>(&people, RedemptionDatabase::path());
+}
+
+QCommandLineOption peopleFileOption()
+{
+    return QCommandLineOption(QStringLiteral("people"),
+                              QStringLiteral("vCard file that names the portfolio's people (default: $%1, else %2 "
+                                             "beside the portfolio, else your own people file).")
+                                  .arg(QLatin1String(PeopleStore::PathEnvironmentVariable), QLatin1String(PeopleStore::FileName)),
+                              QStringLiteral("file"));
+}
+
+QString peopleFilePath(const QCommandLineParser &parser, const QCommandLineOption &option, const QString &portfolioPath)
+{
+    if (parser.isSet(option))
+        return parser.value(option);
+    if (!qEnvironmentVariableIsEmpty(PeopleStore::PathEnvironmentVariable))
+        return PeopleStore::defaultPath();
+    const QString beside = QFileInfo(portfolioPath).absoluteDir().filePath(QString::fromLatin1(PeopleStore::FileName));
+    if (QFileInfo(beside).isFile())
+        return beside;
+    return PeopleStore::defaultPath();
+}
+
+QString missingPeopleText(const BondPortfolio &portfolio)
+{
+    const int missing = portfolio.missingPeopleCount();
+    if (missing == 0)
+        return {};
+    return QStringLiteral("%1 named in %2 %3 not in %4")
+        .arg(missing == 1 ? QStringLiteral("1 person") : QStringLiteral("%1 people").arg(missing), portfolio.fileName(),
+             missing == 1 ? QStringLiteral("is") : QStringLiteral("are"), portfolio.peopleStore().path());
 }
 
 QCommandLineOption valuationMonthOption()
@@ -66,7 +100,7 @@ bool readValuationMonth(const QCommandLineParser &parser, const QCommandLineOpti
 
 std::unique_ptr<BondPortfolio> openValuedPortfolio(const QString &path, const QCommandLineParser &parser,
                                                    const QCommandLineOption &valuationMonth, QString *error,
-                                                   PeopleStore *people)
+                                                   PeopleStore &people)
 {
     QDateTime month;
     if (!readValuationMonth(parser, valuationMonth, &month, error) || !openRedemptionDatabase(error))
@@ -74,5 +108,8 @@ std::unique_ptr<BondPortfolio> openValuedPortfolio(const QString &path, const QC
     auto portfolio = openPortfolioFile(path, error, people);
     if (!portfolio || !applyValuationMonth(*portfolio, month, error))
         return nullptr;
+    if (const QString missing = missingPeopleText(*portfolio); !missing.isEmpty())
+        cliErr() << "quillmere-cli: warning: " << missing << "; their names are left out (name the people file "
+                 << "that holds them with --people FILE)\n";
     return portfolio;
 }

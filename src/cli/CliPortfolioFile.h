@@ -10,11 +10,20 @@
 class QCommandLineParser;
 
 // A portfolio on the working redemption value database, read from the file; its people come from
-// the given store (the user's own when none is given). nullptr with *error set when the file
+// the store on peopleFilePath(), which must outlive it. nullptr with *error set when the file
 // cannot be read.
-std::unique_ptr<BondPortfolio> openPortfolioFile(const QString &path, QString *error, PeopleStore *people = nullptr);
+std::unique_ptr<BondPortfolio> openPortfolioFile(const QString &path, QString *error, PeopleStore &people);
 // An empty portfolio on the working database, to be saved under a new name.
-std::unique_ptr<BondPortfolio> newPortfolio(PeopleStore *people = nullptr);
+std::unique_ptr<BondPortfolio> newPortfolio(PeopleStore &people);
+
+// The --people option, "FILE": the vCard file that names a portfolio's people.
+QCommandLineOption peopleFileOption();
+// Which people file names the people of the portfolio at portfolioPath, the same for every
+// command: --people, else QUILLMERE_PEOPLE, else a people.vcf beside the portfolio (how examples
+// travel), else the user's own.
+QString peopleFilePath(const QCommandLineParser &parser, const QCommandLineOption &option, const QString &portfolioPath);
+// "N people named in FILE are not in PEOPLE", or empty when the store knew everyone the file names.
+QString missingPeopleText(const BondPortfolio &portfolio);
 
 // The --as-of option, "YYYY-MM".
 QCommandLineOption valuationMonthOption();
@@ -26,7 +35,7 @@ bool readValuationMonth(const QCommandLineParser &parser, const QCommandLineOpti
 // The portfolio of the file valued as of the month of the valuation month option (the default
 // month when it is not given). The month is read first and then the working database checked, so
 // that a malformed month or a missing database is named as such. nullptr with *error set when any
-// of it fails.
+// of it fails. People the store does not know are named in a warning on standard error.
 std::unique_ptr<BondPortfolio> openValuedPortfolio(const QString &path, const QCommandLineParser &parser,
                                                    const QCommandLineOption &valuationMonth, QString *error,
-                                                   PeopleStore *people = nullptr);
+                                                   PeopleStore &people);

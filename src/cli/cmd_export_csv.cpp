@@ -2,6 +2,7 @@
 // portfolio window exports.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
+#include "model/PeopleStore.h"
 #include "exchange/HoldingCsv.h"
 
 #include <QCommandLineParser>
@@ -14,7 +15,8 @@ int run(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Writes every holding of a portfolio, with its figures as of the "
                                                     "valuation month, to a CSV file (ISO Latin 1, line feeds)."));
     const QCommandLineOption asOf = valuationMonthOption();
-    parser.addOption(asOf);
+    const QCommandLineOption peopleOption = peopleFileOption();
+    parser.addOptions({asOf, peopleOption});
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
     parser.addPositionalArgument(QStringLiteral("OUT"), QStringLiteral("The CSV file to write (replaced if it exists)."));
     int status = 0;
@@ -25,7 +27,8 @@ int run(const QStringList &arguments)
     const QStringList paths = parser.positionalArguments();
 
     QString error;
-    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error);
+    PeopleStore people(peopleFilePath(parser, peopleOption, paths.at(0)));
+    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error, people);
     if (!portfolio)
         return cliFail(error);
 
@@ -38,7 +41,7 @@ int run(const QStringList &arguments)
 }
 
 const CliCommand::Registration registration({QStringLiteral("export-csv"),
-                                             QStringLiteral("export-csv FILE OUT [--as-of YYYY-MM]   write a portfolio's holdings as CSV"),
+                                             QStringLiteral("export-csv FILE OUT [--as-of YYYY-MM] [--people FILE]   write a portfolio's holdings as CSV"),
                                              run});
 
 } // namespace

@@ -2,6 +2,7 @@
 // directory, as the portfolio window's QIF export does for all holdings.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
+#include "model/PeopleStore.h"
 #include "exchange/PortfolioQuicken.h"
 
 #include <QCommandLineParser>
@@ -16,7 +17,8 @@ int run(const QStringList &arguments)
                                                     "directory; numbered names (PriceList-1.qif, ...) when a price list "
                                                     "is already there."));
     const QCommandLineOption asOf = valuationMonthOption();
-    parser.addOption(asOf);
+    const QCommandLineOption peopleOption = peopleFileOption();
+    parser.addOptions({asOf, peopleOption});
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
     parser.addPositionalArgument(QStringLiteral("DIR"), QStringLiteral("An existing directory to write into."));
     int status = 0;
@@ -31,7 +33,8 @@ int run(const QStringList &arguments)
     // The price history does not depend on the valuation month, but the option is accepted
     // (and checked) so that the export commands take the same arguments.
     QString error;
-    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error);
+    PeopleStore people(peopleFilePath(parser, peopleOption, paths.at(0)));
+    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error, people);
     if (!portfolio)
         return cliFail(error);
 
@@ -46,7 +49,7 @@ int run(const QStringList &arguments)
 }
 
 const CliCommand::Registration registration({QStringLiteral("export-qif"),
-                                             QStringLiteral("export-qif FILE DIR [--as-of YYYY-MM]   write Quicken price list and positions"),
+                                             QStringLiteral("export-qif FILE DIR [--as-of YYYY-MM] [--people FILE]   write Quicken price list and positions"),
                                              run});
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
 #include "exchange/PortfolioCsvImport.h"
+#include "model/PeopleStore.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -19,7 +20,11 @@ int run(const QStringList &arguments)
                                           QStringLiteral("own (written by Quillmere, line feeds) or wizard (Savings Bond "
                                                          "Wizard 4.10, CR LF)."),
                                           QStringLiteral("own|wizard"));
-    parser.addOption(formatOption);
+    const QCommandLineOption peopleOption = peopleFileOption();
+    const QCommandLineOption dropOption(QStringLiteral("drop-missing-people"),
+                                        QStringLiteral("Save even though people the portfolio names are not in the "
+                                                       "people file: they and their roles are dropped."));
+    parser.addOptions({formatOption, peopleOption, dropOption});
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
     parser.addPositionalArgument(QStringLiteral("CSV"), QStringLiteral("The CSV file to read."));
     int status = 0;
@@ -39,9 +44,16 @@ int run(const QStringList &arguments)
 
     QString error;
     const bool creating = !QFileInfo::exists(paths.at(0));
-    const auto portfolio = creating ? newPortfolio() : openPortfolioFile(paths.at(0), &error);
+    PeopleStore people(peopleFilePath(parser, peopleOption, paths.at(0)));
+    const auto portfolio = creating ? newPortfolio(people) : openPortfolioFile(paths.at(0), &error, people);
     if (!portfolio)
         return cliFail(error);
+    // Saving keeps only the people the store knows: never drop the others unasked.
+    if (const QString missing = missingPeopleText(*portfolio); !missing.isEmpty() && !parser.isSet(dropOption))
+        return cliFail(QStringLiteral("%1; saving would drop them and every role that names them. Name the people "
+                                      "file that holds them with --people FILE (or %2), or give --drop-missing-people "
+                                      "to save without them. Nothing was changed.")
+                           .arg(missing, QLatin1String(PeopleStore::PathEnvironmentVariable)));
 
     const CsvImportOutcome outcome = PortfolioCsvImport::importCSVFileAtPath(*portfolio, paths.at(1), format);
     if (!outcome.succeeded)
@@ -55,7 +67,7 @@ int run(const QStringList &arguments)
 }
 
 const CliCommand::Registration registration({QStringLiteral("import-csv"),
-                                             QStringLiteral("import-csv FILE CSV --format own|wizard   add the bonds of a CSV file"),
+                                             QStringLiteral("import-csv FILE CSV --format own|wizard [--people FILE] [--drop-missing-people]   add the bonds of a CSV file"),
                                              run});
 
 } // namespace

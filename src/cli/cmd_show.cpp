@@ -5,24 +5,8 @@
 #include "model/PeopleStore.h"
 
 #include <QCommandLineParser>
-#include <QDir>
-#include <QFileInfo>
 
 namespace {
-
-// Which people file names the portfolio's people: --people, else QUILLMERE_PEOPLE, else a
-// people.vcf beside the portfolio (how examples travel), else the user's own store.
-QString peoplePath(const QString &option, const QString &portfolioPath)
-{
-    if (!option.isEmpty())
-        return option;
-    if (!qEnvironmentVariableIsEmpty(PeopleStore::PathEnvironmentVariable))
-        return PeopleStore::defaultPath();
-    const QString beside = QFileInfo(portfolioPath).absoluteDir().filePath(QString::fromLatin1(PeopleStore::FileName));
-    if (QFileInfo(beside).isFile())
-        return beside;
-    return PeopleStore::defaultPath();
-}
 
 int run(const QStringList &arguments)
 {
@@ -31,10 +15,7 @@ int run(const QStringList &arguments)
     const QCommandLineOption asOfOption = valuationMonthOption();
     const QCommandLineOption yearlyOption(QStringLiteral("yearly"), QStringLiteral("Interest earned within each year instead of cumulative."));
     const QCommandLineOption jsonOption(QStringLiteral("json"), QStringLiteral("Print JSON for scripts (money in pennies)."));
-    const QCommandLineOption peopleOption(QStringLiteral("people"),
-                                          QStringLiteral("vCard file that names the people (default: $QUILLMERE_PEOPLE, "
-                                                         "else people.vcf beside the portfolio, else your own people file)."),
-                                          QStringLiteral("file"));
+    const QCommandLineOption peopleOption = peopleFileOption();
     parser.addOptions({asOfOption, yearlyOption, jsonOption, peopleOption});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The portfolio (.%1).").arg(QLatin1String(PortfolioFile::Extension)));
     int status = 0;
@@ -43,9 +24,9 @@ int run(const QStringList &arguments)
                         &status))
         return status;
     const QString file = parser.positionalArguments().first();
-    PeopleStore people(peoplePath(parser.value(peopleOption), file));
+    PeopleStore people(peopleFilePath(parser, peopleOption, file));
     QString error;
-    const auto portfolio = openValuedPortfolio(file, parser, asOfOption, &error, &people);
+    const auto portfolio = openValuedPortfolio(file, parser, asOfOption, &error, people);
     if (!portfolio)
         return cliFail(error);
     portfolio->setSummaryMode(parser.isSet(yearlyOption) ? 1 : 0);

@@ -1,6 +1,6 @@
 #include "../core/exchange/ExchangeFixture.h"
 
-#include <QDir>
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
@@ -12,7 +12,8 @@ protected:
 
     TestSupport::ProcessResult run(const QStringList &arguments) const
     {
-        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + TestSupport::shippedDatabasePath(),
+        static const QString database = TestSupport::copyOfShippedDatabase();
+        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + database,
                                                QStringLiteral("QUILLMERE_PEOPLE=") + people.store.path()});
     }
 
@@ -34,12 +35,6 @@ TEST_F(ExchangeCommands, ImportIntoNewPortfolioThenExport)
     ASSERT_EQ(lines.size(), 3);
     EXPECT_TRUE(lines.at(1).startsWith("\"EE Bond\",1,3/1995,50.00,100.00,")) << lines.at(1).toStdString();
     EXPECT_TRUE(lines.at(1).endsWith(",Q100,,,"));
-
-    const auto qif = run({QStringLiteral("export-qif"), bonds, dir});
-    ASSERT_EQ(qif.exitCode, 0) << qif.standardError.toStdString();
-    EXPECT_TRUE(qif.standardOutput.startsWith("Export complete: You may now import"));
-    EXPECT_TRUE(contents(QDir(dir).filePath(QStringLiteral("PriceList.qif"))).startsWith("!Type:Prices\r031995N,"));
-    EXPECT_TRUE(contents(QDir(dir).filePath(QStringLiteral("Positions.qif"))).contains("\rNbonds\rDGenerated with Quillmere\r"));
 }
 
 TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)
@@ -69,3 +64,36 @@ TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)
 }
 
 } // namespace
+
+// Every command finds a portfolio's people as show does; a saving command refuses to drop those
+// it cannot find. The user's own people file is empty here.
+TEST(PortfolioPeople, EveryCommandFindsThemBesideThePortfolioAndNoneAreDroppedUnasked)
+{
+    const QString database = TestSupport::copyOfShippedDatabase();
+    auto run = [&](const QStringList &arguments) {
+        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + database, QStringLiteral("QUILLMERE_PEOPLE=")});
+    };
+    const QString withPeople = TestSupport::temporaryDirectory(), alone = TestSupport::temporaryDirectory();
+    for (const QString &name : {QStringLiteral("sample.bondportfolio"), QStringLiteral("people.vcf")})
+        QFile::copy(TestSupport::sourcePath(QStringLiteral("examples/") + name), withPeople + u'/' + name);
+    const QString sample = withPeople + QStringLiteral("/sample.bondportfolio"), lonely = alone + QStringLiteral("/sample.bondportfolio");
+    QFile::copy(sample, lonely);
+    const QString csv = TestSupport::writeFile(alone + QStringLiteral("/one.csv"), "Series,Denomination,Serial Number,Issue Date\r\nEE,100,Q100,03/1995\r\n");
+    const QStringList import{QStringLiteral("import-csv"), QStringLiteral("--format"), QStringLiteral("wizard")};
+
+    ASSERT_EQ(run(import + QStringList{sample, csv}).exitCode, 0);
+    EXPECT_TRUE(run({QStringLiteral("show"), sample}).standardOutput.contains("Margaret Whitfield OR Thomas Whitfield"));
+    ASSERT_EQ(run({QStringLiteral("export-csv"), sample, alone + QStringLiteral("/out.csv")}).exitCode, 0);
+    EXPECT_TRUE(TestSupport::readFile(alone + QStringLiteral("/out.csv")).contains(",Margaret Whitfield,Thomas Whitfield,"));
+    ASSERT_EQ(run({QStringLiteral("export-qif"), sample, alone}).exitCode, 0);
+    EXPECT_TRUE(TestSupport::readFile(alone + QStringLiteral("/Positions.qif")).contains(" Margaret Whitfield OR Thomas Whitfield\r"));
+
+    const QByteArray before = TestSupport::readFile(lonely);
+    const auto refused = run(import + QStringList{lonely, csv});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.standardError.contains(QStringLiteral("5 people named in %1 are not in ").arg(lonely).toUtf8()))
+        << refused.standardError.toStdString();
+    EXPECT_TRUE(refused.standardError.contains("--people FILE")) << refused.standardError.toStdString();
+    EXPECT_EQ(TestSupport::readFile(lonely), before);
+    EXPECT_EQ(run(import + QStringList{lonely, csv, QStringLiteral("--people"), withPeople + QStringLiteral("/people.vcf")}).exitCode, 0);
+}

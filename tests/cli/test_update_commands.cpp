@@ -82,7 +82,7 @@ TEST_F(UpdateCommands, EmptyDatabaseBecomesTheShippedOne)
     EXPECT_TRUE(result.standardOutput.contains("61 update(s) available\n"));
     EXPECT_TRUE(result.standardOutput.contains("Downloading update 61 of 61\n"));
     EXPECT_TRUE(result.standardOutput.endsWith("Optimizing pricing data...\nAll updates installed\n"));
-    const QString shipped = TestSupport::shippedDatabasePath();
+    const QString shipped = TestSupport::copyOfShippedDatabase();
     for (const char *sql : {"select count(*) from bond_value", "select sum(value) from bond_value",
                             "select ryr * 100 + rmo from min_rdate", "select ryr * 100 + rmo from max_rdate"}) {
         SCOPED_TRACE(sql);
@@ -137,6 +137,7 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnceAndRefusesContradictions)
     const QString newest = QStringLiteral("sb202106.asc");
     const QString database = buildDatabase(TestSupport::repositorySources({newest}));
     const QString file = TestSupport::sourcePath(QStringLiteral("data/treasury/") + newest);
+    const QString shipped = TestSupport::copyOfShippedDatabase();
     const auto installed = TestSupport::runCli({QStringLiteral("install-treasury-file"), file}, environment(database));
     ASSERT_EQ(installed.exitCode, 0) << installed.standardError.toStdString();
     EXPECT_TRUE(installed.standardOutput.startsWith("Installed sb202106.asc: ")) << installed.standardOutput.toStdString();
@@ -147,7 +148,7 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnceAndRefusesContradictions)
                             "select sum(value * (ryr * 12 + rmo) % 1000003) from bond_value",
                             "select sum(value * (iyr * 12 + imo) % 999983) from bond_value"}) {
         SCOPED_TRACE(sql);
-        EXPECT_EQ(queryInt(database, QString::fromLatin1(sql)), queryInt(TestSupport::shippedDatabasePath(), QString::fromLatin1(sql)));
+        EXPECT_EQ(queryInt(database, QString::fromLatin1(sql)), queryInt(shipped, QString::fromLatin1(sql)));
     }
     const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
 

@@ -12,11 +12,6 @@
 
 namespace TestSupport {
 
-QString shippedDatabasePath()
-{
-    return QStringLiteral(QUILLMERE_TEST_DATABASE);
-}
-
 QString temporaryDirectory()
 {
     static std::vector<std::unique_ptr<QTemporaryDir>> dirs;
@@ -27,7 +22,7 @@ QString temporaryDirectory()
 QString copyOfShippedDatabase()
 {
     const QString target = temporaryDirectory() + QStringLiteral("/bondvalues.bvdb");
-    QFile::copy(shippedDatabasePath(), target);
+    QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), target);
     QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
     return target;
 }

@@ -5,9 +5,9 @@
 #include <QStringList>
 
 namespace TestSupport {
-// The database the build made from the repository's sources.
-QString shippedDatabasePath();
-// A private copy of the shipped database in a fresh temporary folder (deleted at exit).
+// A private copy of the database the build made from the repository's sources, in a fresh
+// temporary folder (deleted at exit). Tests never open the build's own file: it is the seed that
+// is installed, and must stay as the build left it.
 QString copyOfShippedDatabase();
 // A fresh, empty temporary folder that lives until the test program exits.
 QString temporaryDirectory();

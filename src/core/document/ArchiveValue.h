@@ -4,6 +4,7 @@
 //
 // Sharing is by pointer: an ArchiveObject (or array, or dictionary) reached twice through the same
 // shared pointer is written once and comes back as one shared pointer.
+#include <QByteArray>
 #include <QDateTime>
 #include <QList>
 #include <QMap>
@@ -22,12 +23,18 @@ struct ArchiveDictionary;
 //  - QString: a string object, stored as a plain property-list string
 //  - ArchiveDate: an NSDate, stored as a class dictionary with "NS.time"
 //  - the three pointer kinds: objects of the program, arrays and dictionaries
+//  - ArchiveData: binary data (an NSData, or bytes stored straight under a key), which files of
+//    other writers carry where this program reads nothing, e.g. inside a date's time zone
 struct ArchiveDate
 {
     QDateTime instant;
 };
+struct ArchiveData
+{
+    QByteArray bytes;
+};
 using ArchiveRef = std::variant<std::monostate, QString, ArchiveDate, std::shared_ptr<ArchiveObject>,
-                                std::shared_ptr<ArchiveArray>, std::shared_ptr<ArchiveDictionary>>;
+                                std::shared_ptr<ArchiveArray>, std::shared_ptr<ArchiveDictionary>, ArchiveData>;
 
 // A value stored under a key of an object: an inline scalar (encodeInt32/encodeInt64/encodeBool/
 // encodeDouble write these straight into the object's dictionary) or a reference.

@@ -95,6 +95,9 @@ public:
     // Removes the person from the list and from every role on every holding.
     void deleteTitleHolderFromAllBonds(const PersonRef &person);
     PeopleStore &peopleStore() const { return *m_people; }
+    // How many different people the file last read names whom the people store does not know.
+    // They are not in the document, so saving it drops them: callers that save warn first.
+    int missingPeopleCount() const { return m_missingPeople; }
 
     QList<const Series *> series() const;
     const BondAssessor &assessor() const { return *m_assessor; }
@@ -185,4 +188,5 @@ private:
     QList<PersonRef> m_selectedPeople;
     std::weak_ptr<Holding> m_newHolding;
     QString m_fileName;
+    int m_missingPeople = 0;
 };

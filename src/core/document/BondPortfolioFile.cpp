@@ -48,6 +48,7 @@ bool BondPortfolio::loadDataRepresentation(const QByteArray &data, QString *erro
     for (const HoldingRef &holding : decoded.holdings)
         holding->setPortfolio(this);
     setHoldings(decoded.holdings);
+    m_missingPeople = decoded.missingPeople;
     m_summaryMode = 0;
     // Loading is not an edit: nothing of it can be undone.
     m_undoStack->clear();

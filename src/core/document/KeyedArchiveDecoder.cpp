@@ -153,11 +153,17 @@ private:
         plist_t node = plist_array_get_item(m_objects, uint32_t(uid));
         if (PLIST_IS_STRING(node))
             return decodeText(uid, node, out);
+        if (PLIST_IS_DATA(node)) {
+            *out = dataOf(node);
+            return true;
+        }
         const ClassDescription *description = PLIST_IS_DICT(node) ? classOf(uid, node) : nullptr;
         if (!description)
             return fail(damaged(QStringLiteral("object %1 is not an object of a known kind").arg(uid)));
         const QString &name = description->name;
-        if (name == DateClass)
+        // Subclasses too: a calendar date (NSCalendarDate) is an NSDate with a time zone and a
+        // format besides, and only its instant matters here.
+        if (description->hierarchy.contains(DateClass))
             return decodeDate(uid, node, out);
         if (name == ArrayClass || name == MutableArrayClass)
             return decodeArray(uid, node, name, depth, out);
@@ -229,6 +235,13 @@ private:
         const qint64 msecs = qRound64(seconds * 1000.0) + ReferenceDateMSecsSinceEpoch;
         *out = ArchiveDate{QDateTime::fromMSecsSinceEpoch(msecs)};
         return true;
+    }
+
+    static ArchiveData dataOf(plist_t node)
+    {
+        uint64_t length = 0;
+        const char *bytes = plist_get_data_ptr(node, &length);
+        return ArchiveData{QByteArray(bytes, qsizetype(length))};
     }
 
     // The references of an "NS.objects" or "NS.keys" list.
@@ -331,6 +344,8 @@ private:
                 double real = 0;
                 plist_get_real_val(value, &real);
                 object->set(name, real);
+            } else if (PLIST_IS_DATA(value)) {
+                object->set(name, ArchiveRef(dataOf(value)));
             } else {
                 return fail(damaged(QStringLiteral("the value of \"%2\" in object %1 is of an unsupported kind")
                                         .arg(uid)

@@ -96,6 +96,8 @@ private:
             return encodeString(*text, uid);
         if (const auto *date = std::get_if<ArchiveDate>(&ref))
             return encodeDate(*date, uid);
+        if (const auto *data = std::get_if<ArchiveData>(&ref))
+            return encodeData(*data, uid);
         if (const auto *object = std::get_if<std::shared_ptr<ArchiveObject>>(&ref))
             return encodeShared(object->get(), depth, uid);
         if (const auto *array = std::get_if<std::shared_ptr<ArchiveArray>>(&ref))
@@ -166,6 +168,16 @@ private:
         plist_dict_set_item(dictionary.get(), ClassKey, plist_new_uid(classUid));
         m_objects[slot] = std::move(dictionary);
         *uid = slot;
+        return true;
+    }
+
+    // An NSData is archived as the bytes themselves, in a slot of its own.
+    bool encodeData(const ArchiveData &data, quint64 *uid)
+    {
+        if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(1))
+            return fail(tooLarge());
+        *uid = reserveSlot();
+        m_objects[*uid].reset(plist_new_data(data.bytes.constData(), uint64_t(data.bytes.size())));
         return true;
     }
 

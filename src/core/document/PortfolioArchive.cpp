@@ -115,11 +115,15 @@ public:
             if (text) {
                 if (const auto record = m_people.recordForUniqueId(*text))
                     result = Person::create(record);
+                else
+                    m_missingIdentifiers.insert(*text);
             }
         }
         m_decodedPeople.insert(key, result);
         return result;
     }
+
+    int missingPeople() const { return int(m_missingIdentifiers.size()); }
 
     HoldingRef holding(const ArchiveRef &ref)
     {
@@ -222,6 +226,7 @@ private:
     const PeopleStore &m_people;
     QHash<const ArchiveObject *, PersonRef> m_decodedPeople;
     QSet<const ArchiveObject *> m_decodedHoldings;
+    QSet<QString> m_missingIdentifiers;
 };
 
 const ArchiveArray *arrayOf(const ArchiveRef &ref, const QString &what)
@@ -296,6 +301,7 @@ Decoded decodePortfolio(const ArchiveRef &root, const PeopleStore &people)
         result.error = failure.message;
         return result;
     }
+    result.missingPeople = decoder.missingPeople();
     result.ok = true;
     return result;
 }

@@ -28,10 +28,12 @@ struct Decoded
     QList<HoldingRef> holdings;
     bool hasTitleHolders = false; // false for the older root form, a bare list of holdings
     QList<PersonRef> titleHolders;
+    // How many different people the archive names whom the store does not know.
+    int missingPeople = 0;
 };
 
-// People whose identifiers the store does not know are left out, and the roles that named them
-// come back empty. Anything of the wrong shape is refused with a sentence in error.
+// People whose identifiers the store does not know are left out (and counted), and the roles
+// that named them come back empty. Anything of the wrong shape is refused with a sentence in error.
 Decoded decodePortfolio(const ArchiveRef &root, const PeopleStore &people);
 
 } // namespace PortfolioArchive

@@ -1,7 +1,10 @@
 #include "model/Money.h"
 
 #include <QLocale>
+#include <charconv>
 #include <cmath>
+#include <limits>
+#include <string>
 
 DollarConversionError::DollarConversionError(const QString &message)
     : std::logic_error(message.toStdString())
@@ -42,9 +45,9 @@ double doubleValueOf(const QVariant &value)
     if (isFloating(value))
         return value.toDouble();
     if (value.typeId() == QMetaType::QString)
-        return value.toString().trimmed().toDouble(); // unparsable text reads as 0, like a number-less string
+        return leadingNumber(value.toString());
     if (value.typeId() == QMetaType::QByteArray)
-        return value.toByteArray().trimmed().toDouble();
+        return leadingNumber(QString::fromLatin1(value.toByteArray()));
     refuse(value);
 }
 
@@ -73,6 +76,29 @@ QVariant reverseTransformedValue(const QVariant &value)
 
 } // namespace DollarTransformer
 
+double leadingNumber(QStringView text)
+{
+    qsizetype at = 0;
+    while (at < text.size() && text[at].isSpace())
+        ++at;
+    bool negative = false;
+    if (at < text.size() && (text[at] == u'-' || text[at] == u'+'))
+        negative = text[at++] == u'-';
+    // Only digits and a point may start the number: from_chars alone would also take "inf" and "nan".
+    auto isDigit = [&](qsizetype i) { return i < text.size() && text[i] >= u'0' && text[i] <= u'9'; };
+    if (!isDigit(at) && !(at < text.size() && text[at] == u'.' && isDigit(at + 1)))
+        return 0.0;
+    // The plain ASCII run from here; from_chars takes the longest number at its start.
+    std::string ascii;
+    for (qsizetype i = at; i < text.size() && text[i].unicode() < 0x80; ++i)
+        ascii.push_back(char(text[i].unicode()));
+    double magnitude = 0.0;
+    const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), magnitude);
+    if (error != std::errc())
+        return 0.0;
+    return negative ? -magnitude : magnitude;
+}
+
 double penniesToDollars(Pennies pennies)
 {
     return static_cast<double>(pennies) / 100.0;
@@ -80,7 +106,16 @@ double penniesToDollars(Pennies pennies)
 
 Pennies dollarsToPennies(double dollars)
 {
-    return static_cast<Pennies>(std::floor(dollars * 100.0 + 0.5));
+    const double rounded = std::floor(dollars * 100.0 + 0.5);
+    // Converting a double outside the 64-bit range is undefined; such amounts saturate instead.
+    constexpr double limit = 9223372036854775808.0; // 2^63
+    if (std::isnan(rounded))
+        return 0;
+    if (rounded >= limit)
+        return std::numeric_limits<Pennies>::max();
+    if (rounded < -limit)
+        return std::numeric_limits<Pennies>::min();
+    return static_cast<Pennies>(rounded);
 }
 
 QString formatDollars(Pennies pennies)

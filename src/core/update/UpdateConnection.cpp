@@ -20,7 +20,7 @@ UpdateConnection::UpdateConnection(const QString &databasePath)
         m_state = State::Unopenable;
         return;
     }
-    RedemptionDatabase::configureConnection(m_db);
+    RedemptionDatabase::configureWriter(m_db);
     m_state = State::Open;
 }
 

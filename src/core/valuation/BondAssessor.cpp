@@ -34,11 +34,11 @@ BondAssessor::BondAssessor(const QString &databasePath)
     if (m_path.isEmpty() || !QFileInfo(m_path).isFile())
         return; // no file: every lookup answers "nothing"
     const QByteArray native = QFileInfo(m_path).absoluteFilePath().toUtf8();
-    int flags = QFileInfo(m_path).isWritable() ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
-    // Configured before the first read: a writer on another connection may hold the file for a
-    // moment (a checkpoint as it closes), and the first read must wait for it, not fail.
-    if (sqlite3_open_v2(native.constData(), &m_db, flags, nullptr) == SQLITE_OK)
-        RedemptionDatabase::configureConnection(m_db);
+    // Read-only: a reader leaves the file as it found it. Configured before the first read: a
+    // writer on another connection may hold the file for a moment (a checkpoint as it closes), and
+    // the first read must wait for it, not fail.
+    if (sqlite3_open_v2(native.constData(), &m_db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK)
+        RedemptionDatabase::configureReader(m_db);
     else
         sqlite3_close(std::exchange(m_db, nullptr));
     if (!m_db || sqlite3_exec(m_db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) {

@@ -79,13 +79,15 @@ bool createSchema(sqlite3 *db, QString *error)
     return true;
 }
 
-void configureConnection(sqlite3 *db)
+void configureReader(sqlite3 *db)
 {
     sqlite3_busy_timeout(db, 10000);
-    // Write-ahead logging lets open portfolios keep reading, unblocked, the last committed state
-    // while the updater installs a file on its own connection. The mode is stored in the file, so
-    // it is set only where the file may be written: a read-only file keeps its rollback journal
-    // and still opens in a folder that cannot be written.
+}
+
+void configureWriter(sqlite3 *db)
+{
+    configureReader(db);
+    // The mode is stored in the file; a file opened read-only keeps its rollback journal.
     if (sqlite3_db_readonly(db, "main") == 0)
         sqlite3_exec(db, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
 }

@@ -22,6 +22,12 @@ QString path();
 // SQLite error text in *error on failure.
 bool createSchema(sqlite3 *db, QString *error = nullptr);
 
-// Connection settings that let portfolios read while the updater writes on another connection.
-void configureConnection(sqlite3 *db);
+// Settings of a reading connection (open it read-only): wait for a writer rather than fail. A
+// reader never changes the file, its journal mode included, so that the shipped seed stays one
+// self-contained file that opens from a folder nobody may write.
+void configureReader(sqlite3 *db);
+// Settings of a writing connection (the updater, the installers): as a reader, and the working
+// copy switched to write-ahead logging, so that open portfolios keep reading the last committed
+// state while a file is installed.
+void configureWriter(sqlite3 *db);
 }

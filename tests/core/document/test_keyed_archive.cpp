@@ -71,6 +71,8 @@ public:
             return QLatin1Char('"') + *string + QLatin1Char('"');
         if (const auto *date = std::get_if<ArchiveDate>(&ref))
             return QStringLiteral("date(%1)").arg(date->instant.toMSecsSinceEpoch());
+        if (const auto *data = std::get_if<ArchiveData>(&ref))
+            return QStringLiteral("data(%1)").arg(QString::fromLatin1(data->bytes.toHex()));
         if (const auto *object = std::get_if<ObjectPtr>(&ref))
             return node(object->get(), [&](const ArchiveObject &o) {
                 return o.className + o.classHierarchy.join(QLatin1Char('<')) + entries(o.fields);
@@ -173,7 +175,7 @@ TEST(KeyedArchiveRoundTrip, EveryKindOfRootValue)
         longList->items.append(i % 3 ? ArchiveRef(QString::number(i)) : ArchiveRef(makeObject(QStringLiteral("Item"))));
     const QList<ArchiveRef> roots = {ArchiveRef(), text(""), text("plain"), ArchiveDate{utc(2001, 1, 1)}, longList,
                                      makeArray({}), makeArray({ArchiveRef(), text("after nil")}),
-                                     makeObject(QStringLiteral("Empty"))};
+                                     makeObject(QStringLiteral("Empty")), ArchiveData{QByteArray("\0\xff", 2)}};
     for (qsizetype i = 0; i < roots.size(); ++i) {
         SCOPED_TRACE(i);
         const auto result = roundTrip(roots[i]);

@@ -50,6 +50,7 @@ TEST_F(PortfolioArchiveMapping, PersonMissingFromTheStoreVanishesFromListAndRole
     const auto decoded = PortfolioArchive::decodePortfolio(
         PortfolioArchive::encodePortfolio({first}, {ann, bob}), otherMachine.store);
     ASSERT_TRUE(decoded.ok);
+    EXPECT_EQ(decoded.missingPeople, 1) << "Bob, in the list and on a holding, counts once";
     ASSERT_EQ(decoded.titleHolders.size(), 1);
     EXPECT_TRUE(samePerson(decoded.titleHolders.at(0).get(), kept.get()));
     EXPECT_EQ(decoded.holdings.at(0)->coOwner(), nullptr);

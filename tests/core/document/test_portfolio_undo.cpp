@@ -32,10 +32,15 @@ protected:
     HoldingRef bond;
 };
 
-TEST_F(PortfolioUndo, InstallingAListRecordsNothingAndLeavesTheDocumentClean)
+TEST_F(PortfolioUndo, InstallingAListRecordsNothingButObservesItsHoldings)
 {
+    const HoldingRef other = Holding::create();
+    other->setPortfolio(&portfolio);
+    portfolio.setHoldings({other, bond});
     EXPECT_EQ(stack().count(), 0);
     EXPECT_FALSE(portfolio.isEdited());
+    other->setQuantity(7);
+    EXPECT_EQ(stack().count(), 1) << "an installed holding's edits are recorded";
 }
 
 // Each value edit is one "Edit" that undoes to the old value and redoes to the new one.

@@ -66,8 +66,13 @@ TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
     portfolio->markSaved();
     outcome = QuickenFileSet::exportToQuickenFileSet(*portfolio, {i}, dir);
     ASSERT_TRUE(outcome.succeeded);
-    EXPECT_EQ(contents(in(QStringLiteral("PriceList-1.qif"))), PortfolioQuicken::quickenPriceListRepresentation({ee, i}));
-    EXPECT_EQ(contents(in(QStringLiteral("Positions-1.qif"))), PortfolioQuicken::quickenPortfolioRepresentation(*portfolio, {i}));
+    EXPECT_EQ(contents(in(QStringLiteral("PriceList-1.qif"))),
+              QByteArray("!Type:Prices\r031995N,20.04,04/1/1996\r031995N,29.90,12/1/1999\r031995N,30.00,01/1/2000\r"
+                         "071999I,26.00,01/1/2000\r^\r"));
+    EXPECT_EQ(contents(in(QStringLiteral("Positions-1.qif"))),
+              QByteArray("!Type:Security\rN07/1999 I Bond\rS071999I\rTBond\r^\r!Account\rNUntitled\rDGenerated with Quillmere\r"
+                         "TPort\r^\r!Type:Invst\rD07/01/1999\rNShrsIn\rY07/1999 I Bond\rI25.0000\rQ2.0000\rT50.0000\r"
+                         "MI Bond purchased 07/1999\r^\r!Type:Prices\r071999I,26.00,01/1/2000\r^\r"));
     EXPECT_EQ(outcome.title, QStringLiteral("Export complete"));
     EXPECT_EQ(outcome.message, QStringLiteral("You may now import your portfolio positions and pricelist from the files in ")
                                    + QDir(dir).absolutePath());
@@ -105,7 +110,7 @@ TEST(QifPriceFormat, LinesParseAsQuickenPriceRecords)
     static const QRegularExpression priceLine(
         QStringLiteral("^(\"?)[A-Za-z0-9.^-]+\\1,[0-9]+(\\.[0-9]+)?,(\"?)(0[1-9]|1[0-2])/ ?[1-9]/[0-9]{4}\\3$"));
     PeopleFixture people;
-    BondPortfolio portfolio(&people.store, TestSupport::shippedDatabasePath());
+    BondPortfolio portfolio(&people.store, TestSupport::copyOfShippedDatabase());
     QList<HoldingRef> holdings;
     for (const auto &[code, year, month] : {std::tuple{"N", 1995, 3}, {"I", 1998, 9}, {"E", 1970, 1}, {"S", 1967, 5}}) {
         holdings << Holding::create();

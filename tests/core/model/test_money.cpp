@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
@@ -34,9 +35,31 @@ TEST(DollarTransformer, ForwardTakesTheWholePennyValueOfAnyNumber)
     EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(-2.9).toDouble(), -0.02);
 }
 
-TEST(DollarTransformer, ReverseParsesTextAndNullStaysNull)
+// Typed text is read as the number it begins with; whatever follows is ignored.
+struct TypedText
 {
-    EXPECT_EQ(DollarTransformer::reverseTransformedValue(QStringLiteral("123.456")).toLongLong(), 12346);
+    const char *text;
+    Pennies pennies;
+    friend std::ostream &operator<<(std::ostream &out, const TypedText &typed) { return out << '"' << typed.text << '"'; }
+};
+
+class TypedDollars : public testing::TestWithParam<TypedText> {};
+
+TEST_P(TypedDollars, ReadTheLeadingNumberOnly)
+{
+    EXPECT_EQ(DollarTransformer::reverseTransformedValue(QString::fromUtf8(GetParam().text)).toLongLong(), GetParam().pennies);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, TypedDollars,
+    testing::Values(TypedText{"123.456", 12346}, TypedText{"12.5x", 1250}, TypedText{"abc", 0}, TypedText{" 3e2", 30000},
+                    TypedText{"", 0}, TypedText{"1,234", 100}, TypedText{"$5", 0}, TypedText{"\t\n-.5 dollars", -50},
+                    TypedText{"+2.", 200}, TypedText{"7e", 700}, TypedText{"1e-2x", 1}, TypedText{"inf", 0},
+                    TypedText{"nan", 0}, TypedText{"0x10", 0}, TypedText{"1e999", 0}, TypedText{"-", 0}, TypedText{".", 0},
+                    TypedText{"1e300", std::numeric_limits<Pennies>::max()}));
+
+TEST(DollarTransformer, NullStaysNull)
+{
     EXPECT_TRUE(DollarTransformer::transformedValue(QVariant()).isNull());
     EXPECT_TRUE(DollarTransformer::reverseTransformedValue(QVariant()).isNull());
 }
