@@ -1,5 +1,7 @@
 #include "BondTableView.h"
 
+#include "valuation/BondAssessor.h"
+
 #include <QApplication>
 #include <QDrag>
 #include <QHeaderView>
@@ -8,6 +10,7 @@
 #include <QJsonObject>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <optional>
 
 BondTableView::BondTableView(QWidget *parent)
     : QTableView(parent)
@@ -110,4 +113,12 @@ void BondTableView::keyPressEvent(QKeyEvent *event)
         return;
     }
     QTableView::keyPressEvent(event);
+}
+
+void BondTableView::paintEvent(QPaintEvent *event)
+{
+    std::optional<BondAssessor::ReadBatch> batch;
+    if (m_figures)
+        batch.emplace(*m_figures);
+    QTableView::paintEvent(event);
 }

@@ -16,6 +16,7 @@ void HoldingsFilterModel::sort(int column, Qt::SortOrder order)
 {
     // Sorting reads a figure of every row, twice per comparison: one batch for all of it.
     BondAssessor::ReadBatch batch(m_portfolio->assessor());
+    m_portfolio->prefetchValues(m_portfolio->holdings());
     QSortFilterProxyModel::sort(column, order);
 }
 

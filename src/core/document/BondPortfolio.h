@@ -101,6 +101,8 @@ public:
 
     QList<const Series *> series() const;
     const BondAssessor &assessor() const { return *m_assessor; }
+    // Readies the database values of these holdings ahead of reading all their figures.
+    void prefetchValues(const QList<HoldingRef> &holdings) const;
 
     // --- Valuation date and summary ---
     QDateTime valueOfDate() const { return m_valueOfDate; }

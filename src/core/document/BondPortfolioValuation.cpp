@@ -77,6 +77,17 @@ void BondPortfolio::setSummaryMode(int mode)
     emit interestSummaryChanged();
 }
 
+void BondPortfolio::prefetchValues(const QList<HoldingRef> &holdings) const
+{
+    QList<std::pair<const Series *, int>> bonds;
+    bonds.reserve(holdings.size());
+    for (const HoldingRef &holding : holdings) {
+        if (holding->issueDate().isValid())
+            bonds.append({holding->series(), holding->issueMonth()});
+    }
+    m_assessor->prefetch(bonds);
+}
+
 QMap<int, Pennies> BondPortfolio::yearsWithInterestEarnedCumulative(bool cumulative) const
 {
     QMap<int, Pennies> years;
@@ -94,6 +105,7 @@ QMap<int, Pennies> BondPortfolio::yearsWithInterestEarnedCumulative(bool cumulat
     }
     if (firstYear > lastYear)
         return years;
+    prefetchValues(shown);
     // Every year from the earliest issue to the last is some holding's, so a dense table holds them.
     std::vector<Pennies> sums(size_t(lastYear - firstYear + 1), 0);
     for (const HoldingRef &holding : shown) {

@@ -52,6 +52,7 @@ void HoldingTotals::add(const Holding &holding)
 HoldingTotals HoldingTotals::of(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
 {
     BondAssessor::ReadBatch batch(portfolio.assessor());
+    portfolio.prefetchValues(holdings);
     HoldingTotals totals;
     for (const HoldingRef &holding : holdings)
         totals.add(*holding);

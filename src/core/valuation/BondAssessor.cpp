@@ -126,6 +126,17 @@ const ValueHistory &BondAssessor::history(const Series *series, int issueMonth) 
     return m_cache ? m_cache->history(seriesCode(series), issueMonth) : none;
 }
 
+void BondAssessor::prefetch(const QList<std::pair<const Series *, int>> &bonds) const
+{
+    if (!m_cache)
+        return;
+    QList<std::pair<char, int>> keys;
+    keys.reserve(bonds.size());
+    for (const auto &[series, issueMonth] : bonds)
+        keys.append({seriesCode(series), issueMonth});
+    m_cache->prefetch(keys);
+}
+
 qint64 BondAssessor::adjusted(qint32 stored, int pricingCorrectionFactor)
 {
     // Stored −1 times 2 reads as −2 (no data) for an electronic bond; kept as the original does.

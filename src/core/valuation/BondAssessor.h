@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QList>
 #include <QStringList>
 #include <optional>
 
@@ -93,6 +94,8 @@ public:
         return unadjusted <= 0 ? unadjusted : unadjusted * faceValue / 2500;
     }
     std::optional<int> maximumRedemptionMonth() const;
+    // Readies the values of many bonds (series, issue month) at once, ahead of a bulk read.
+    void prefetch(const QList<std::pair<const Series *, int>> &bonds) const;
     // True when the stored value was derived by the program (a matured bond's value carried
     // forward, a fixed-rate EE bond's computed value) rather than published by the Treasury.
     bool isDerivedValue(const BondTerms &bond, const QDateTime &asOf) const;

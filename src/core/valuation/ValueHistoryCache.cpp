@@ -1,5 +1,6 @@
 #include "valuation/ValueHistoryCache.h"
 
+#include <QSet>
 #include <sqlite3.h>
 
 namespace {
@@ -43,6 +44,16 @@ void ValueHistory::append(int redemptionMonth, qint32 value, bool derived)
         m_derived.resize(size_t(offset), false);
         m_derived.push_back(true);
     }
+}
+
+void ValueHistory::markDerived(int redemptionMonth)
+{
+    const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
+    if (offset < 0 || offset >= qsizetype(m_values.size()))
+        return;
+    if (offset >= qsizetype(m_derived.size()))
+        m_derived.resize(size_t(offset) + 1, false);
+    m_derived[size_t(offset)] = true;
 }
 
 ValueHistoryCache::ValueHistoryCache(sqlite3 *db)
@@ -102,6 +113,7 @@ void ValueHistoryCache::forgetIfChanged()
     m_dataVersion = version;
     prepareHistoryStatement();
     m_histories.clear();
+    m_everyHistoryLoaded = false;
     m_redemptionMonths.clear();
     m_summary.reset();
 }
@@ -130,6 +142,8 @@ const ValueHistory &ValueHistoryCache::history(char seriesCode, int issueMonth)
     const quint32 key = historyKey(seriesCode, issueMonth);
     if (const auto found = m_histories.constFind(key); found != m_histories.cend())
         return **found;
+    if (m_everyHistoryLoaded)
+        return emptyHistory();
 
     auto loaded = std::make_shared<ValueHistory>();
     sqlite3_bind_text(m_historyStmt, 1, &seriesCode, 1, SQLITE_TRANSIENT);
@@ -141,6 +155,66 @@ const ValueHistory &ValueHistoryCache::history(char seriesCode, int issueMonth)
     }
     sqlite3_reset(m_historyStmt);
     return **m_histories.insert(key, std::move(loaded));
+}
+
+void ValueHistoryCache::prefetch(const QList<std::pair<char, int>> &bonds)
+{
+    constexpr int ManyBonds = 150;
+    refreshIfChanged();
+    if (m_everyHistoryLoaded || !m_historyStmt)
+        return;
+    QSet<quint32> missing;
+    for (const auto &[code, issueMonth] : bonds) {
+        const quint32 key = historyKey(code, issueMonth);
+        if (!m_histories.contains(key))
+            missing.insert(key);
+    }
+    if (missing.size() > ManyBonds)
+        loadEveryHistory();
+}
+
+void ValueHistoryCache::loadEveryHistory()
+{
+    sqlite3_stmt *stmt = nullptr;
+    const char *sql = "select series, iyr, imo, ryr, rmo, value from bond_value where value >= -1"
+                      " order by series, iyr, imo, ryr, rmo";
+    if (sqlite3_prepare_v2(m_db, sql, -1, &stmt, nullptr) != SQLITE_OK) {
+        sqlite3_finalize(stmt);
+        return;
+    }
+    QHash<quint32, std::shared_ptr<ValueHistory>> loaded;
+    quint32 currentKey = 0;
+    ValueHistory *current = nullptr;
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        const char code = char(sqlite3_column_text(stmt, 0)[0]);
+        const quint32 key = historyKey(code, MonthIndex::of(sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2)));
+        if (!current || key != currentKey) {
+            auto &slot = loaded[key];
+            slot = std::make_shared<ValueHistory>();
+            current = slot.get();
+            currentKey = key;
+        }
+        current->append(MonthIndex::of(sqlite3_column_int(stmt, 3), sqlite3_column_int(stmt, 4)),
+                        sqlite3_column_int(stmt, 5), false);
+    }
+    sqlite3_finalize(stmt);
+    if (m_historyKnowsDerived
+        && sqlite3_prepare_v2(m_db, "select series, iyr, imo, ryr, rmo from derived_value", -1, &stmt, nullptr) == SQLITE_OK) {
+        while (sqlite3_step(stmt) == SQLITE_ROW) {
+            const char code = char(sqlite3_column_text(stmt, 0)[0]);
+            const auto found = loaded.constFind(
+                historyKey(code, MonthIndex::of(sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2))));
+            if (found != loaded.cend())
+                (*found)->markDerived(MonthIndex::of(sqlite3_column_int(stmt, 3), sqlite3_column_int(stmt, 4)));
+        }
+    }
+    sqlite3_finalize(stmt);
+    // Histories already handed out stay as they are: callers may be holding them.
+    for (auto it = loaded.begin(); it != loaded.end(); ++it) {
+        if (!m_histories.contains(it.key()))
+            m_histories.insert(it.key(), std::move(it.value()));
+    }
+    m_everyHistoryLoaded = true;
 }
 
 bool ValueHistoryCache::hasRedemptionMonth(int month)

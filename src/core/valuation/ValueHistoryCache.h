@@ -10,6 +10,7 @@
 #include "valuation/MonthIndex.h"
 
 #include <QHash>
+#include <QList>
 #include <QtGlobal>
 #include <memory>
 #include <optional>
@@ -41,6 +42,7 @@ public:
     int lastMonth() const { return m_firstMonth + int(m_values.size()) - 1; }
 
     void append(int redemptionMonth, qint32 value, bool derived);
+    void markDerived(int redemptionMonth);
 
 private:
     int m_firstMonth = 0;
@@ -59,6 +61,10 @@ public:
     // The values of the bond of this series code and issue month (never null; empty when the
     // database has none). Valid until the next call that may find the database changed.
     const ValueHistory &history(char seriesCode, int issueMonth);
+    // Makes sure the histories of these bonds (series code, issue month) are at hand: one by one
+    // when they are few, else every bond's at once with one pass over the table, which costs
+    // less than a range query for each of a few hundred bonds.
+    void prefetch(const QList<std::pair<char, int>> &bonds);
     // Whether any bond has data for the redemption month.
     bool hasRedemptionMonth(int month);
     // The summary tables' earliest and latest redemption months.
@@ -78,6 +84,7 @@ private:
     void forgetIfChanged();
     const Summary &summary();
     void prepareHistoryStatement();
+    void loadEveryHistory();
     std::optional<int> readSummaryTable(const char *sql) const;
 
     sqlite3 *m_db;
@@ -90,5 +97,6 @@ private:
     bool m_inTransaction = false;
     QHash<quint32, std::shared_ptr<ValueHistory>> m_histories;
     QHash<int, bool> m_redemptionMonths;
+    bool m_everyHistoryLoaded = false;
     std::optional<Summary> m_summary;
 };
