@@ -188,6 +188,19 @@ private:
         return text ? Series::seriesForCode(*text) : nullptr; // an unknown code is no series
     }
 
+    // Converting to local time asks the C library, which re-reads the zone file each time; many
+    // holdings share an issue date, so conversions are remembered (bounded, per thread).
+    static QDateTime localTime(const QDateTime &instant)
+    {
+        thread_local QHash<qint64, QDateTime> converted;
+        const qint64 key = instant.toMSecsSinceEpoch();
+        if (const auto found = converted.constFind(key); found != converted.cend())
+            return *found;
+        if (converted.size() > 4096)
+            converted.clear();
+        return *converted.insert(key, instant.toLocalTime());
+    }
+
     static QDateTime date(const ArchiveObject &object)
     {
         const ArchiveRef ref = reference(object, HoldingKey::IssueDate);
@@ -196,7 +209,7 @@ private:
         if (const auto *value = std::get_if<ArchiveDate>(&ref)) {
             if (!value->instant.isValid())
                 throw DecodeFailure{damaged(QStringLiteral("an issue date is out of range"))};
-            return value->instant.toLocalTime();
+            return localTime(value->instant);
         }
         throw DecodeFailure{damaged(QStringLiteral("an issue date is not a date"))};
     }

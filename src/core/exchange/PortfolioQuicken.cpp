@@ -5,6 +5,7 @@
 #include "exchange/HoldingQuicken.h"
 
 #include <QDir>
+#include <QHash>
 #include <QFileInfo>
 
 using ExportText::latin1Bytes;
@@ -14,19 +15,40 @@ namespace PortfolioQuicken {
 namespace {
 using FlushIfFull = std::function<void()>;
 
-void appendPriceList(QByteArray &out, const QList<HoldingRef> &holdings, const FlushIfFull &flushIfFull)
+// Holdings of one series and issue month share their price lines, symbol included; both files of
+// an export write them, so each bond's lines are made once.
+class PriceLines
+{
+public:
+    const QByteArray &of(const Holding &holding)
+    {
+        const QString symbol = holding.security();
+        auto found = m_lines.find(symbol);
+        if (found == m_lines.end()) {
+            found = m_lines.insert(symbol, QByteArray());
+            holding.appendValuesSinceIssue(*found);
+        }
+        return *found;
+    }
+
+private:
+    QHash<QString, QByteArray> m_lines;
+};
+
+void appendPriceList(QByteArray &out, const QList<HoldingRef> &holdings, const FlushIfFull &flushIfFull,
+                     PriceLines &lines)
 {
     const auto batch = ExportText::readBatchFor(holdings);
     out += "!Type:Prices\r";
     for (const HoldingRef &holding : holdings) {
-        holding->appendValuesSinceIssue(out);
+        out += lines.of(*holding);
         flushIfFull();
     }
     out += "^\r";
 }
 
 void appendPortfolio(QByteArray &out, const QString &accountName, const QList<HoldingRef> &holdings,
-                     const FlushIfFull &flushIfFull)
+                     const FlushIfFull &flushIfFull, PriceLines &lines)
 {
     const auto batch = ExportText::readBatchFor(holdings);
     out += "!Type:Security\r";
@@ -43,21 +65,23 @@ void appendPortfolio(QByteArray &out, const QString &accountName, const QList<Ho
         out += latin1Bytes(HoldingQuicken::asQuickenTransaction(*holding));
         flushIfFull();
     }
-    appendPriceList(out, holdings, flushIfFull);
+    appendPriceList(out, holdings, flushIfFull, lines);
 }
 } // namespace
 
 QByteArray quickenPriceListRepresentation(const QList<HoldingRef> &holdings)
 {
     QByteArray bytes;
-    appendPriceList(bytes, holdings, [] {});
+    PriceLines lines;
+    appendPriceList(bytes, holdings, [] {}, lines);
     return bytes;
 }
 
 QByteArray quickenPortfolioRepresentation(const QString &accountName, const QList<HoldingRef> &holdings)
 {
     QByteArray bytes;
-    appendPortfolio(bytes, accountName, holdings, [] {});
+    PriceLines lines;
+    appendPortfolio(bytes, accountName, holdings, [] {}, lines);
     return bytes;
 }
 
@@ -87,15 +111,16 @@ Outcome exportToQuickenFileSet(const BondPortfolio &portfolio, const QList<Holdi
     outcome.paths = pathsInDirectory(directory);
     // The price list always covers the whole portfolio; the positions only the chosen holdings.
     using ExportText::writeFileAtomically;
+    PortfolioQuicken::PriceLines lines;
     outcome.succeeded =
         writeFileAtomically(
             outcome.paths.priceList,
-            [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) { PortfolioQuicken::appendPriceList(out, portfolio.holdings(), flushIfFull); },
+            [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) { PortfolioQuicken::appendPriceList(out, portfolio.holdings(), flushIfFull, lines); },
             &outcome.detail)
         && writeFileAtomically(
             outcome.paths.positions,
             [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) {
-                PortfolioQuicken::appendPortfolio(out, portfolio.displayName(), chosen, flushIfFull);
+                PortfolioQuicken::appendPortfolio(out, portfolio.displayName(), chosen, flushIfFull, lines);
             },
             &outcome.detail);
     if (!outcome.succeeded) {
