@@ -36,8 +36,9 @@ BondAssessor::BondAssessor(const QString &databasePath)
     const QByteArray native = QFileInfo(m_path).absoluteFilePath().toUtf8();
     // Read-only: a reader leaves the file as it found it. Configured before the first read: a
     // writer on another connection may hold the file for a moment (a checkpoint as it closes), and
-    // the first read must wait for it, not fail.
-    if (sqlite3_open_v2(native.constData(), &m_db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK)
+    // the first read must wait for it, not fail. One thread uses an assessor at a time, so the
+    // connection needs no mutex of its own (it would be taken on every column read).
+    if (sqlite3_open_v2(native.constData(), &m_db, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr) == SQLITE_OK)
         RedemptionDatabase::configureReader(m_db);
     else
         sqlite3_close(std::exchange(m_db, nullptr));

@@ -176,26 +176,29 @@ void ValueHistoryCache::prefetch(const QList<std::pair<char, int>> &bonds)
 void ValueHistoryCache::loadEveryHistory()
 {
     sqlite3_stmt *stmt = nullptr;
-    const char *sql = "select series, iyr, imo, ryr, rmo, value from bond_value where value >= -1"
-                      " order by series, iyr, imo, ryr, rmo";
+    // Month counts made by SQLite and one series at a time: the fewest column reads per row.
+    const char *sql = "select iyr * 12 + imo - 1, ryr * 12 + rmo - 1, value from bond_value"
+                      " where series = ? and value >= -1 order by series, iyr, imo, ryr, rmo";
     if (sqlite3_prepare_v2(m_db, sql, -1, &stmt, nullptr) != SQLITE_OK) {
         sqlite3_finalize(stmt);
         return;
     }
     QHash<quint32, std::shared_ptr<ValueHistory>> loaded;
-    quint32 currentKey = 0;
-    ValueHistory *current = nullptr;
-    while (sqlite3_step(stmt) == SQLITE_ROW) {
-        const char code = char(sqlite3_column_text(stmt, 0)[0]);
-        const quint32 key = historyKey(code, MonthIndex::of(sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2)));
-        if (!current || key != currentKey) {
-            auto &slot = loaded[key];
-            slot = std::make_shared<ValueHistory>();
-            current = slot.get();
-            currentKey = key;
+    for (const char code : {'E', 'I', 'N', 'S'}) {
+        sqlite3_bind_text(stmt, 1, &code, 1, SQLITE_TRANSIENT);
+        int currentIssue = -1;
+        ValueHistory *current = nullptr;
+        while (sqlite3_step(stmt) == SQLITE_ROW) {
+            const int issueMonth = sqlite3_column_int(stmt, 0);
+            if (!current || issueMonth != currentIssue) {
+                auto &slot = loaded[historyKey(code, issueMonth)];
+                slot = std::make_shared<ValueHistory>();
+                current = slot.get();
+                currentIssue = issueMonth;
+            }
+            current->append(sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2), false);
         }
-        current->append(MonthIndex::of(sqlite3_column_int(stmt, 3), sqlite3_column_int(stmt, 4)),
-                        sqlite3_column_int(stmt, 5), false);
+        sqlite3_reset(stmt);
     }
     sqlite3_finalize(stmt);
     if (m_historyKnowsDerived
