@@ -27,16 +27,20 @@ inline QString databaseCopy()
     return path;
 }
 
+// The sample's people, so that generated holdings can name owners.
 inline PeopleStore &people()
 {
-    static QTemporaryDir dir;
-    static PeopleStore store(dir.filePath(QStringLiteral("people.vcf")));
+    static PeopleStore store(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"));
     return store;
 }
 
 inline std::unique_ptr<BondPortfolio> make(int count, unsigned seed = 2026)
 {
     auto portfolio = std::make_unique<BondPortfolio>(&people(), databaseCopy());
+    QList<PersonRef> titleHolders;
+    for (const auto &record : people().records())
+        titleHolders << Person::create(record);
+    portfolio->setTitleHolders(titleHolders);
     std::mt19937 random(seed);
     auto between = [&random](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
     struct Kind { const char *code; int firstYear, lastYear; };
@@ -53,6 +57,8 @@ inline std::unique_ptr<BondPortfolio> make(int count, unsigned seed = 2026)
         holding->setPaper(between(0, 1) == 0);
         holding->setIssueDate(BondAssessor::monthDate(between(kind.firstYear, kind.lastYear), between(1, 12)));
         holding->setSerialNumber(QStringLiteral("Q%1EE").arg(i, 8, 10, QLatin1Char('0')));
+        if (!titleHolders.isEmpty())
+            holding->setOwner(titleHolders.at(between(0, int(titleHolders.size()) - 1)));
         holdings << holding;
     }
     portfolio->setHoldings(holdings);

@@ -4,6 +4,7 @@
 #include "BondTableView.h"
 #include "DatabaseLayouts.h"
 #include "HoldingColumns.h"
+#include "PortfolioGenerator.h"
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
 #include "model/PeopleStore.h"
@@ -19,59 +20,18 @@
 
 namespace {
 
-QString databaseCopy()
-{
-    static const QString path = [] {
-        const QString copy = DatabaseLayouts::scratchFile(QStringLiteral("window.bvdb"));
-        if (!QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), copy))
-            qFatal("no database at %s; build the bondvalues_database target", QUILLMERE_TEST_DATABASE);
-        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-        return copy;
-    }();
-    return path;
-}
+using PortfolioGenerator::databaseCopy;
+using PortfolioGenerator::people;
 
-PeopleStore &people()
-{
-    static PeopleStore store(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"));
-    return store;
-}
-
-// A saved portfolio of the given size: series, issue months with values, face values, paper or
-// electronic and owners drawn with a fixed seed.
+// A saved portfolio of the given size, made once.
 QString generatedPortfolio(int holdings)
 {
     static QHash<int, QString> made;
     if (made.contains(holdings))
         return made.value(holdings);
     const QString path = DatabaseLayouts::scratchFile(QStringLiteral("generated-%1.bondportfolio").arg(holdings));
-    BondPortfolio portfolio(&people(), databaseCopy());
-    QList<PersonRef> titleHolders;
-    for (const auto &record : people().records())
-        titleHolders << Person::create(record);
-    portfolio.setTitleHolders(titleHolders);
-    std::mt19937 random(20261123);
-    const QList<const Series *> series = Series::allSeries();
-    const Pennies faces[] = {2500, 5000, 10000, 50000, 100000};
-    QList<HoldingRef> list;
-    while (list.size() < holdings) {
-        auto holding = Holding::create();
-        holding->setSeries(series.at(int(random() % series.size())));
-        const QDateTime issued = BondAssessor::monthDate(1960 + int(random() % 66), 1 + int(random() % 12));
-        if (!portfolio.assessor().isValidIssueDate(issued, holding->series()))
-            continue;
-        holding->setIssueDate(issued);
-        holding->setFaceValue(faces[random() % 5]);
-        holding->setQuantity(1 + int(random() % 4));
-        holding->setPaper(random() % 3 != 0);
-        holding->setSerialNumber(QStringLiteral("G%1").arg(list.size(), 9, 10, QLatin1Char('0')));
-        holding->setPortfolio(&portfolio);
-        holding->setOwner(titleHolders.at(int(random() % titleHolders.size())));
-        list << holding;
-    }
-    portfolio.setHoldings(list);
     QString error;
-    if (!portfolio.saveToFile(path, &error))
+    if (!PortfolioGenerator::make(holdings)->saveToFile(path, &error))
         qFatal("%s", qPrintable(error));
     made.insert(holdings, path);
     return path;

@@ -1,6 +1,7 @@
 // Value lookups per second: through BondAssessor, and through a bare prepared statement on the
 // same file (the floor any lookup code could reach); and bare lookups on other layouts.
 #include "DatabaseLayouts.h"
+#include "PortfolioGenerator.h"
 
 #include "model/Series.h"
 #include "valuation/BondAssessor.h"
@@ -21,18 +22,7 @@ struct Lookup
     int ryr, rmo, iyr, imo;
 };
 
-// A private copy of the built database: opening the build's own file writable would change it.
-QString databaseCopy()
-{
-    static const QString path = [] {
-        const QString copy = DatabaseLayouts::scratchFile(QStringLiteral("lookup.bvdb"));
-        if (!QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), copy))
-            qFatal("no database at %s; build the bondvalues_database target", QUILLMERE_TEST_DATABASE);
-        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-        return copy;
-    }();
-    return path;
-}
+using PortfolioGenerator::databaseCopy;
 
 // Rows that exist, in random order, so that the lookups wander over the whole file.
 const std::vector<Lookup> &lookups()

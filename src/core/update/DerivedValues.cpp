@@ -1,5 +1,7 @@
 #include "update/DerivedValues.h"
 
+#include "valuation/RedemptionDatabase.h"
+
 #include "model/Money.h"
 #include "model/Series.h"
 #include "update/MaturedValueCompletion.h"
@@ -59,14 +61,8 @@ bool write(sqlite3 *db, const QList<Cell> &cells, QString *error)
     for (int i = 0; ok && i < cells.size(); ++i) {
         const Cell &cell = cells.at(i);
         const char series[2] = {cell.series, '\0'};
-        for (sqlite3_stmt *stmt : {value, mark}) {
-            sqlite3_reset(stmt);
-            sqlite3_bind_text(stmt, 1, series, 1, SQLITE_STATIC);
-            sqlite3_bind_int(stmt, 2, cell.ryr);
-            sqlite3_bind_int(stmt, 3, cell.rmo);
-            sqlite3_bind_int(stmt, 4, cell.iyr);
-            sqlite3_bind_int(stmt, 5, cell.imo);
-        }
+        for (sqlite3_stmt *stmt : {value, mark})
+            RedemptionDatabase::bindCell(stmt, series, cell.ryr, cell.rmo, cell.iyr, cell.imo);
         sqlite3_bind_int(value, 6, cell.value);
         ok = sqlite3_step(value) == SQLITE_DONE && sqlite3_step(mark) == SQLITE_DONE;
     }

@@ -1,5 +1,7 @@
 #include "update/PriceDataInstaller.h"
 
+#include "valuation/RedemptionDatabase.h"
+
 #include "update/PriceDataFile.h"
 #include "update/RedemptionDateRangeNotifier.h"
 #include "valuation/BondAssessor.h"
@@ -146,14 +148,8 @@ bool PriceDataInstaller::replaceDerived(const char *series, const PriceRecord &r
     const qint32 official = record.value[month - 1];
     if (official == RedemptionMarker::NoPricingData)
         return true;
-    for (sqlite3_stmt *stmt : {m_replaceStmt, m_unmarkStmt}) {
-        sqlite3_reset(stmt);
-        sqlite3_bind_text(stmt, 1, series, 1, SQLITE_TRANSIENT);
-        sqlite3_bind_int(stmt, 2, record.ryr);
-        sqlite3_bind_int(stmt, 3, record.rmo);
-        sqlite3_bind_int(stmt, 4, record.iyr);
-        sqlite3_bind_int(stmt, 5, month);
-    }
+    for (sqlite3_stmt *stmt : {m_replaceStmt, m_unmarkStmt})
+        RedemptionDatabase::bindCell(stmt, series, record.ryr, record.rmo, record.iyr, month);
     sqlite3_bind_int(m_replaceStmt, 6, official);
     if (sqlite3_step(m_replaceStmt) != SQLITE_DONE || sqlite3_step(m_unmarkStmt) != SQLITE_DONE) {
         m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));
@@ -176,12 +172,7 @@ bool PriceDataInstaller::insertPosition(const char *bytes)
                 return false;
             continue;
         }
-        sqlite3_reset(m_insertStmt);
-        sqlite3_bind_text(m_insertStmt, 1, series, 1, SQLITE_TRANSIENT);
-        sqlite3_bind_int(m_insertStmt, 2, record.ryr);
-        sqlite3_bind_int(m_insertStmt, 3, record.rmo);
-        sqlite3_bind_int(m_insertStmt, 4, record.iyr);
-        sqlite3_bind_int(m_insertStmt, 5, month);
+        RedemptionDatabase::bindCell(m_insertStmt, series, record.ryr, record.rmo, record.iyr, month);
         sqlite3_bind_int(m_insertStmt, 6, record.value[month - 1]);
         if (sqlite3_step(m_insertStmt) != SQLITE_DONE) {
             m_lastError = QString::fromUtf8(sqlite3_errmsg(m_db));

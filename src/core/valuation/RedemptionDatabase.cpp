@@ -92,4 +92,14 @@ void configureWriter(sqlite3 *db)
         sqlite3_exec(db, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
 }
 
+void bindCell(sqlite3_stmt *stmt, const char *series, int ryr, int rmo, int iyr, int imo)
+{
+    sqlite3_reset(stmt);
+    sqlite3_bind_text(stmt, 1, series, 1, SQLITE_TRANSIENT);
+    sqlite3_bind_int(stmt, 2, ryr);
+    sqlite3_bind_int(stmt, 3, rmo);
+    sqlite3_bind_int(stmt, 4, iyr);
+    sqlite3_bind_int(stmt, 5, imo);
+}
+
 } // namespace RedemptionDatabase

@@ -7,6 +7,7 @@
 #include <QString>
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace RedemptionDatabase {
 inline constexpr const char *FileName = "bondvalues.bvdb";
@@ -30,4 +31,8 @@ void configureReader(sqlite3 *db);
 // copy switched to write-ahead logging, so that open portfolios keep reading the last committed
 // state while a file is installed.
 void configureWriter(sqlite3 *db);
+
+// Binds one cell of bond_value (series code, redemption year and month, issue year and month) to
+// parameters 1 to 5 of a statement, after resetting it.
+void bindCell(sqlite3_stmt *stmt, const char *series, int ryr, int rmo, int iyr, int imo);
 }
