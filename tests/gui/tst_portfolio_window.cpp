@@ -25,7 +25,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -94,11 +93,12 @@ private:
 private slots:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         QVERIFY(m_dir.isValid());
+        // People and database of the test's own, never the user's or the build's (settings: main).
         QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
         qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
-        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), m_dir.filePath("values.bvdb")));
+        qputenv("QUILLMERE_DATABASE", m_dir.filePath("values.bvdb").toUtf8());
         UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
     }
 
@@ -490,5 +490,15 @@ private slots:
     }
 };
 
-QTEST_MAIN(PortfolioWindowTest)
 #include "tst_portfolio_window.moc"
+
+int main(int argc, char **argv)
+{
+    // Settings and data folders of this run's own, set before the application reads any.
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toUtf8());
+    qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/data")).toUtf8());
+    QApplication app(argc, argv);
+    PortfolioWindowTest test;
+    return QTest::qExec(&test, argc, argv);
+}

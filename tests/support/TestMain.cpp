@@ -1,8 +1,8 @@
-// Test programs run inside a QCoreApplication (queued signals, settings) with test-mode standard
-// paths and settings, so that no test reads or writes the user's own files.
+// Test programs run inside a QCoreApplication (queued signals, settings) with settings and data
+// folders of their own, made afresh for each run, so that no test reads or writes the user's own
+// files or what an earlier run left. (Qt's test mode would share one folder across all runs.)
 #include <QCoreApplication>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -11,7 +11,6 @@ int main(int argc, char **argv)
     QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toLocal8Bit());
     qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/data")).toLocal8Bit());
-    QStandardPaths::setTestModeEnabled(true);
     QCoreApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("larchfield"));
     QCoreApplication::setApplicationName(QStringLiteral("Quillmere"));
