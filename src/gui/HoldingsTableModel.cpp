@@ -5,6 +5,7 @@
 #include "document/HoldingPresentation.h"
 
 #include <QColor>
+#include <QFont>
 
 using namespace HoldingColumns;
 
@@ -80,7 +81,15 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
         return {};
     case Qt::ToolTipRole:
         if (column == Value || column == InterestEarned)
-            return HoldingPresentation::statusText(holding);
+            return HoldingPresentation::remarkExplanation(holding);
+        return {};
+    case Qt::FontRole:
+        // Values the program computed rather than the Treasury published are set in italics.
+        if ((column == Value || column == InterestEarned) && holding.isValueDerived()) {
+            QFont italic;
+            italic.setItalic(true);
+            return italic;
+        }
         return {};
     default:
         return {};

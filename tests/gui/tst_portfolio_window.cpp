@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QFont>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
@@ -352,6 +353,21 @@ private slots:
         QTRY_COMPARE(alertTexts(window), QStringList{QString::fromLatin1(Holding::NoIssueDataMessage)});
         QCOMPARE(table->model()->index(0, HoldingColumns::IssueDate).data().toString(), before);
         QVERIFY(!window->isWindowModified());
+    }
+
+    // The sample's 2005 EE bond is valued from its fixed rate past the Treasury's files; its 1997
+    // I bond (never issued) has no value at all. Both say so.
+    void computedAndMissingValuesSayWhy()
+    {
+        PortfolioWindow *window = openSample();
+        const QAbstractItemModel *model = window->bondTable()->model();
+        const QModelIndex computed = model->index(1, HoldingColumns::Value);
+        const QModelIndex missing = model->index(6, HoldingColumns::Value);
+        QCOMPARE(model->index(1, HoldingColumns::IssueDate).data().toString(), QStringLiteral("05/2005"));
+        QVERIFY(computed.data(Qt::FontRole).value<QFont>().italic());
+        QVERIFY(computed.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("computed: ")));
+        QVERIFY(!missing.data(Qt::FontRole).value<QFont>().italic());
+        QVERIFY(missing.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("no pricing data: ")));
     }
 
     void aValuationMonthWithoutValuesIsRefused()

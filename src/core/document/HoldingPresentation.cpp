@@ -33,6 +33,16 @@ QString remarkText(const Holding &holding)
     return holding.isValueDerived() ? QString::fromLatin1(ComputedRemark) : QString();
 }
 
+QString remarkExplanation(const Holding &holding)
+{
+    const QString remark = remarkText(holding);
+    if (remark == QLatin1String(ComputedRemark))
+        return remark + QStringLiteral(": ") + Holding::derivedValueNote();
+    if (remark == QLatin1String("no pricing data"))
+        return remark + QStringLiteral(": ") + Holding::noPricingDataAdvice();
+    return remark;
+}
+
 QString percentText(float rate)
 {
     return QString::asprintf("%.2f%%", double(rate));

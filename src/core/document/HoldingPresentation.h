@@ -24,6 +24,9 @@ QString statusText(const Holding &holding);
 // rather than published; empty for neither.
 QString remarkText(const Holding &holding);
 inline constexpr const char *ComputedRemark = "computed";
+// The remark with what it means for the user ("computed: computed by this program, ..."); empty
+// when there is no remark.
+QString remarkExplanation(const Holding &holding);
 // A rate as "3.94%".
 QString percentText(float rate);
 }
