@@ -38,6 +38,8 @@ const ActionSpec Specs[] = {
     {Id::SaveAs, "Save &As…", QKeySequence::SaveAs, nullptr, nullptr},
     {Id::Revert, "&Revert to Saved", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::Print, "Print", QKeySequence::Print, "print", "Print your portfolio"},
+    {Id::PrintPreview, "Print Pre&view…", QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::ExportPdf, "Export as P&DF…", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::Quit, "&Quit", QKeySequence::Quit, nullptr, nullptr},
     {Id::Cut, "Cu&t", QKeySequence::Cut, nullptr, nullptr},
     {Id::Copy, "&Copy", QKeySequence::Copy, nullptr, nullptr},
@@ -49,6 +51,7 @@ const ActionSpec Specs[] = {
      "Export portfolio to Comma Separate Values (CSV) file"},
     {Id::ExportQif, "Export QIF", QKeySequence::UnknownKey, "purple-arrow",
      "Export portfolio to Quicken Interchange Format (QIF) file"},
+    {Id::ImportCsv, "Import CSV", QKeySequence::UnknownKey, "import", "Import bonds from a CSV file"},
     {Id::AddPerson, "Add Person", QKeySequence::UnknownKey, "AddPerson",
      "Add people to your portfolio titleholder's list"},
     {Id::About, "&About Quillmere", QKeySequence::UnknownKey, nullptr, nullptr},
@@ -77,6 +80,11 @@ void PortfolioWindow::createActions()
     m_actions.insert(Id::Undo, undo);
     m_actions.insert(Id::Redo, redo);
     action(Id::AddBond)->setShortcut(QKeySequence(Qt::Key_Insert));
+    // Menu items that open a panel say so; the toolbar keeps the short names.
+    for (Id id : {Id::Print, Id::ExportCsv, Id::ExportQif, Id::ImportCsv}) {
+        action(id)->setIconText(action(id)->text());
+        action(id)->setText(action(id)->text() + QStringLiteral("…"));
+    }
     action(Id::Quit)->setMenuRole(QAction::QuitRole);
     action(Id::About)->setMenuRole(QAction::AboutRole);
 
@@ -100,6 +108,9 @@ void PortfolioWindow::createActions()
     connect(action(Id::RemoveBond), &QAction::triggered, this, &PortfolioWindow::removeSelectedBonds);
     connect(action(Id::ExportCsv), &QAction::triggered, this, &PortfolioWindow::exportCsv);
     connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
+    connect(action(Id::ImportCsv), &QAction::triggered, this, &PortfolioWindow::importCsv);
+    connect(action(Id::PrintPreview), &QAction::triggered, this, &PortfolioWindow::printPreview);
+    connect(action(Id::ExportPdf), &QAction::triggered, this, &PortfolioWindow::exportPdf);
     connect(action(Id::AddPerson), &QAction::triggered, this, &PortfolioWindow::addPeople);
     connect(action(Id::About), &QAction::triggered, this, [this] {
         QMessageBox::about(this, tr("About Quillmere"),
@@ -125,9 +136,13 @@ void PortfolioWindow::createMenus()
     file->addAction(action(Id::SaveAs));
     file->addAction(action(Id::Revert));
     file->addSeparator();
+    file->addAction(action(Id::ImportCsv));
     file->addAction(action(Id::ExportCsv));
     file->addAction(action(Id::ExportQif));
+    file->addSeparator();
     file->addAction(action(Id::Print));
+    file->addAction(action(Id::PrintPreview));
+    file->addAction(action(Id::ExportPdf));
     file->addSeparator();
     file->addAction(action(Id::Quit));
 
@@ -191,6 +206,7 @@ void PortfolioWindow::createToolbar()
     space(false);
     toolbar->addAction(action(Id::ExportCsv));
     toolbar->addAction(action(Id::ExportQif));
+    toolbar->addAction(action(Id::ImportCsv));
     space(false);
     toolbar->addAction(action(Id::AddPerson));
     space(true);
@@ -232,6 +248,9 @@ void PortfolioWindow::updateActions()
     action(Id::AddBond)->setEnabled(true);
     action(Id::RemoveBond)->setEnabled(bondsSelected);
     action(Id::Print)->setEnabled(hasHoldings);
+    action(Id::PrintPreview)->setEnabled(hasHoldings);
+    action(Id::ExportPdf)->setEnabled(hasHoldings);
+    action(Id::ImportCsv)->setEnabled(true);
     action(Id::ExportCsv)->setEnabled(hasHoldings);
     action(Id::ExportQif)->setEnabled(hasHoldings);
     action(Id::AddPerson)->setEnabled(true);

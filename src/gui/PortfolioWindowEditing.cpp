@@ -1,5 +1,5 @@
 // What the window's commands do: bonds added, removed, cut, copied and pasted; people named on
-// bonds and removed; the valuation month; exports and printing; the totals line.
+// bonds and removed; the valuation month; the totals line.
 #include "Alerts.h"
 #include "BondClipboard.h"
 #include "BondTableView.h"
@@ -10,20 +10,14 @@
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
-#include "exchange/HoldingCsv.h"
-#include "exchange/PortfolioQuicken.h"
 #include "model/PeopleStore.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QTimer>
 
 void PortfolioWindow::addBond()
@@ -183,43 +177,6 @@ void PortfolioWindow::addPeople()
     QList<PersonRef> people = m_portfolio->titleHolders();
     people << Person::create(candidates.at(names.indexOf(name)));
     m_portfolio->setTitleHolders(people);
-}
-
-void PortfolioWindow::exportCsv()
-{
-    const QString path = QFileDialog::getSaveFileName(this, tr("Export CSV"), m_portfolio->displayName() + QStringLiteral(".csv"),
-                                                      tr("Comma-separated values (*.csv)"));
-    if (path.isEmpty())
-        return;
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(path, m_portfolio->holdings());
-    if (!outcome.succeeded)
-        QApplication::beep();
-    if (!outcome.message.isEmpty())
-        (outcome.succeeded ? Alerts::inform : Alerts::warn)(this, outcome.title, outcome.message);
-}
-
-void PortfolioWindow::exportQif()
-{
-    const QString directory = QFileDialog::getExistingDirectory(this, tr("Export QIF into folder"));
-    if (directory.isEmpty())
-        return;
-    const auto outcome = QuickenFileSet::exportToQuickenFileSet(*m_portfolio, m_portfolio->holdings(), directory);
-    if (!outcome.message.isEmpty())
-        (outcome.succeeded ? Alerts::inform : Alerts::warn)(this, outcome.title, outcome.message);
-}
-
-void PortfolioWindow::print()
-{
-    QPrinter printer;
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    QPainter painter(&printer);
-    const QRect page = printer.pageLayout().paintRectPixels(printer.resolution());
-    const QSize size = m_bondTable->size();
-    const qreal scale = std::min(qreal(page.width()) / size.width(), qreal(page.height()) / size.height());
-    painter.scale(scale, scale);
-    m_bondTable->render(&painter);
 }
 
 void PortfolioWindow::scheduleTotals()
