@@ -10,6 +10,9 @@
 #include <QPainter>
 #include <QTextLayout>
 
+// The resolution text layout takes tab positions in; it scales them to the paint device itself.
+Q_GUI_EXPORT int qt_defaultDpiY();
+
 namespace {
 
 constexpr float Gap = 14.0f;
@@ -81,8 +84,9 @@ PortfolioPrintLayout::TabSet PortfolioPrintLayout::tabStops(const QPaintDevice &
     for (int i = 0; i < 7; ++i)
         w[i] = width(QLatin1String(ColumnTitles[i]));
     const float decimals = width(QStringLiteral(".88"));
-    auto tab = [this](float at, QTextOption::TabType type) {
-        return QTextOption::Tab(at * m_scale, type, type == QTextOption::DelimiterTab ? QChar('.') : QChar());
+    const double tabUnitsPerPoint = qt_defaultDpiY() / 72.0;
+    auto tab = [tabUnitsPerPoint](float at, QTextOption::TabType type) {
+        return QTextOption::Tab(at * tabUnitsPerPoint, type, type == QTextOption::DelimiterTab ? QChar('.') : QChar());
     };
 
     TabSet tabs;
