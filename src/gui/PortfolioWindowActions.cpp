@@ -3,6 +3,7 @@
 #include "BondTableView.h"
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
+#include "PreferencesDialog.h"
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
 
@@ -54,6 +55,7 @@ const ActionSpec Specs[] = {
     {Id::ImportCsv, "Import CSV", QKeySequence::UnknownKey, "import", "Import bonds from a CSV file"},
     {Id::AddPerson, "Add Person", QKeySequence::UnknownKey, "AddPerson",
      "Add people to your portfolio titleholder's list"},
+    {Id::Preferences, "Pr&eferences…", QKeySequence::Preferences, nullptr, nullptr},
     {Id::About, "&About Quillmere", QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
@@ -87,6 +89,8 @@ void PortfolioWindow::createActions()
     }
     action(Id::Quit)->setMenuRole(QAction::QuitRole);
     action(Id::About)->setMenuRole(QAction::AboutRole);
+    action(Id::Preferences)->setMenuRole(QAction::PreferencesRole);
+    connect(action(Id::Preferences), &QAction::triggered, this, &PreferencesDialog::showPreferences);
 
     DocumentManager &documents = DocumentManager::instance();
     connect(action(Id::New), &QAction::triggered, this, [] { DocumentManager::instance().newDocument(); });
@@ -154,6 +158,8 @@ void PortfolioWindow::createMenus()
     edit->addAction(action(Id::Copy));
     edit->addAction(action(Id::Paste));
     edit->addAction(action(Id::Delete));
+    edit->addSeparator();
+    edit->addAction(action(Id::Preferences));
 
     // The same menu as the bond table's header offers.
     QMenu *view = menuBar()->addMenu(tr("&View"));
