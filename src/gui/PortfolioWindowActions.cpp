@@ -4,6 +4,7 @@
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
 #include "PreferencesDialog.h"
+#include "UpdaterWindow.h"
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
 
@@ -56,6 +57,7 @@ const ActionSpec Specs[] = {
     {Id::AddPerson, "Add Person", QKeySequence::UnknownKey, "AddPerson",
      "Add people to your portfolio titleholder's list"},
     {Id::Preferences, "Pr&eferences…", QKeySequence::Preferences, nullptr, nullptr},
+    {Id::UpdatePrices, "&Update Redemption Values…", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::About, "&About Quillmere", QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
@@ -91,6 +93,11 @@ void PortfolioWindow::createActions()
     action(Id::About)->setMenuRole(QAction::AboutRole);
     action(Id::Preferences)->setMenuRole(QAction::PreferencesRole);
     connect(action(Id::Preferences), &QAction::triggered, this, &PreferencesDialog::showPreferences);
+    // One updater window at a time: every window's item is off while one is open.
+    UpdaterSession &updater = UpdaterSession::instance();
+    connect(action(Id::UpdatePrices), &QAction::triggered, this, [this] { UpdaterSession::instance().showUpdater(this); });
+    connect(&updater, &UpdaterSession::showingChanged, action(Id::UpdatePrices), &QAction::setDisabled);
+    action(Id::UpdatePrices)->setDisabled(updater.isShowing());
 
     DocumentManager &documents = DocumentManager::instance();
     connect(action(Id::New), &QAction::triggered, this, [] { DocumentManager::instance().newDocument(); });
@@ -170,6 +177,9 @@ void PortfolioWindow::createMenus()
     portfolio->addAction(action(Id::AddBond));
     portfolio->addAction(action(Id::RemoveBond));
     portfolio->addAction(action(Id::AddPerson));
+
+    QMenu *tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(action(Id::UpdatePrices));
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(action(Id::About));
