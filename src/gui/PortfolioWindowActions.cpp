@@ -92,6 +92,8 @@ void PortfolioWindow::createActions()
     action(Id::Quit)->setMenuRole(QAction::QuitRole);
     action(Id::About)->setMenuRole(QAction::AboutRole);
     action(Id::Preferences)->setMenuRole(QAction::PreferencesRole);
+    if (action(Id::Preferences)->shortcut().isEmpty()) // desktops without a standard key for it
+        action(Id::Preferences)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     connect(action(Id::Preferences), &QAction::triggered, this, &PreferencesDialog::showPreferences);
     // One updater window at a time: every window's item is off while one is open.
     UpdaterSession &updater = UpdaterSession::instance();
