@@ -4,6 +4,7 @@
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
 #include "PreferencesDialog.h"
+#include "TreasuryFileInstall.h"
 #include "UpdaterWindow.h"
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
@@ -58,6 +59,7 @@ const ActionSpec Specs[] = {
      "Add people to your portfolio titleholder's list"},
     {Id::Preferences, "Pr&eferences…", QKeySequence::Preferences, nullptr, nullptr},
     {Id::UpdatePrices, "&Update Redemption Values…", QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::InstallTreasuryFile, "&Install Treasury Value File…", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::About, "&About Quillmere", QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
@@ -100,6 +102,8 @@ void PortfolioWindow::createActions()
     connect(action(Id::UpdatePrices), &QAction::triggered, this, [this] { UpdaterSession::instance().showUpdater(this); });
     connect(&updater, &UpdaterSession::showingChanged, action(Id::UpdatePrices), &QAction::setDisabled);
     action(Id::UpdatePrices)->setDisabled(updater.isShowing());
+    connect(action(Id::InstallTreasuryFile), &QAction::triggered, this,
+            [this] { TreasuryFileInstall::chooseAndInstall(this); });
 
     DocumentManager &documents = DocumentManager::instance();
     connect(action(Id::New), &QAction::triggered, this, [] { DocumentManager::instance().newDocument(); });
@@ -182,6 +186,7 @@ void PortfolioWindow::createMenus()
 
     QMenu *tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(action(Id::UpdatePrices));
+    tools->addAction(action(Id::InstallTreasuryFile));
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(action(Id::About));

@@ -7,16 +7,24 @@
 
 #include <QComboBox>
 #include <QRadioButton>
+#include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 
 class PreferencesDialogTest : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir m_settings;
+
 private slots:
     void initTestCase()
     {
+        // Settings of this program's own, so that no other test meets the defaults chosen here.
+        QVERIFY(m_settings.isValid());
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
         QStandardPaths::setTestModeEnabled(true);
         UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey), true);
         UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey));

@@ -35,7 +35,6 @@ class UpdaterWindowTest : public QObject
     QString freshDatabase(const QString &fileName)
     {
         const QString path = m_dir.filePath(fileName);
-        QFile::remove(path);
         if (!QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path))
             return {};
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
@@ -57,7 +56,9 @@ private slots:
 
     void init()
     {
-        m_database = freshDatabase(QStringLiteral("bondvalues.bvdb"));
+        // A new name each time: journal files of the last test's database must not meet this one.
+        static int count = 0;
+        m_database = freshDatabase(QStringLiteral("bondvalues-%1.bvdb").arg(++count));
         QVERIFY(!m_database.isEmpty());
         qputenv("QUILLMERE_DATABASE", m_database.toUtf8());
     }
