@@ -32,7 +32,7 @@ public:
     enum class ActionId {
         New, Open, Close, Save, SaveAs, Revert, Print, PrintPreview, ExportPdf, Quit,
         Undo, Redo, Cut, Copy, Paste, Delete,
-        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, About
+        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, About
     };
     static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
 
@@ -69,6 +69,8 @@ public:
     void importCsv();
     void print();
     void printPreview();
+    // A chart of the value of the one selected bond.
+    void showValueChart();
     void exportPdf();
 
     bool save();

@@ -60,6 +60,7 @@ const ActionSpec Specs[] = {
     {Id::Preferences, "Pr&eferences…", QKeySequence::Preferences, nullptr, nullptr},
     {Id::UpdatePrices, "&Update Redemption Values…", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::InstallTreasuryFile, "&Install Treasury Value File…", QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::ValueChart, "Value &Chart…", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::About, "&About Quillmere", QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
@@ -126,6 +127,7 @@ void PortfolioWindow::createActions()
     connect(action(Id::ExportCsv), &QAction::triggered, this, &PortfolioWindow::exportCsv);
     connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
     connect(action(Id::ImportCsv), &QAction::triggered, this, &PortfolioWindow::importCsv);
+    connect(action(Id::ValueChart), &QAction::triggered, this, &PortfolioWindow::showValueChart);
     connect(action(Id::PrintPreview), &QAction::triggered, this, &PortfolioWindow::printPreview);
     connect(action(Id::ExportPdf), &QAction::triggered, this, &PortfolioWindow::exportPdf);
     connect(action(Id::AddPerson), &QAction::triggered, this, &PortfolioWindow::addPeople);
@@ -178,6 +180,7 @@ void PortfolioWindow::createMenus()
     QMenu *view = menuBar()->addMenu(tr("&View"));
     m_columns->columnMenu()->setTitle(tr("&Columns"));
     view->addMenu(m_columns->columnMenu());
+    view->addAction(action(Id::ValueChart));
 
     QMenu *portfolio = menuBar()->addMenu(tr("&Portfolio"));
     portfolio->addAction(action(Id::AddBond));
@@ -270,6 +273,7 @@ void PortfolioWindow::updateActions()
     action(Id::Paste)->setEnabled(true);
     action(Id::AddBond)->setEnabled(true);
     action(Id::RemoveBond)->setEnabled(bondsSelected);
+    action(Id::ValueChart)->setEnabled(m_bondTable->selectionModel()->selectedRows().size() == 1);
     action(Id::Print)->setEnabled(hasHoldings);
     action(Id::PrintPreview)->setEnabled(hasHoldings);
     action(Id::ExportPdf)->setEnabled(hasHoldings);

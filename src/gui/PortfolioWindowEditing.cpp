@@ -8,6 +8,7 @@
 #include "PeopleTableModel.h"
 #include "PortfolioWindow.h"
 #include "ValuationMonthPicker.h"
+#include "ValueChartDialog.h"
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
 #include "model/PeopleStore.h"
@@ -134,6 +135,8 @@ void PortfolioWindow::showBondContextMenu(const QPoint &position)
         }
     }
     menu.addSeparator();
+    menu.addAction(action(ActionId::ValueChart));
+    menu.addSeparator();
     for (ActionId id : {ActionId::Cut, ActionId::Copy, ActionId::Paste, ActionId::RemoveBond, ActionId::AddBond})
         menu.addAction(action(id));
     menu.exec(m_bondTable->viewport()->mapToGlobal(position));
@@ -177,6 +180,15 @@ void PortfolioWindow::addPeople()
     QList<PersonRef> people = m_portfolio->titleHolders();
     people << Person::create(candidates.at(names.indexOf(name)));
     m_portfolio->setTitleHolders(people);
+}
+
+void PortfolioWindow::showValueChart()
+{
+    const QList<HoldingRef> holdings = selectedHoldings();
+    if (holdings.size() != 1)
+        return;
+    auto *chart = new ValueChartDialog(*m_portfolio, holdings.constFirst(), this);
+    chart->show();
 }
 
 void PortfolioWindow::scheduleTotals()
