@@ -39,7 +39,11 @@ ValueChartDialog::ValueChartDialog(const BondPortfolio &portfolio, HoldingRef ho
     const int valuation = MonthIndex::of(portfolio.valueOfDate());
     qreal top = 0;
     for (int month = first; first != MonthIndex::None && month <= last; ++month) {
-        const qreal dollars = qreal(holding->absoluteValueAsOfMonth(month) * holding->quantity()) / 100.0;
+        const Pennies value = holding->absoluteValueAsOfMonth(month) * holding->quantity();
+        // Months without a price (not yet redeemable, or missing data) are left out, not drawn as 0.
+        if (value <= 0)
+            continue;
+        const qreal dollars = qreal(value) / 100.0;
         values->append(monthTime(month), dollars);
         if (month == valuation)
             marked->append(monthTime(month), dollars);

@@ -1,5 +1,5 @@
-// The value chart of one selected bond: a point per month from issue to the database's latest
-// month, and the marked point is the value the bond table shows.
+// The value chart of one selected bond: a point per priced month from issue to the database's
+// latest month, and the marked point is the value the bond table shows.
 #include "BondTableView.h"
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
@@ -52,8 +52,14 @@ private slots:
         auto *values = qobject_cast<QLineSeries *>(series.at(0));
         auto *marked = qobject_cast<QScatterSeries *>(series.at(1));
         QVERIFY(values && marked);
-        QCOMPARE(values->count(), MonthIndex::of(portfolio.assessor().maximumRedemptionDate())
-                                      - MonthIndex::of(holding->issueDate()) + 1);
+        const int months = MonthIndex::of(portfolio.assessor().maximumRedemptionDate()) - MonthIndex::of(holding->issueDate()) + 1;
+        QVERIFY(values->count() > 0 && values->count() <= months);
+        QCOMPARE(values->at(values->count() - 1).x(),
+                 qreal(QDateTime(portfolio.assessor().maximumRedemptionDate().date().addDays(
+                                     1 - portfolio.assessor().maximumRedemptionDate().date().day()), QTime(0, 0))
+                           .toMSecsSinceEpoch()));
+        for (const QPointF &point : values->points())
+            QVERIFY(point.y() > 0);
         QCOMPARE(marked->count(), 1);
         QCOMPARE(qRound64(marked->at(0).y() * 100), holding->value());
         delete window;
