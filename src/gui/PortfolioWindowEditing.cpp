@@ -5,17 +5,16 @@
 #include "BondTableView.h"
 #include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
+#include "PeoplePickerDialog.h"
 #include "PeopleTableModel.h"
 #include "PortfolioWindow.h"
 #include "ValuationMonthPicker.h"
 #include "ValueChartDialog.h"
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
-#include "model/PeopleStore.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
@@ -155,31 +154,10 @@ bool PortfolioWindow::requestValueOfDate(const QDateTime &month)
 
 void PortfolioWindow::addPeople()
 {
-    PeopleStore &store = m_portfolio->peopleStore();
-    QList<std::shared_ptr<PersonRecord>> candidates;
-    QStringList names;
-    for (const auto &record : store.records()) {
-        const PersonRef person = Person::create(record);
-        const bool listed = std::any_of(m_portfolio->titleHolders().cbegin(), m_portfolio->titleHolders().cend(),
-                                        [&person](const PersonRef &p) { return samePerson(p.get(), person.get()); });
-        if (!listed) {
-            candidates << record;
-            names << person->name();
-        }
-    }
-    if (candidates.isEmpty()) {
-        Alerts::inform(this, tr("Add Person"), tr("Everyone in your address book (%1) is already listed.")
-                                                    .arg(store.path()));
-        return;
-    }
-    bool chosen = false;
-    const QString name = QInputDialog::getItem(this, tr("Add Person"), tr("Person to add to the title holders:"),
-                                               names, 0, false, &chosen);
-    if (!chosen)
-        return;
-    QList<PersonRef> people = m_portfolio->titleHolders();
-    people << Person::create(candidates.at(names.indexOf(name)));
-    m_portfolio->setTitleHolders(people);
+    auto *picker = new PeoplePickerDialog(*m_portfolio, this);
+    picker->setAttribute(Qt::WA_DeleteOnClose);
+    picker->setWindowModality(Qt::WindowModal);
+    picker->open();
 }
 
 void PortfolioWindow::showValueChart()
