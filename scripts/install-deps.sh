@@ -5,9 +5,9 @@ SUDO=""
 if [ "$(id -u)" -ne 0 ]; then SUDO="sudo"; fi
 packages=(
   build-essential cmake ninja-build pkg-config
-  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-svg-dev qt6-charts-dev
+  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-svg-dev qt6-charts-dev libqt6opengl6-dev
   libgl-dev
-  libsqlite3-dev sqlite3 libplist-dev
+  libsqlite3-dev sqlite3 libplist-dev poppler-utils
   libgtest-dev libgmock-dev libbenchmark-dev
   python3 clang libclang-rt-14-dev
 )

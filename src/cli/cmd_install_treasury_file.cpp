@@ -50,15 +50,7 @@ int run(const QStringList &arguments)
             OfficialSourceInstaller::install(connection.handle(), {QFileInfo(file).fileName(), contents.records});
         if (!outcome.ok())
             return cliFail(outcome.error);
-        cliOut() << "Installed " << QFileInfo(file).fileName() << ": " << outcome.installedRecords
-                 << " new records, " << outcome.unchangedRecords << " already installed, "
-                 << outcome.filledRecords << " completed, " << outcome.replacedDerivedValues
-                 << " derived values replaced by official ones, " << outcome.carriedValues
-                 << " values of matured bonds carried forward, " << outcome.computedValues
-                 << " values of fixed-rate EE bonds computed; redemption months "
-                 << monthText(outcome.minimum) << " to " << monthText(outcome.maximum) << '\n';
-        if (!outcome.derivedDifferences.isEmpty())
-            cliOut() << "Note: " << outcome.derivedDifferences << '\n';
+        cliOut() << OfficialSourceInstaller::summary(QFileInfo(file).fileName(), outcome) << '\n';
     }
     return 0;
 }

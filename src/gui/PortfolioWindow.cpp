@@ -5,6 +5,7 @@
 #include "BondTableView.h"
 #include "ColorCircleDelegate.h"
 #include "DocumentManager.h"
+#include "ExchangePanels.h"
 #include "HoldingColumns.h"
 #include "HoldingDelegate.h"
 #include "HoldingsFilterModel.h"
@@ -29,6 +30,7 @@
 PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
     : QMainWindow(parent)
     , m_portfolio(portfolio)
+    , m_panels(std::make_unique<ExchangePanels>())
 {
     setObjectName(QStringLiteral("BondPortfolio"));
     m_holdingsModel = new HoldingsTableModel(portfolio, this);
@@ -190,6 +192,8 @@ bool PortfolioWindow::save()
 {
     if (m_portfolio->fileName().isEmpty())
         return saveAs();
+    if (!confirmSaveWithoutMissingPeople())
+        return false;
     QString error;
     if (!m_portfolio->saveToFile(m_portfolio->fileName(), &error)) {
         QApplication::beep();
@@ -201,6 +205,8 @@ bool PortfolioWindow::save()
 
 bool PortfolioWindow::saveAs(const QString &given)
 {
+    if (!confirmSaveWithoutMissingPeople())
+        return false;
     QString path = given;
     if (path.isEmpty()) {
         const QString extension = QString::fromLatin1(PortfolioFile::Extension);

@@ -12,6 +12,7 @@
 class BondPortfolio;
 class BondTableColumns;
 class BondTableView;
+class ExchangePanels;
 class HoldingsFilterModel;
 class HoldingsTableModel;
 class InterestSummaryModel;
@@ -19,6 +20,7 @@ class PeopleTableModel;
 class QAction;
 class QLabel;
 class QMenu;
+class QPrinter;
 class QRadioButton;
 class QTableView;
 class ValuationMonthPicker;
@@ -28,9 +30,9 @@ class PortfolioWindow : public QMainWindow
     Q_OBJECT
 public:
     enum class ActionId {
-        New, Open, Close, Save, SaveAs, Revert, Print, Quit,
+        New, Open, Close, Save, SaveAs, Revert, Print, PrintPreview, ExportPdf, Quit,
         Undo, Redo, Cut, Copy, Paste, Delete,
-        AddBond, RemoveBond, ExportCsv, ExportQif, AddPerson, About
+        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, About
     };
     static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
 
@@ -49,6 +51,8 @@ public:
     ValuationMonthPicker *valuationPicker() const { return m_picker; }
     QString totalsText() const;
 
+    // The holdings the bond table shows, filtered and sorted as shown.
+    QList<HoldingRef> arrangedHoldings() const;
     // The holdings selected in the bond table, in the order shown.
     QList<HoldingRef> selectedHoldings() const;
     QList<PersonRef> selectedPeople() const;
@@ -57,6 +61,17 @@ public:
     void nameBonds(const QList<HoldingRef> &holdings, const PersonRef &person, PeopleTableView::Role role);
     // Sets the valuation month if the database has values for it; otherwise says so and keeps it.
     bool requestValueOfDate(const QDateTime &month);
+
+    // Replaces the panels and alerts of the export and import commands (tests answer for the user).
+    void setExchangePanels(std::unique_ptr<ExchangePanels> panels);
+    void exportCsv();
+    void exportQif();
+    void importCsv();
+    void print();
+    void printPreview();
+    // A chart of the value of the one selected bond.
+    void showValueChart();
+    void exportPdf();
 
     bool save();
     bool saveAs(const QString &path = QString());
@@ -83,9 +98,10 @@ private:
     void showBondContextMenu(const QPoint &position);
     void bondsDropped(const QList<int> &rows, int personRow, PeopleTableView::Role role);
     void addPeople();
-    void exportCsv();
-    void exportQif();
-    void print();
+    // In PortfolioWindowExchange.cpp.
+    bool confirmSaveWithoutMissingPeople();
+    // In PortfolioWindowPrinting.cpp: false, with a beep, when the page holds no band.
+    bool printOn(QPrinter &printer);
     void scheduleTotals();
     void updateTotals();
     // In PortfolioWindow.cpp.
@@ -111,4 +127,8 @@ private:
     ValuationMonthPicker *m_picker = nullptr;
     QMenu *m_recentMenu = nullptr;
     QHash<ActionId, QAction *> m_actions;
+    std::unique_ptr<ExchangePanels> m_panels;
+    // The option rows keep what the user left chosen, for the next export or import.
+    int m_exportRow = 0;
+    int m_importRow = 0;
 };

@@ -3,6 +3,9 @@
 #include "BondTableView.h"
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
+#include "PreferencesDialog.h"
+#include "TreasuryFileInstall.h"
+#include "UpdaterWindow.h"
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
 
@@ -38,6 +41,8 @@ const ActionSpec Specs[] = {
     {Id::SaveAs, "Save &As…", QKeySequence::SaveAs, nullptr, nullptr},
     {Id::Revert, "&Revert to Saved", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::Print, "Print", QKeySequence::Print, "print", "Print your portfolio"},
+    {Id::PrintPreview, "Print Pre&view…", QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::ExportPdf, "Export as P&DF…", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::Quit, "&Quit", QKeySequence::Quit, nullptr, nullptr},
     {Id::Cut, "Cu&t", QKeySequence::Cut, nullptr, nullptr},
     {Id::Copy, "&Copy", QKeySequence::Copy, nullptr, nullptr},
@@ -49,8 +54,13 @@ const ActionSpec Specs[] = {
      "Export portfolio to Comma Separate Values (CSV) file"},
     {Id::ExportQif, "Export QIF", QKeySequence::UnknownKey, "purple-arrow",
      "Export portfolio to Quicken Interchange Format (QIF) file"},
+    {Id::ImportCsv, "Import CSV", QKeySequence::UnknownKey, "import", "Import bonds from a CSV file"},
     {Id::AddPerson, "Add Person", QKeySequence::UnknownKey, "AddPerson",
      "Add people to your portfolio titleholder's list"},
+    {Id::Preferences, "Pr&eferences…", QKeySequence::Preferences, nullptr, nullptr},
+    {Id::UpdatePrices, "&Update Redemption Values…", QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::InstallTreasuryFile, "&Install Treasury Value File…", QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::ValueChart, "Value &Chart…", QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::About, "&About Quillmere", QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
@@ -77,8 +87,24 @@ void PortfolioWindow::createActions()
     m_actions.insert(Id::Undo, undo);
     m_actions.insert(Id::Redo, redo);
     action(Id::AddBond)->setShortcut(QKeySequence(Qt::Key_Insert));
+    // Menu items that open a panel say so; the toolbar keeps the short names.
+    for (Id id : {Id::Print, Id::ExportCsv, Id::ExportQif, Id::ImportCsv}) {
+        action(id)->setIconText(action(id)->text());
+        action(id)->setText(action(id)->text() + QStringLiteral("…"));
+    }
     action(Id::Quit)->setMenuRole(QAction::QuitRole);
     action(Id::About)->setMenuRole(QAction::AboutRole);
+    action(Id::Preferences)->setMenuRole(QAction::PreferencesRole);
+    if (action(Id::Preferences)->shortcut().isEmpty()) // desktops without a standard key for it
+        action(Id::Preferences)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    connect(action(Id::Preferences), &QAction::triggered, this, &PreferencesDialog::showPreferences);
+    // One updater window at a time: every window's item is off while one is open.
+    UpdaterSession &updater = UpdaterSession::instance();
+    connect(action(Id::UpdatePrices), &QAction::triggered, this, [this] { UpdaterSession::instance().showUpdater(this); });
+    connect(&updater, &UpdaterSession::showingChanged, action(Id::UpdatePrices), &QAction::setDisabled);
+    action(Id::UpdatePrices)->setDisabled(updater.isShowing());
+    connect(action(Id::InstallTreasuryFile), &QAction::triggered, this,
+            [this] { TreasuryFileInstall::chooseAndInstall(this); });
 
     DocumentManager &documents = DocumentManager::instance();
     connect(action(Id::New), &QAction::triggered, this, [] { DocumentManager::instance().newDocument(); });
@@ -100,6 +126,10 @@ void PortfolioWindow::createActions()
     connect(action(Id::RemoveBond), &QAction::triggered, this, &PortfolioWindow::removeSelectedBonds);
     connect(action(Id::ExportCsv), &QAction::triggered, this, &PortfolioWindow::exportCsv);
     connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
+    connect(action(Id::ImportCsv), &QAction::triggered, this, &PortfolioWindow::importCsv);
+    connect(action(Id::ValueChart), &QAction::triggered, this, &PortfolioWindow::showValueChart);
+    connect(action(Id::PrintPreview), &QAction::triggered, this, &PortfolioWindow::printPreview);
+    connect(action(Id::ExportPdf), &QAction::triggered, this, &PortfolioWindow::exportPdf);
     connect(action(Id::AddPerson), &QAction::triggered, this, &PortfolioWindow::addPeople);
     connect(action(Id::About), &QAction::triggered, this, [this] {
         QMessageBox::about(this, tr("About Quillmere"),
@@ -125,9 +155,13 @@ void PortfolioWindow::createMenus()
     file->addAction(action(Id::SaveAs));
     file->addAction(action(Id::Revert));
     file->addSeparator();
+    file->addAction(action(Id::ImportCsv));
     file->addAction(action(Id::ExportCsv));
     file->addAction(action(Id::ExportQif));
+    file->addSeparator();
     file->addAction(action(Id::Print));
+    file->addAction(action(Id::PrintPreview));
+    file->addAction(action(Id::ExportPdf));
     file->addSeparator();
     file->addAction(action(Id::Quit));
 
@@ -139,16 +173,23 @@ void PortfolioWindow::createMenus()
     edit->addAction(action(Id::Copy));
     edit->addAction(action(Id::Paste));
     edit->addAction(action(Id::Delete));
+    edit->addSeparator();
+    edit->addAction(action(Id::Preferences));
 
     // The same menu as the bond table's header offers.
     QMenu *view = menuBar()->addMenu(tr("&View"));
     m_columns->columnMenu()->setTitle(tr("&Columns"));
     view->addMenu(m_columns->columnMenu());
+    view->addAction(action(Id::ValueChart));
 
     QMenu *portfolio = menuBar()->addMenu(tr("&Portfolio"));
     portfolio->addAction(action(Id::AddBond));
     portfolio->addAction(action(Id::RemoveBond));
     portfolio->addAction(action(Id::AddPerson));
+
+    QMenu *tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(action(Id::UpdatePrices));
+    tools->addAction(action(Id::InstallTreasuryFile));
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(action(Id::About));
@@ -191,6 +232,7 @@ void PortfolioWindow::createToolbar()
     space(false);
     toolbar->addAction(action(Id::ExportCsv));
     toolbar->addAction(action(Id::ExportQif));
+    toolbar->addAction(action(Id::ImportCsv));
     space(false);
     toolbar->addAction(action(Id::AddPerson));
     space(true);
@@ -231,7 +273,11 @@ void PortfolioWindow::updateActions()
     action(Id::Paste)->setEnabled(true);
     action(Id::AddBond)->setEnabled(true);
     action(Id::RemoveBond)->setEnabled(bondsSelected);
+    action(Id::ValueChart)->setEnabled(m_bondTable->selectionModel()->selectedRows().size() == 1);
     action(Id::Print)->setEnabled(hasHoldings);
+    action(Id::PrintPreview)->setEnabled(hasHoldings);
+    action(Id::ExportPdf)->setEnabled(hasHoldings);
+    action(Id::ImportCsv)->setEnabled(true);
     action(Id::ExportCsv)->setEnabled(hasHoldings);
     action(Id::ExportQif)->setEnabled(hasHoldings);
     action(Id::AddPerson)->setEnabled(true);

@@ -1,29 +1,23 @@
 // What the window's commands do: bonds added, removed, cut, copied and pasted; people named on
-// bonds and removed; the valuation month; exports and printing; the totals line.
+// bonds and removed; the valuation month; the totals line.
 #include "Alerts.h"
 #include "BondClipboard.h"
 #include "BondTableView.h"
 #include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
+#include "PeoplePickerDialog.h"
 #include "PeopleTableModel.h"
 #include "PortfolioWindow.h"
 #include "ValuationMonthPicker.h"
+#include "ValueChartDialog.h"
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
-#include "exchange/HoldingCsv.h"
-#include "exchange/PortfolioQuicken.h"
-#include "model/PeopleStore.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
-#include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QTimer>
 
 void PortfolioWindow::addBond()
@@ -140,6 +134,8 @@ void PortfolioWindow::showBondContextMenu(const QPoint &position)
         }
     }
     menu.addSeparator();
+    menu.addAction(action(ActionId::ValueChart));
+    menu.addSeparator();
     for (ActionId id : {ActionId::Cut, ActionId::Copy, ActionId::Paste, ActionId::RemoveBond, ActionId::AddBond})
         menu.addAction(action(id));
     menu.exec(m_bondTable->viewport()->mapToGlobal(position));
@@ -158,68 +154,19 @@ bool PortfolioWindow::requestValueOfDate(const QDateTime &month)
 
 void PortfolioWindow::addPeople()
 {
-    PeopleStore &store = m_portfolio->peopleStore();
-    QList<std::shared_ptr<PersonRecord>> candidates;
-    QStringList names;
-    for (const auto &record : store.records()) {
-        const PersonRef person = Person::create(record);
-        const bool listed = std::any_of(m_portfolio->titleHolders().cbegin(), m_portfolio->titleHolders().cend(),
-                                        [&person](const PersonRef &p) { return samePerson(p.get(), person.get()); });
-        if (!listed) {
-            candidates << record;
-            names << person->name();
-        }
-    }
-    if (candidates.isEmpty()) {
-        Alerts::inform(this, tr("Add Person"), tr("Everyone in your address book (%1) is already listed.")
-                                                    .arg(store.path()));
-        return;
-    }
-    bool chosen = false;
-    const QString name = QInputDialog::getItem(this, tr("Add Person"), tr("Person to add to the title holders:"),
-                                               names, 0, false, &chosen);
-    if (!chosen)
-        return;
-    QList<PersonRef> people = m_portfolio->titleHolders();
-    people << Person::create(candidates.at(names.indexOf(name)));
-    m_portfolio->setTitleHolders(people);
+    auto *picker = new PeoplePickerDialog(*m_portfolio, this);
+    picker->setAttribute(Qt::WA_DeleteOnClose);
+    picker->setWindowModality(Qt::WindowModal);
+    picker->open();
 }
 
-void PortfolioWindow::exportCsv()
+void PortfolioWindow::showValueChart()
 {
-    const QString path = QFileDialog::getSaveFileName(this, tr("Export CSV"), m_portfolio->displayName() + QStringLiteral(".csv"),
-                                                      tr("Comma-separated values (*.csv)"));
-    if (path.isEmpty())
+    const QList<HoldingRef> holdings = selectedHoldings();
+    if (holdings.size() != 1)
         return;
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(path, m_portfolio->holdings());
-    if (!outcome.succeeded)
-        QApplication::beep();
-    if (!outcome.message.isEmpty())
-        (outcome.succeeded ? Alerts::inform : Alerts::warn)(this, outcome.title, outcome.message);
-}
-
-void PortfolioWindow::exportQif()
-{
-    const QString directory = QFileDialog::getExistingDirectory(this, tr("Export QIF into folder"));
-    if (directory.isEmpty())
-        return;
-    const auto outcome = QuickenFileSet::exportToQuickenFileSet(*m_portfolio, m_portfolio->holdings(), directory);
-    if (!outcome.message.isEmpty())
-        (outcome.succeeded ? Alerts::inform : Alerts::warn)(this, outcome.title, outcome.message);
-}
-
-void PortfolioWindow::print()
-{
-    QPrinter printer;
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    QPainter painter(&printer);
-    const QRect page = printer.pageLayout().paintRectPixels(printer.resolution());
-    const QSize size = m_bondTable->size();
-    const qreal scale = std::min(qreal(page.width()) / size.width(), qreal(page.height()) / size.height());
-    painter.scale(scale, scale);
-    m_bondTable->render(&painter);
+    auto *chart = new ValueChartDialog(*m_portfolio, holdings.constFirst(), this);
+    chart->show();
 }
 
 void PortfolioWindow::scheduleTotals()

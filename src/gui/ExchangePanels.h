@@ -1,0 +1,31 @@
+#pragma once
+// The file panels and alerts of the export and import commands. The window asks through this
+// interface, so that tests can answer in place of the user without a modal loop.
+#include <QString>
+#include <optional>
+
+class QWidget;
+
+class ExchangePanels
+{
+public:
+    // What the user chose in a panel: a path and the row of its option control.
+    struct Choice
+    {
+        QString path;
+        int row = 0;
+    };
+
+    virtual ~ExchangePanels() = default;
+
+    // The save panel of the CSV export. The all/selected control is shown only when
+    // offerSelection is true; row is the row it starts on. Empty when cancelled.
+    virtual std::optional<Choice> chooseCsvExportFile(QWidget *parent, bool offerSelection, int row);
+    // The directory panel of the QIF export, with the same control under the same rule.
+    virtual std::optional<Choice> chooseQifExportDirectory(QWidget *parent, bool offerSelection, int row);
+    // The open panel of the import, always with the format control (row 0 own format).
+    virtual std::optional<Choice> chooseCsvImportFile(QWidget *parent, int row);
+    // A modal alert with the single button "Continue"; warning shows the caution icon.
+    virtual void alert(QWidget *parent, const QString &title, const QString &message, bool warning);
+    virtual void beep();
+};

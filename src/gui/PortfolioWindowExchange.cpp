@@ -1,0 +1,86 @@
+// The window's export and import commands: the panels ask, the core writes and reads, the
+// alerts report what the core's outcome says.
+#include "ExchangePanels.h"
+#include "PortfolioWindow.h"
+#include "document/BondPortfolio.h"
+#include "exchange/CsvImportFormat.h"
+#include "exchange/ExportChoice.h"
+#include "exchange/HoldingCsv.h"
+#include "exchange/PortfolioCsvImport.h"
+#include "exchange/PortfolioQuicken.h"
+#include "model/PeopleStore.h"
+
+#include <QDebug>
+#include <QMessageBox>
+#include <QPushButton>
+
+void PortfolioWindow::setExchangePanels(std::unique_ptr<ExchangePanels> panels)
+{
+    m_panels = std::move(panels);
+}
+
+void PortfolioWindow::exportCsv()
+{
+    const QList<HoldingRef> selected = selectedHoldings();
+    const auto choice = m_panels->chooseCsvExportFile(this, !selected.isEmpty(), m_exportRow);
+    if (!choice)
+        return;
+    if (!selected.isEmpty())
+        m_exportRow = choice->row;
+    const QList<HoldingRef> holdings = ExportChoice::holdingsToExport(m_portfolio->holdings(), selected, choice->row);
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(choice->path, holdings);
+    if (!outcome.succeeded) {
+        qWarning().noquote() << "CSV export failed:" << outcome.detail;
+        m_panels->beep();
+    }
+}
+
+void PortfolioWindow::exportQif()
+{
+    const QList<HoldingRef> selected = selectedHoldings();
+    const auto choice = m_panels->chooseQifExportDirectory(this, !selected.isEmpty(), m_exportRow);
+    if (!choice)
+        return;
+    if (!selected.isEmpty())
+        m_exportRow = choice->row;
+    const QList<HoldingRef> chosen = ExportChoice::holdingsToExport(m_portfolio->holdings(), selected, choice->row);
+    const auto outcome = QuickenFileSet::exportToQuickenFileSet(*m_portfolio, chosen, choice->path);
+    if (!outcome.succeeded) {
+        qWarning().noquote() << "QIF export failed:" << outcome.detail;
+        m_panels->beep();
+    }
+    if (!outcome.title.isEmpty())
+        m_panels->alert(this, outcome.title, outcome.message, !outcome.succeeded);
+}
+
+void PortfolioWindow::importCsv()
+{
+    const auto choice = m_panels->chooseCsvImportFile(this, m_importRow);
+    if (!choice)
+        return;
+    m_importRow = choice->row;
+    const CsvImportOutcome outcome =
+        PortfolioCsvImport::importCSVFileAtPath(*m_portfolio, choice->path, CsvImportFormats::fromRow(choice->row));
+    if (!outcome.detail.isEmpty())
+        qWarning().noquote() << "CSV import:" << outcome.detail;
+    if (!outcome.title.isEmpty())
+        m_panels->alert(this, outcome.title, outcome.message, !outcome.succeeded);
+}
+
+bool PortfolioWindow::confirmSaveWithoutMissingPeople()
+{
+    // Saving keeps only the people the store knows; never drop the others unasked.
+    const int missing = m_portfolio->missingPeopleCount();
+    if (missing == 0)
+        return true;
+    QMessageBox box(QMessageBox::Warning, tr("People missing from the address book"),
+                    tr("%n person(s) named in this portfolio cannot be found in %1.", nullptr, missing)
+                        .arg(m_portfolio->peopleStore().path()),
+                    QMessageBox::Save | QMessageBox::Cancel, this);
+    box.setInformativeText(tr("Saving now leaves them out, with every role that names them. Open the portfolio "
+                              "with the address book that holds them to keep them."));
+    box.button(QMessageBox::Save)->setText(tr("Save Without Them"));
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.setWindowModality(Qt::WindowModal);
+    return box.exec() == QMessageBox::Save;
+}

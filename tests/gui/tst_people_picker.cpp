@@ -1,0 +1,97 @@
+// The people picker and the person creator: the add button's title and enabling, people added
+// once only, and a new person kept in the store and added to the portfolio.
+#include "DocumentManager.h"
+#include "PeoplePickerDialog.h"
+#include "PortfolioWindow.h"
+#include "document/BondPortfolio.h"
+#include "model/PeopleStore.h"
+#include "model/Person.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+class PeoplePickerTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    PortfolioWindow *m_window = nullptr;
+
+private slots:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        QVERIFY(m_dir.isValid());
+        QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
+        QFile::setPermissions(m_dir.filePath("people.vcf"), QFile::ReadOwner | QFile::WriteOwner);
+        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
+        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+    }
+
+    void init()
+    {
+        m_window = DocumentManager::instance().openFile(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"));
+        QVERIFY(m_window);
+    }
+
+    void cleanup()
+    {
+        m_window->portfolio()->markSaved();
+        delete m_window;
+    }
+
+    void addButtonFollowsTheSelection()
+    {
+        PeoplePickerDialog picker(*m_window->portfolio());
+        QListWidget *list = picker.peopleList();
+        QVERIFY(list->count() >= 2);
+        QVERIFY(!picker.addButton()->isEnabled());
+        list->item(0)->setSelected(true);
+        QCOMPARE(picker.addButton()->text(), QStringLiteral("Add Person"));
+        QVERIFY(picker.addButton()->isEnabled());
+        list->item(1)->setSelected(true);
+        QCOMPARE(picker.addButton()->text(), QStringLiteral("Add People"));
+        list->clearSelection();
+        QVERIFY(!picker.addButton()->isEnabled());
+        QCOMPARE(picker.addButton()->text(), QStringLiteral("Add People")); // title left as it was
+    }
+
+    void everyoneIsAddedOnce()
+    {
+        BondPortfolio &portfolio = *m_window->portfolio();
+        PeoplePickerDialog picker(portfolio);
+        picker.peopleList()->selectAll();
+        picker.addSelectedPeople();
+        picker.addSelectedPeople();
+        const QList<PersonRef> people = portfolio.titleHolders();
+        QCOMPARE(people.size(), portfolio.peopleStore().records().size());
+        for (qsizetype i = 0; i < people.size(); ++i)
+            for (qsizetype j = i + 1; j < people.size(); ++j)
+                QVERIFY(!samePerson(people.at(i).get(), people.at(j).get()));
+    }
+
+    void creatorNeedsBothNamesAndKeepsThePerson()
+    {
+        BondPortfolio &portfolio = *m_window->portfolio();
+        const qsizetype holders = portfolio.titleHolders().size();
+        PersonCreatorDialog creator(portfolio);
+        creator.firstNameField()->setText(QStringLiteral("Ada"));
+        QVERIFY(!creator.addButton()->isEnabled());
+        creator.lastNameField()->setText(QStringLiteral("Quill"));
+        QVERIFY(creator.addButton()->isEnabled());
+        QTest::mouseClick(creator.addButton(), Qt::LeftButton);
+        QCOMPARE(portfolio.titleHolders().size(), holders + 1);
+        PeopleStore reread(portfolio.peopleStore().path());
+        const auto found = reread.recordsWithLastNamePrefix(QStringLiteral("Quill"));
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(found.constFirst()->firstName, QStringLiteral("Ada"));
+        QVERIFY(found.constFirst()->emails.isEmpty());
+    }
+};
+
+QTEST_MAIN(PeoplePickerTest)
+#include "tst_people_picker.moc"

@@ -1,0 +1,179 @@
+// The export and import commands as the user drives them: which panel offers the all/selected
+// rows, what gets written, and the alerts' exact texts, with the panels answered by the test.
+#include "BondTableView.h"
+#include "DocumentManager.h"
+#include "ExchangePanels.h"
+#include "PortfolioWindow.h"
+#include "document/BondPortfolio.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUndoStack>
+
+namespace {
+
+// Answers every panel with a prepared path and row, and keeps what the window asked and said.
+struct ScriptedPanels : ExchangePanels
+{
+    QString path;
+    int row = 0;
+    bool offeredSelection = false;
+    QStringList alerts; // "title|message"
+    int beeps = 0;
+
+    std::optional<Choice> answer(bool offer)
+    {
+        offeredSelection = offer;
+        return Choice{path, row};
+    }
+    std::optional<Choice> chooseCsvExportFile(QWidget *, bool offer, int) override { return answer(offer); }
+    std::optional<Choice> chooseQifExportDirectory(QWidget *, bool offer, int) override { return answer(offer); }
+    std::optional<Choice> chooseCsvImportFile(QWidget *, int) override { return answer(false); }
+    void alert(QWidget *, const QString &title, const QString &message, bool) override
+    {
+        alerts << title + QLatin1Char('|') + message;
+    }
+    void beep() override { ++beeps; }
+};
+
+} // namespace
+
+class PortfolioExchangeTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    PortfolioWindow *m_window = nullptr;
+    ScriptedPanels *m_panels = nullptr;
+
+    void selectFirstBonds(int count)
+    {
+        QItemSelectionModel *selection = m_window->bondTable()->selectionModel();
+        for (int row = 0; row < count; ++row)
+            selection->select(m_window->bondTable()->model()->index(row, 0),
+                              QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        QVERIFY(m_dir.isValid());
+        QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
+        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
+        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+    }
+
+    void init()
+    {
+        m_window = DocumentManager::instance().openFile(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"));
+        QVERIFY(m_window);
+        QVERIFY(m_window->portfolio()->holdings().size() >= 3);
+        m_panels = new ScriptedPanels;
+        m_window->setExchangePanels(std::unique_ptr<ExchangePanels>(m_panels));
+    }
+
+    void cleanup()
+    {
+        m_window->portfolio()->markSaved();
+        delete m_window;
+    }
+
+    void csvExportWritesWhatTheRowsChoose_data()
+    {
+        QTest::addColumn<int>("selected");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<bool>("offered");
+        QTest::addColumn<bool>("onlySelected");
+        QTest::newRow("no selection") << 0 << 1 << false << false;
+        QTest::newRow("selection, all bonds") << 2 << 0 << true << false;
+        QTest::newRow("selection, selected only") << 2 << 1 << true << true;
+    }
+    void csvExportWritesWhatTheRowsChoose()
+    {
+        QFETCH(int, selected);
+        QFETCH(int, row);
+        QFETCH(bool, offered);
+        QFETCH(bool, onlySelected);
+        selectFirstBonds(selected);
+        m_panels->path = m_dir.filePath(QStringLiteral("export.csv"));
+        m_panels->row = row;
+        m_window->action(PortfolioWindow::ActionId::ExportCsv)->trigger();
+        QCOMPARE(m_panels->offeredSelection, offered);
+        QFile file(m_panels->path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const qsizetype lines = file.readAll().count('\n');
+        QCOMPARE(lines - 1, onlySelected ? selected : m_window->portfolio()->holdings().size());
+        QVERIFY(m_panels->alerts.isEmpty());
+        QVERIFY(!m_window->portfolio()->isEdited());
+    }
+
+    void aFailedCsvWriteOnlyBeeps()
+    {
+        m_panels->path = m_dir.filePath(QStringLiteral("no such folder/export.csv"));
+        m_window->exportCsv();
+        QCOMPARE(m_panels->beeps, 1);
+        QVERIFY(m_panels->alerts.isEmpty());
+    }
+
+    void qifExportAlerts_data()
+    {
+        QTest::addColumn<bool>("writable");
+        QTest::addColumn<QString>("alert");
+        QTest::addColumn<int>("beeps");
+        QTest::newRow("written") << true << "Export complete|You may now import your portfolio positions and "
+                                            "pricelist from the files in %1" << 0;
+        QTest::newRow("not written") << false << "Alert|Unable to export data" << 1;
+    }
+    void qifExportAlerts()
+    {
+        QFETCH(bool, writable);
+        QFETCH(QString, alert);
+        QFETCH(int, beeps);
+        m_panels->path = m_dir.filePath(writable ? QStringLiteral("qif") : QStringLiteral("missing/deeper"));
+        if (writable)
+            QVERIFY(QDir().mkpath(m_panels->path));
+        m_window->exportQif();
+        QCOMPARE(m_panels->alerts, QStringList{alert.contains(QLatin1String("%1")) ? alert.arg(m_panels->path) : alert});
+        QCOMPARE(m_panels->beeps, beeps);
+        QCOMPARE(QFile::exists(m_panels->path + QStringLiteral("/PriceList.qif")), writable);
+    }
+
+    void importIsOneEditWithItsAlert_data()
+    {
+        QTest::addColumn<int>("format");
+        QTest::addColumn<int>("added");
+        QTest::addColumn<QString>("alert");
+        QTest::newRow("own format") << 0 << 2 << "Import Complete|Imported 2 out of 2 bonds. (HH/H bonds not supported)";
+        QTest::newRow("read as the Wizard's")
+            << 1 << 0
+            << "Import file corrupt|The file you selected does not appear to be a CSV file produced by the Treasury "
+               "Department's Savings Bond Wizard.  Please verify your choice and try again.";
+    }
+    void importIsOneEditWithItsAlert()
+    {
+        QFETCH(int, format);
+        QFETCH(int, added);
+        QFETCH(QString, alert);
+        const QString path = m_dir.filePath(QStringLiteral("import.csv"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write("Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
+                   "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n");
+        file.close();
+        const qsizetype before = m_window->portfolio()->holdings().size();
+        m_panels->path = path;
+        m_panels->row = format;
+        m_window->action(PortfolioWindow::ActionId::ImportCsv)->trigger();
+        QCOMPARE(m_panels->alerts, QStringList{alert});
+        QCOMPARE(m_window->portfolio()->holdings().size(), before + added);
+        QCOMPARE(m_window->portfolio()->isEdited(), added > 0);
+    }
+};
+
+QTEST_MAIN(PortfolioExchangeTest)
+#include "tst_portfolio_exchange.moc"

@@ -1,0 +1,102 @@
+// The printed portfolio, written to PDF and read back with poppler's tools: pages for H and
+// H + 1 holdings, both header lines, the page numbers, and an amount of 0 left empty.
+#include "DocumentManager.h"
+#include "PortfolioPrintLayout.h"
+#include "PortfolioWindow.h"
+#include "document/BondPortfolio.h"
+
+#include <QPdfWriter>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+class PortfolioPrintTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    static QString run(const QString &program, const QStringList &arguments)
+    {
+        QProcess process;
+        process.start(program, arguments);
+        process.waitForFinished();
+        return QString::fromUtf8(process.readAllStandardOutput());
+    }
+
+    // Letter with a 90-point top margin: (792 - 180) / 40 gives 15 bands a page.
+    static QPageLayout letter(qreal topMargin)
+    {
+        return QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(72, topMargin, 72, 90),
+                           QPageLayout::Point);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+            QSKIP("poppler-utils (pdfinfo, pdftotext) are not installed");
+        QStandardPaths::setTestModeEnabled(true);
+        QVERIFY(m_dir.isValid());
+        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
+        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+    }
+
+    void pagesHoldBandsOfFortyPoints_data()
+    {
+        QTest::addColumn<int>("holdings");
+        QTest::addColumn<int>("pages");
+        QTest::newRow("H") << 15 << 1;
+        QTest::newRow("H + 1") << 16 << 2;
+    }
+    void pagesHoldBandsOfFortyPoints()
+    {
+        QFETCH(int, holdings);
+        QFETCH(int, pages);
+        PortfolioWindow *window = DocumentManager::instance().newDocument();
+        BondPortfolio &portfolio = *window->portfolio();
+        for (int k = 0; k < holdings; ++k)
+            portfolio.addNewHolding(k);
+        // One priced bond; the others keep a face value of 0, which prints as nothing.
+        const HoldingRef priced = portfolio.holdings().constFirst();
+        priced->setFaceValue(5000);
+        priced->setIssueDate(QDateTime(QDate(2001, 5, 1), QTime(0, 0, 1)));
+        priced->setSerialNumber(QStringLiteral("Q100"));
+        QVERIFY(portfolio.setValueOfDate(QDateTime(QDate(2021, 11, 1), QTime(0, 0, 1))));
+
+        const QString pdf = m_dir.filePath(QStringLiteral("print.pdf"));
+        m_dir.setAutoRemove(qEnvironmentVariableIsEmpty("KEEP_PDF"));
+        QPdfWriter writer(pdf);
+        writer.setPageLayout(letter(90));
+        const PortfolioPrintLayout layout(portfolio.holdings(), writer.pageLayout());
+        QCOMPARE(layout.holdingsPerPage(), 15);
+        QVERIFY(layout.print(writer));
+        portfolio.markSaved();
+        delete window;
+
+        QVERIFY(run(QStringLiteral("pdfinfo"), {pdf}).contains(QRegularExpression(QStringLiteral("Pages:\\s+%1\\n").arg(pages))));
+        const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        QCOMPARE(text.count(QRegularExpression(QStringLiteral("Series +Quantity +Issue Date +Face Value +Issue Price +Interest Earned +Value"))), pages);
+        QCOMPARE(text.count(QRegularExpression(QStringLiteral("Serial Number +Registration"))), pages);
+        for (int page = 1; page <= pages; ++page)
+            QVERIFY(text.contains(QRegularExpression(QStringLiteral("\\n +- ?%1 ?-\\n").arg(page))));
+        QVERIFY(text.contains(QRegularExpression(QStringLiteral("EE Bond +1 +05/2001 +\\$50\\.00 +\\$25\\.00 +\\$[0-9.]+ +\\$[0-9.]+\\n"))));
+        QVERIFY(text.contains(QStringLiteral("Q100")));
+        // The unpriced bonds: label and quantity, and nothing where the amounts would stand.
+        QCOMPARE(text.count(QRegularExpression(QStringLiteral("EE Bond +1 *\\n"))), holdings - 1);
+        QVERIFY(!text.contains(QStringLiteral("$0.00")));
+    }
+
+    void aPageWithoutRoomForABandIsRefused()
+    {
+        QPdfWriter writer(m_dir.filePath(QStringLiteral("refused.pdf")));
+        writer.setPageLayout(letter(396));
+        const PortfolioPrintLayout layout({}, writer.pageLayout());
+        QCOMPARE(layout.holdingsPerPage(), 0);
+        QVERIFY(!layout.print(writer));
+    }
+};
+
+QTEST_MAIN(PortfolioPrintTest)
+#include "tst_portfolio_print.moc"

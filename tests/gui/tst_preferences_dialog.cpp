@@ -1,0 +1,63 @@
+// The preferences hold their edits until OK: Cancel keeps the stored defaults, and new bonds
+// start from whatever OK stored.
+#include "PreferencesDialog.h"
+#include "model/Holding.h"
+#include "model/Series.h"
+#include "model/UserDefaults.h"
+
+#include <QComboBox>
+#include <QRadioButton>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+class PreferencesDialogTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_settings;
+
+private slots:
+    void initTestCase()
+    {
+        // Settings of this program's own, so that no other test meets the defaults chosen here.
+        QVERIFY(m_settings.isValid());
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+        QStandardPaths::setTestModeEnabled(true);
+        UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey), true);
+        UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey));
+        UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey));
+    }
+
+    void editsWaitForOk_data()
+    {
+        QTest::addColumn<bool>("confirm");
+        QTest::addColumn<QString>("series");
+        QTest::addColumn<bool>("paper");
+        QTest::newRow("Cancel keeps the old default") << false << "N" << true;
+        QTest::newRow("OK stores the choice") << true << "I" << false;
+    }
+    void editsWaitForOk()
+    {
+        QFETCH(bool, confirm);
+        QFETCH(QString, series);
+        QFETCH(bool, paper);
+        PreferencesDialog::showPreferences();
+        PreferencesDialog &dialog = PreferencesDialog::instance();
+        QCOMPARE(dialog.seriesChoice()->currentData().toString(), QStringLiteral("N"));
+        dialog.seriesChoice()->setCurrentIndex(dialog.seriesChoice()->findData(QStringLiteral("I")));
+        dialog.electronicChoice()->setChecked(true);
+        confirm ? dialog.accept() : dialog.reject();
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(&PreferencesDialog::instance(), &dialog);
+        const Holding fresh;
+        QCOMPARE(fresh.series()->code(), series);
+        QCOMPARE(fresh.isPaper(), paper);
+        QCOMPARE(dialog.seriesChoice()->currentData().toString(), series);
+    }
+};
+
+QTEST_MAIN(PreferencesDialogTest)
+#include "tst_preferences_dialog.moc"

@@ -1,0 +1,151 @@
+// The updater window against an update directory served on 127.0.0.1: its status line,
+// progress bar and buttons through a check and an installation, one window at a time, and the
+// alert of a database that cannot be written.
+#include "../support/LocalHttpServer.h"
+#include "../support/PriceUpdateTestData.h"
+#include "DocumentManager.h"
+#include "PortfolioWindow.h"
+#include "UpdaterWindow.h"
+#include "update/PriceUpdater.h"
+#include "update/UpdateCatalogue.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+using PriceUpdateTestData::priceFile;
+
+class UpdaterWindowTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    LocalHttpServer m_server;
+    QString m_database;
+
+    static QString name(int month) { return QStringLiteral("i-2030-%1.bin").arg(month, 2, 10, QLatin1Char('0')); }
+
+    // A fresh copy of the build's database that already holds January 2030.
+    QString freshDatabase(const QString &fileName)
+    {
+        const QString path = m_dir.filePath(fileName);
+        if (!QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path))
+            return {};
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+        return PriceUpdateTestData::install(path, {{name(1), priceFile('I', 2030, 1, 2000, 25)}}) ? path : QString();
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        QVERIFY(m_dir.isValid());
+        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
+        qputenv("QUILLMERE_UPDATE_URL", m_server.url(QStringLiteral("/updates/")).toString().toUtf8());
+        for (int month = 1; month <= 3; ++month)
+            m_server.setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2030, month, 2000, 25));
+        // January again with other values: the installer refuses to contradict what it has.
+        m_server.setBody(QStringLiteral("/updates/bad.bin"), priceFile('I', 2030, 1, 2000, 25, 9000));
+    }
+
+    void init()
+    {
+        // A new name each time: journal files of the last test's database must not meet this one.
+        static int count = 0;
+        m_database = freshDatabase(QStringLiteral("bondvalues-%1.bvdb").arg(++count));
+        QVERIFY(!m_database.isEmpty());
+        qputenv("QUILLMERE_DATABASE", m_database.toUtf8());
+    }
+
+    void checkThenInstall_data()
+    {
+        QTest::addColumn<QStringList>("catalogue");
+        QTest::addColumn<QString>("checked");
+        QTest::addColumn<QString>("installed"); // empty: nothing to install
+        QTest::addColumn<bool>("progressFull");
+        QTest::newRow("up to date") << QStringList{name(1)} << "Your software is up to date." << QString() << false;
+        QTest::newRow("two files installed") << QStringList{name(1), name(2), name(3)} << "2 update(s) available"
+                                             << "All updates installed" << true;
+        QTest::newRow("a bad file") << QStringList{name(1), QStringLiteral("bad.bin")} << "1 update(s) available"
+                                    << "Some updates could not be performed" << false;
+    }
+    void checkThenInstall()
+    {
+        QFETCH(QStringList, catalogue);
+        QFETCH(QString, checked);
+        QFETCH(QString, installed);
+        QFETCH(bool, progressFull);
+        m_server.setBody(QStringLiteral("/updates/AvailableBondData.plist"), UpdateCatalogue::encode(catalogue));
+        UpdaterWindow window(new PriceUpdater);
+        QVERIFY(!window.installButton()->isEnabled()); // nothing to install before a check
+        QSignalSpy finished(window.updater(), &PriceUpdater::finished);
+        QTest::mouseClick(window.checkButton(), Qt::LeftButton);
+        QVERIFY(!window.checkButton()->isEnabled() || !finished.isEmpty());
+        QVERIFY(finished.wait(20000));
+        QCOMPARE(window.statusLine()->text(), checked);
+        QCOMPARE(window.installButton()->isEnabled(), !installed.isEmpty());
+        if (installed.isEmpty())
+            return;
+        QTest::mouseClick(window.installButton(), Qt::LeftButton);
+        QVERIFY(!window.installButton()->isEnabled());
+        QVERIFY(finished.wait(20000));
+        QCOMPARE(window.statusLine()->text(), installed);
+        QVERIFY(window.progressBar()->maximum() > 0); // determinate again after the downloads
+        QCOMPARE(window.progressBar()->value() == window.progressBar()->maximum(), progressFull);
+        QVERIFY(!window.installButton()->isEnabled());
+        QVERIFY(window.checkButton()->isEnabled());
+    }
+
+    void oneWindowAtATimeAndItsMenuItemWaits()
+    {
+        m_server.setBody(QStringLiteral("/updates/AvailableBondData.plist"), UpdateCatalogue::encode({name(1)}));
+        PortfolioWindow *portfolio = DocumentManager::instance().newDocument();
+        QAction *item = portfolio->action(PortfolioWindow::ActionId::UpdatePrices);
+        bool disabledWhileOpen = false;
+        QString seen;
+        QTimer::singleShot(0, this, [&] {
+            auto *window = qobject_cast<UpdaterWindow *>(QApplication::activeModalWidget());
+            QVERIFY(window);
+            disabledWhileOpen = !item->isEnabled();
+            // Closing with a check under way ends the session at once.
+            window->updater()->checkForUpdates();
+            window->close();
+        });
+        item->trigger();
+        QVERIFY(disabledWhileOpen);
+        QVERIFY(item->isEnabled());
+        QVERIFY(!UpdaterSession::instance().isShowing());
+        delete portfolio;
+    }
+
+    void aDatabaseThatCannotBeWrittenIsRefused()
+    {
+        QFile::setPermissions(m_database, QFile::ReadOwner | QFile::ReadGroup);
+        QString title, text;
+        QStringList buttons;
+        QTimer::singleShot(0, this, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            title = box->windowTitle();
+            text = box->text();
+            for (QAbstractButton *button : box->buttons())
+                buttons << button->text();
+            box->reject();
+        });
+        UpdaterSession::instance().showUpdater(nullptr);
+        QFile::setPermissions(m_database, QFile::ReadOwner | QFile::WriteOwner);
+        QCOMPARE(title, QString::fromLatin1(UpdaterSession::NotWritableTitle));
+        QVERIFY(text.startsWith(QStringLiteral("Your installation isn't writeable by the updater.  Typically")));
+        QCOMPARE(buttons, (QStringList{QStringLiteral("Quit Quillmere"), QStringLiteral("Cancel")}));
+        QVERIFY(!UpdaterSession::instance().isShowing());
+    }
+};
+
+QTEST_MAIN(UpdaterWindowTest)
+#include "tst_updater_window.moc"

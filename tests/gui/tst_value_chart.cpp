@@ -1,0 +1,70 @@
+// The value chart of one selected bond: a point per priced month from issue to the database's
+// latest month, and the marked point is the value the bond table shows.
+#include "BondTableView.h"
+#include "DocumentManager.h"
+#include "PortfolioWindow.h"
+#include "ValueChartDialog.h"
+#include "document/BondPortfolio.h"
+#include "valuation/BondAssessor.h"
+#include "valuation/MonthIndex.h"
+
+#include <QAction>
+#include <QChart>
+#include <QLineSeries>
+#include <QScatterSeries>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+class ValueChartTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+private slots:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        QVERIFY(m_dir.isValid());
+        QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
+        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
+        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+    }
+
+    void chartsTheSelectedBond()
+    {
+        PortfolioWindow *window =
+            DocumentManager::instance().openFile(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"));
+        QVERIFY(window);
+        QAction *item = window->action(PortfolioWindow::ActionId::ValueChart);
+        QVERIFY(!item->isEnabled());
+        window->bondTable()->selectRow(0);
+        QVERIFY(item->isEnabled());
+        item->trigger();
+        auto *dialog = window->findChild<ValueChartDialog *>();
+        QVERIFY(dialog);
+
+        const HoldingRef holding = window->selectedHoldings().constFirst();
+        const BondPortfolio &portfolio = *window->portfolio();
+        const auto series = dialog->chart()->series();
+        QCOMPARE(series.size(), 2);
+        auto *values = qobject_cast<QLineSeries *>(series.at(0));
+        auto *marked = qobject_cast<QScatterSeries *>(series.at(1));
+        QVERIFY(values && marked);
+        const int months = MonthIndex::of(portfolio.assessor().maximumRedemptionDate()) - MonthIndex::of(holding->issueDate()) + 1;
+        QVERIFY(values->count() > 0 && values->count() <= months);
+        QCOMPARE(values->at(values->count() - 1).x(),
+                 qreal(QDateTime(portfolio.assessor().maximumRedemptionDate().date().addDays(
+                                     1 - portfolio.assessor().maximumRedemptionDate().date().day()), QTime(0, 0))
+                           .toMSecsSinceEpoch()));
+        for (const QPointF &point : values->points())
+            QVERIFY(point.y() > 0);
+        QCOMPARE(marked->count(), 1);
+        QCOMPARE(qRound64(marked->at(0).y() * 100), holding->value());
+        delete window;
+    }
+};
+
+QTEST_MAIN(ValueChartTest)
+#include "tst_value_chart.moc"
