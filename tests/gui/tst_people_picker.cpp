@@ -1,5 +1,6 @@
 // The people picker and the person creator: the add button's title and enabling, people added
 // once only, and a new person kept in the store and added to the portfolio.
+#include "GuiTestMain.h"
 #include "DocumentManager.h"
 #include "PeoplePickerDialog.h"
 #include "PortfolioWindow.h"
@@ -10,7 +11,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,7 +24,6 @@ class PeoplePickerTest : public QObject
 private slots:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         QVERIFY(m_dir.isValid());
         QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
         QFile::setPermissions(m_dir.filePath("people.vcf"), QFile::ReadOwner | QFile::WriteOwner);
@@ -93,5 +92,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(PeoplePickerTest)
+QUILLMERE_GUI_TEST_MAIN(PeoplePickerTest)
 #include "tst_people_picker.moc"

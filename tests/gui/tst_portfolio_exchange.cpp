@@ -1,5 +1,6 @@
 // The export and import commands as the user drives them: which panel offers the all/selected
 // rows, what gets written, and the alerts' exact texts, with the panels answered by the test.
+#include "GuiTestMain.h"
 #include "BondTableView.h"
 #include "DocumentManager.h"
 #include "ExchangePanels.h"
@@ -9,7 +10,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUndoStack>
@@ -61,7 +61,6 @@ class PortfolioExchangeTest : public QObject
 private slots:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         QVERIFY(m_dir.isValid());
         QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
         qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
@@ -175,5 +174,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(PortfolioExchangeTest)
+QUILLMERE_GUI_TEST_MAIN(PortfolioExchangeTest)
 #include "tst_portfolio_exchange.moc"

@@ -1,5 +1,6 @@
 // The printed portfolio, written to PDF and read back with poppler's tools: pages for H and
 // H + 1 holdings, both header lines, the page numbers, and an amount of 0 left empty.
+#include "GuiTestMain.h"
 #include "DocumentManager.h"
 #include "PortfolioPrintLayout.h"
 #include "PortfolioWindow.h"
@@ -37,7 +38,6 @@ private slots:
     {
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
             QSKIP("poppler-utils (pdfinfo, pdftotext) are not installed");
-        QStandardPaths::setTestModeEnabled(true);
         QVERIFY(m_dir.isValid());
         qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
         qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
@@ -98,5 +98,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(PortfolioPrintTest)
+QUILLMERE_GUI_TEST_MAIN(PortfolioPrintTest)
 #include "tst_portfolio_print.moc"

@@ -1,5 +1,6 @@
 // The portfolio window as a user meets it: filtering by people, adding, naming and pasting bonds,
 // undo, the toolbar and menus, the column settings, refusals, and closing with unsaved changes.
+#include "GuiTestMain.h"
 #include "BondTableColumns.h"
 #include "BondTableView.h"
 #include "ColorCircleDelegate.h"
@@ -508,13 +509,4 @@ private slots:
 
 #include "tst_portfolio_window.moc"
 
-int main(int argc, char **argv)
-{
-    // Settings and data folders of this run's own, set before the application reads any.
-    QTemporaryDir home;
-    qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toUtf8());
-    qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/data")).toUtf8());
-    QApplication app(argc, argv);
-    PortfolioWindowTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+QUILLMERE_GUI_TEST_MAIN(PortfolioWindowTest)

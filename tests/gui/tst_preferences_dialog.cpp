@@ -1,5 +1,6 @@
 // The preferences hold their edits until OK: Cancel keeps the stored defaults, and new bonds
 // start from whatever OK stored.
+#include "GuiTestMain.h"
 #include "PreferencesDialog.h"
 #include "model/Holding.h"
 #include "model/Series.h"
@@ -8,7 +9,6 @@
 #include <QComboBox>
 #include <QRadioButton>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -25,7 +25,6 @@ private slots:
         QVERIFY(m_settings.isValid());
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-        QStandardPaths::setTestModeEnabled(true);
         UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey), true);
         UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey));
         UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey));
@@ -59,5 +58,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(PreferencesDialogTest)
+QUILLMERE_GUI_TEST_MAIN(PreferencesDialogTest)
 #include "tst_preferences_dialog.moc"

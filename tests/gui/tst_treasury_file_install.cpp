@@ -1,5 +1,6 @@
 // Installing a Treasury value file from the window: a file that contradicts the database is
 // refused with its reason, and nothing of it reaches the database.
+#include "GuiTestMain.h"
 #include "../support/PriceUpdateTestData.h"
 #include "TreasuryFileInstall.h"
 
@@ -49,5 +50,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TreasuryFileInstallTest)
+QUILLMERE_GUI_TEST_MAIN(TreasuryFileInstallTest)
 #include "tst_treasury_file_install.moc"

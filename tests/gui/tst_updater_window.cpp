@@ -1,6 +1,7 @@
 // The updater window against an update directory served on 127.0.0.1: its status line,
 // progress bar and buttons through a check and an installation, one window at a time, and the
 // alert of a database that cannot be written.
+#include "GuiTestMain.h"
 #include "../support/LocalHttpServer.h"
 #include "../support/PriceUpdateTestData.h"
 #include "DocumentManager.h"
@@ -15,7 +16,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -44,7 +44,6 @@ class UpdaterWindowTest : public QObject
 private slots:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         QVERIFY(m_dir.isValid());
         qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
         qputenv("QUILLMERE_UPDATE_URL", m_server.url(QStringLiteral("/updates/")).toString().toUtf8());
@@ -147,5 +146,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(UpdaterWindowTest)
+QUILLMERE_GUI_TEST_MAIN(UpdaterWindowTest)
 #include "tst_updater_window.moc"

@@ -1,5 +1,6 @@
 // The value chart of one selected bond: a point per priced month from issue to the database's
 // latest month, and the marked point is the value the bond table shows.
+#include "GuiTestMain.h"
 #include "BondTableView.h"
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
@@ -12,7 +13,6 @@
 #include <QChart>
 #include <QLineSeries>
 #include <QScatterSeries>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -25,7 +25,6 @@ class ValueChartTest : public QObject
 private slots:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         QVERIFY(m_dir.isValid());
         QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
         qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
@@ -66,5 +65,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ValueChartTest)
+QUILLMERE_GUI_TEST_MAIN(ValueChartTest)
 #include "tst_value_chart.moc"
