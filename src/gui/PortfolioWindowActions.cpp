@@ -21,7 +21,7 @@
 
 namespace {
 
-struct ActionSpec
+struct ActionEntry
 {
     PortfolioWindow::ActionId id;
     const char *text;
@@ -33,7 +33,7 @@ struct ActionSpec
 using Id = PortfolioWindow::ActionId;
 
 // Toolbar texts are the user's: "Comma Separate Values" and "titleholder's" stand as written.
-const ActionSpec Specs[] = {
+const ActionEntry ActionTable[] = {
     {Id::New, "&New", QKeySequence::New, nullptr, nullptr},
     {Id::Open, "&Open…", QKeySequence::Open, nullptr, nullptr},
     {Id::Close, "&Close", QKeySequence::Close, nullptr, nullptr},
@@ -68,15 +68,15 @@ const ActionSpec Specs[] = {
 
 void PortfolioWindow::createActions()
 {
-    for (const ActionSpec &spec : Specs) {
-        auto *action = new QAction(tr(spec.text), this);
-        if (spec.key != QKeySequence::UnknownKey)
-            action->setShortcut(spec.key);
-        if (spec.icon)
-            action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(spec.icon))));
-        if (spec.toolTip)
-            action->setToolTip(tr(spec.toolTip));
-        m_actions.insert(spec.id, action);
+    for (const ActionEntry &entry : ActionTable) {
+        auto *action = new QAction(tr(entry.text), this);
+        if (entry.key != QKeySequence::UnknownKey)
+            action->setShortcut(entry.key);
+        if (entry.icon)
+            action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(entry.icon))));
+        if (entry.toolTip)
+            action->setToolTip(tr(entry.toolTip));
+        m_actions.insert(entry.id, action);
     }
     // Undo and Redo are the document's own stack's, named after the step they take back.
     QUndoStack *stack = m_portfolio->undoStack();

@@ -25,10 +25,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
-        QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
-        QFile::setPermissions(m_dir.filePath("people.vcf"), QFile::ReadOwner | QFile::WriteOwner);
-        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
-        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+        QVERIFY(GuiTest::useSampleFiles(m_dir));
     }
 
     void init()

@@ -62,9 +62,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
-        QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
-        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
-        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+        QVERIFY(GuiTest::useSampleFiles(m_dir));
     }
 
     void init()

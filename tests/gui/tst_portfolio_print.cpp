@@ -39,8 +39,7 @@ private slots:
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
             QSKIP("poppler-utils (pdfinfo, pdftotext) are not installed");
         QVERIFY(m_dir.isValid());
-        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
-        qputenv("QUILLMERE_DATABASE", QUILLMERE_TEST_DATABASE);
+        QVERIFY(GuiTest::useSampleFiles(m_dir));
     }
 
     void pagesHoldBandsOfFortyPoints_data()

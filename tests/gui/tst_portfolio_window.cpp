@@ -96,11 +96,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
-        // People and database of the test's own, never the user's or the build's (settings: main).
-        QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), m_dir.filePath("people.vcf"));
-        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
-        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), m_dir.filePath("values.bvdb")));
-        qputenv("QUILLMERE_DATABASE", m_dir.filePath("values.bvdb").toUtf8());
+        QVERIFY(GuiTest::useSampleFiles(m_dir));
         UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
     }
 
