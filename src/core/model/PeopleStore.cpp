@@ -84,6 +84,45 @@ std::shared_ptr<PersonRecord> PeopleStore::createRecord(const PersonRecord &fiel
     return record;
 }
 
+bool PeopleStore::importRecords(const QString &vcfPath, ImportSummary *summary, QString *error)
+{
+    auto fail = [error](const QString &message) {
+        if (error)
+            *error = message;
+        return false;
+    };
+    QFile file(vcfPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(QStringLiteral("Could not read the contacts file %1: %2").arg(vcfPath, file.errorString()));
+    const VCard::ReadResult read = VCard::read(file.readAll());
+    if (read.records.isEmpty()) {
+        const QString why = read.warnings.isEmpty() ? QStringLiteral("it holds no vCard contacts.")
+                                                    : read.warnings.constFirst();
+        return fail(QStringLiteral("Could not import %1: %2").arg(vcfPath, why));
+    }
+    for (const QString &warning : read.warnings)
+        qWarning().noquote() << vcfPath + QStringLiteral(": ") + warning;
+
+    ImportSummary counted;
+    const qsizetype before = m_records.size();
+    for (const PersonRecord &record : read.records) {
+        if (recordForUniqueId(record.uniqueId)) {
+            ++counted.alreadyThere;
+            continue;
+        }
+        createRecord(record);
+        ++counted.added;
+    }
+    if (counted.added > 0 && !save(error)) {
+        // The file on disk is untouched; drop the additions so memory agrees with it.
+        m_records.resize(before);
+        return false;
+    }
+    if (summary)
+        *summary = counted;
+    return true;
+}
+
 bool PeopleStore::save(QString *error) const
 {
     QList<PersonRecord> plain;

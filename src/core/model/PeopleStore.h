@@ -38,6 +38,17 @@ public:
     // Adds a new record with a fresh identifier (or the record's own, if it has one not yet used).
     // Call save() to keep it.
     std::shared_ptr<PersonRecord> createRecord(const PersonRecord &fields);
+    struct ImportSummary
+    {
+        int added = 0;        // people new to the store
+        int alreadyThere = 0; // cards whose UID the store already held, left as they are
+    };
+    // Merges the cards of a contacts file exported by another address book and saves the store.
+    // A card whose UID is known is skipped, so importing the same export again adds nobody; a
+    // card without UID is identified by its content. Returns false, with the store unchanged,
+    // when the file cannot be read, holds no card, or the store cannot be saved.
+    bool importRecords(const QString &vcfPath, ImportSummary *summary, QString *error = nullptr);
+
     // Writes every record atomically; the old file stays whole if writing fails.
     bool save(QString *error = nullptr) const;
 

@@ -68,6 +68,59 @@ TEST(PeopleStore, FailedSaveLeavesTheOldFileWhole)
     EXPECT_EQ(TestSupport::readFile(people.store.path()), before);
 }
 
+struct ImportCase
+{
+    const char *name;
+    const char *cards;    // nullptr: the file does not exist
+    bool imported;
+    int added, alreadyThere; // per import; each file is imported twice
+};
+
+class PeopleImport : public testing::TestWithParam<ImportCase> {};
+
+TEST_P(PeopleImport, AddsEachUidOnceAndKeepsKnownPeopleAsTheyAre)
+{
+    const ImportCase &c = GetParam();
+    PeopleFixture people;
+    PersonRecord known;
+    known.uniqueId = QStringLiteral("KNOWN-1");
+    known.firstName = QStringLiteral("Ann");
+    known.lastName = QStringLiteral("Smith");
+    people.store.createRecord(known);
+    ASSERT_TRUE(people.store.save());
+    const QByteArray before = TestSupport::readFile(people.store.path());
+    const QString dir = TestSupport::temporaryDirectory();
+    const QString vcf = c.cards ? TestSupport::writeFile(dir + QStringLiteral("/export.vcf"), c.cards)
+                                : dir + QStringLiteral("/missing.vcf");
+    for (int round = 0; round < 2; ++round) {
+        SCOPED_TRACE(round);
+        PeopleStore::ImportSummary summary;
+        QString error;
+        ASSERT_EQ(people.store.importRecords(vcf, &summary, &error), c.imported);
+        EXPECT_EQ(error.isEmpty(), c.imported) << error.toStdString();
+        if (c.imported) {
+            EXPECT_EQ(summary.added, round == 0 ? c.added : 0);
+            EXPECT_EQ(summary.alreadyThere, round == 0 ? c.alreadyThere : c.added + c.alreadyThere);
+        }
+    }
+    PeopleStore reread(people.store.path());
+    EXPECT_EQ(reread.records().size(), 1 + c.added);
+    EXPECT_EQ(reread.recordForUniqueId(QStringLiteral("KNOWN-1"))->firstName, QStringLiteral("Ann"));
+    if (!c.imported) {
+        EXPECT_EQ(TestSupport::readFile(people.store.path()), before);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    PeopleStore, PeopleImport,
+    testing::Values(
+        ImportCase{"NewUid", "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:urn:uuid:NEW-2\r\nN:Jones;Bo;;;\r\nEND:VCARD\r\n", true, 1, 0},
+        ImportCase{"KnownUidSkipped", "BEGIN:VCARD\nVERSION:3.0\nUID:KNOWN-1\nN:Renamed;Anna;;;\nEND:VCARD\n", true, 0, 1},
+        ImportCase{"NoUid", "BEGIN:VCARD\nVERSION:3.0\nN:Lee;Cy;;;\nFN:Cy Lee\nEND:VCARD\n", true, 1, 0},
+        ImportCase{"Unreadable", nullptr, false, 0, 0},
+        ImportCase{"NoCards", "not a contacts file\n", false, 0, 0}),
+    [](const testing::TestParamInfo<ImportCase> &info) { return std::string(info.param.name); });
+
 TEST(Person, NameNeedsBothNames)
 {
     PeopleFixture people;
