@@ -5,6 +5,7 @@
 #include "model/Person.h"
 
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QListWidget>
@@ -46,7 +47,12 @@ PeoplePickerDialog::PeoplePickerDialog(BondPortfolio &portfolio, QWidget *parent
     m_add->setEnabled(false);
     m_add->setDefault(true);
     m_newPerson = new QPushButton(tr("New Person…"), this);
+    m_thisIsMe = new QPushButton(tr("This Is Me"), this);
+    m_thisIsMe->setEnabled(false);
+    m_import = new QPushButton(tr("Import Contacts…"), this);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->addButton(m_import, QDialogButtonBox::ActionRole);
+    buttons->addButton(m_thisIsMe, QDialogButtonBox::ActionRole);
     buttons->addButton(m_newPerson, QDialogButtonBox::ActionRole);
     buttons->addButton(m_add, QDialogButtonBox::ActionRole);
     auto *layout = new QVBoxLayout(this);
@@ -59,17 +65,33 @@ PeoplePickerDialog::PeoplePickerDialog(BondPortfolio &portfolio, QWidget *parent
     connect(m_list, &QListWidget::itemDoubleClicked, this, &PeoplePickerDialog::addSelectedPeople);
     connect(m_add, &QPushButton::clicked, this, &PeoplePickerDialog::addSelectedPeople);
     connect(m_newPerson, &QPushButton::clicked, this, &PeoplePickerDialog::openCreator);
+    connect(m_thisIsMe, &QPushButton::clicked, this, &PeoplePickerDialog::markSelectedAsMe);
+    connect(m_import, &QPushButton::clicked, this, &PeoplePickerDialog::chooseContactsFile);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     fillList();
 }
 
 void PeoplePickerDialog::fillList()
 {
-    for (const auto &record : m_portfolio.peopleStore().records()) {
-        auto *item = new QListWidgetItem(Person::create(record)->name(), m_list);
+    const PeopleStore &store = m_portfolio.peopleStore();
+    const auto me = store.me();
+    const QStringList selected = [this] {
+        QStringList ids;
+        for (QListWidgetItem *item : m_list->selectedItems())
+            ids << item->data(RecordIdRole).toString();
+        return ids;
+    }();
+    m_list->clear();
+    for (const auto &record : store.records()) {
+        QString label = Person::create(record)->name();
+        if (me && me->uniqueId == record->uniqueId)
+            label += tr(" (me)");
+        auto *item = new QListWidgetItem(label, m_list);
         item->setData(RecordIdRole, record->uniqueId);
+        item->setSelected(selected.contains(record->uniqueId));
     }
     m_list->sortItems();
+    filter(m_search->text());
 }
 
 void PeoplePickerDialog::filter(const QString &text)
@@ -89,6 +111,44 @@ void PeoplePickerDialog::selectionChanged()
     if (selected > 0)
         m_add->setText(selected > 1 ? tr("Add People") : tr("Add Person"));
     m_add->setEnabled(selected > 0);
+    m_thisIsMe->setEnabled(selected == 1);
+}
+
+void PeoplePickerDialog::markSelectedAsMe()
+{
+    const QList<QListWidgetItem *> selected = m_list->selectedItems();
+    if (selected.size() != 1)
+        return;
+    m_portfolio.peopleStore().setMe(selected.constFirst()->data(RecordIdRole).toString());
+    fillList();
+}
+
+void PeoplePickerDialog::chooseContactsFile()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Import Contacts"), QString(),
+                                                      tr("vCard files (*.vcf *.vcard);;All files (*)"));
+    if (!path.isEmpty())
+        importContacts(path);
+}
+
+void PeoplePickerDialog::importContacts(const QString &vcfPath)
+{
+    PeopleStore::ImportSummary summary;
+    QString error;
+    auto *box = new QMessageBox(this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowTitle(tr("Import Contacts"));
+    if (m_portfolio.peopleStore().importRecords(vcfPath, &summary, &error)) {
+        box->setIcon(QMessageBox::Information);
+        box->setText(tr("Imported %1 people (%2 already there).").arg(summary.added).arg(summary.alreadyThere));
+        fillList();
+    } else {
+        box->setIcon(QMessageBox::Warning);
+        box->setText(error);
+    }
+    // A sheet on the picker, like the picker on the portfolio: no nested event loop.
+    box->setWindowModality(Qt::WindowModal);
+    box->open();
 }
 
 void PeoplePickerDialog::addSelectedPeople()

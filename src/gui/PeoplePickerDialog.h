@@ -1,7 +1,8 @@
 #pragma once
 // Adds people of the address book (the people store) to a portfolio's title holders: a
 // searchable list of everyone in the store, several at a time, never twice. "New Person…" opens
-// the person creator in its place.
+// the person creator in its place. "This Is Me" marks the user's own record; "Import Contacts…"
+// merges another address book's export into the store.
 #include <QDialog>
 
 class BondPortfolio;
@@ -19,12 +20,19 @@ public:
     QLineEdit *searchField() const { return m_search; }
     QPushButton *addButton() const { return m_add; }
     QPushButton *newPersonButton() const { return m_newPerson; }
+    QPushButton *thisIsMeButton() const { return m_thisIsMe; }
+    QPushButton *importButton() const { return m_import; }
 
     // Adds the selected people who are not title holders yet; the window stays open.
     void addSelectedPeople();
+    // Makes the one selected person the store's me record.
+    void markSelectedAsMe();
+    // Merges the contacts file into the store and tells the outcome in a message box.
+    void importContacts(const QString &vcfPath);
 
 private:
     void fillList();
+    void chooseContactsFile();
     void selectionChanged();
     void filter(const QString &text);
     void openCreator();
@@ -34,6 +42,8 @@ private:
     QListWidget *m_list = nullptr;
     QPushButton *m_add = nullptr;
     QPushButton *m_newPerson = nullptr;
+    QPushButton *m_thisIsMe = nullptr;
+    QPushButton *m_import = nullptr;
 };
 
 // Makes a new person in the store (first and last name, an optional e-mail labelled "home") and
