@@ -140,7 +140,10 @@ void PeoplePickerDialog::importContacts(const QString &vcfPath)
     box->setWindowTitle(tr("Import Contacts"));
     if (m_portfolio.peopleStore().importRecords(vcfPath, &summary, &error)) {
         box->setIcon(QMessageBox::Information);
-        box->setText(tr("Imported %1 people (%2 already there).").arg(summary.added).arg(summary.alreadyThere));
+        box->setText(tr("Imported %1 %2 (%3 already there).")
+                         .arg(summary.added)
+                         .arg(summary.added == 1 ? tr("person") : tr("people"))
+                         .arg(summary.alreadyThere));
         fillList();
     } else {
         box->setIcon(QMessageBox::Warning);
