@@ -16,6 +16,12 @@ namespace {
 
 // The panel is Qt's own (not the desktop's) so that it can carry the option rows under the
 // file list, where the user reads them before pressing the panel's button.
+QStringList exportRows()
+{
+    return {QApplication::translate("ExchangePanels", "All bonds"),
+            QApplication::translate("ExchangePanels", "Selected bonds only")};
+}
+
 class OptionPanel
 {
 public:
@@ -46,6 +52,18 @@ public:
         }
     }
 
+    // An export panel: the all / selected rows only when bonds are selected; without them the
+    // remembered row stands.
+    std::optional<ExchangePanels::Choice> runExport(bool offerSelection, int row)
+    {
+        if (offerSelection)
+            addRows(exportRows(), row);
+        auto choice = run();
+        if (choice && !offerSelection)
+            choice->row = row;
+        return choice;
+    }
+
     std::optional<ExchangePanels::Choice> run()
     {
         if (m_dialog.exec() != QDialog::Accepted || m_dialog.selectedFiles().isEmpty())
@@ -72,11 +90,6 @@ private:
     QButtonGroup m_rows;
 };
 
-QStringList exportRows()
-{
-    return {QApplication::translate("ExchangePanels", "All bonds"),
-            QApplication::translate("ExchangePanels", "Selected bonds only")};
-}
 
 } // namespace
 
@@ -90,12 +103,7 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidge
     dialog.setLabelText(QFileDialog::FileName, QApplication::translate("ExchangePanels", "Export To:"));
     dialog.setNameFilter(QApplication::translate("ExchangePanels", "Comma-separated values (*.csv)"));
     dialog.setDefaultSuffix(QStringLiteral("csv"));
-    if (offerSelection)
-        panel.addRows(exportRows(), row);
-    auto choice = panel.run();
-    if (choice && !offerSelection)
-        choice->row = row;
-    return choice;
+    return panel.runExport(offerSelection, row);
 }
 
 std::optional<ExchangePanels::Choice> ExchangePanels::chooseQifExportDirectory(QWidget *parent, bool offerSelection,
@@ -111,12 +119,7 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseQifExportDirectory(Q
                                              "Choose or create a target directory for your export.\nThe directory "
                                              "will receive two QIF files:\na price list, and a list of your "
                                              "portfolio holdings."));
-    if (offerSelection)
-        panel.addRows(exportRows(), row);
-    auto choice = panel.run();
-    if (choice && !offerSelection)
-        choice->row = row;
-    return choice;
+    return panel.runExport(offerSelection, row);
 }
 
 std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvImportFile(QWidget *parent, int row)

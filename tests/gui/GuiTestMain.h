@@ -19,6 +19,11 @@ inline bool useSampleFiles(const QTemporaryDir &dir)
     qputenv("QUILLMERE_DATABASE", database.toUtf8());
     return QFile::exists(database) || QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), database);
 }
+
+inline QString samplePath()
+{
+    return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio");
+}
 }
 
 #define QUILLMERE_GUI_TEST_MAIN(TestClass)                                                          \

@@ -30,7 +30,7 @@ private slots:
 
     void init()
     {
-        m_window = DocumentManager::instance().openFile(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"));
+        m_window = DocumentManager::instance().openFile(GuiTest::samplePath());
         QVERIFY(m_window);
     }
 

@@ -67,7 +67,7 @@ private slots:
 
     void init()
     {
-        m_window = DocumentManager::instance().openFile(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"));
+        m_window = DocumentManager::instance().openFile(GuiTest::samplePath());
         QVERIFY(m_window);
         QVERIFY(m_window->portfolio()->holdings().size() >= 3);
         m_panels = new ScriptedPanels;

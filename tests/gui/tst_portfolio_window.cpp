@@ -44,7 +44,7 @@ class PortfolioWindowTest : public QObject
 private:
     QTemporaryDir m_dir;
 
-    static QString samplePath() { return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"); }
+    static QString samplePath() { return GuiTest::samplePath(); }
 
     static PortfolioWindow *openSample()
     {

@@ -32,7 +32,7 @@ private slots:
     void chartsTheSelectedBond()
     {
         PortfolioWindow *window =
-            DocumentManager::instance().openFile(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"));
+            DocumentManager::instance().openFile(GuiTest::samplePath());
         QVERIFY(window);
         QAction *item = window->action(PortfolioWindow::ActionId::ValueChart);
         QVERIFY(!item->isEnabled());

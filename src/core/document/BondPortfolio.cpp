@@ -1,5 +1,4 @@
 #include "document/BondPortfolio.h"
-#include "valuation/MonthIndex.h"
 
 #include "document/PortfolioUndo.h"
 #include "model/PeopleStore.h"
@@ -27,8 +26,7 @@ BondPortfolio::BondPortfolio(PeopleStore *people, const QString &databasePath, Q
             });
     setTitleHolders(Person::family(*m_people));
     m_summaryMode = 0;
-    m_valueOfDate = initialValueOfDate();
-    m_valueOfMonth = MonthIndex::of(m_valueOfDate);
+    storeValueOfDate(initialValueOfDate());
     // Nothing done so far can be undone: a new document is not edited.
     m_undoStack->clear();
 }

@@ -176,13 +176,14 @@ private:
     void insertHoldingWithoutRecording(const HoldingRef &holding, int index);
     HoldingRef takeHoldingWithoutRecording(int index);
     void installTitleHolders(const QList<PersonRef> &people);
+    void storeValueOfDate(const QDateTime &date);
 
     QList<HoldingRef> m_holdings;
     QList<PersonRef> m_titleHolders;
     int m_summaryMode = 0;
     std::unique_ptr<BondAssessor> m_assessor;
     QDateTime m_valueOfDate;
-    int m_valueOfMonth = 0;
+    int m_valueOfMonth = 0; // kept with the date by storeValueOfDate()
     PeopleStore *m_people;
     QUndoStack *m_undoStack;
     PortfolioRecorder *m_recorder;

@@ -13,11 +13,16 @@ bool BondPortfolio::setValueOfDate(const QDateTime &date)
         return false;
     if (date == m_valueOfDate && date.timeSpec() == m_valueOfDate.timeSpec())
         return true;
-    m_valueOfDate = date.toLocalTime();
-    m_valueOfMonth = MonthIndex::of(m_valueOfDate);
+    storeValueOfDate(date);
     emit valueOfDateChanged();
     emit interestSummaryChanged();
     return true;
+}
+
+void BondPortfolio::storeValueOfDate(const QDateTime &date)
+{
+    m_valueOfDate = date.toLocalTime();
+    m_valueOfMonth = MonthIndex::of(m_valueOfDate);
 }
 
 bool BondPortfolio::validateValueOfDate(const QDateTime &proposed, ValidationError *error) const

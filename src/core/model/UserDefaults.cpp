@@ -61,10 +61,4 @@ void remove(const QString &key)
     store().stored.insert(key, std::nullopt);
 }
 
-void forgetReadValues()
-{
-    QMutexLocker locker(&store().lock);
-    store().stored.clear();
-}
-
 } // namespace UserDefaults

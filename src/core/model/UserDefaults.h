@@ -21,6 +21,4 @@ void registerDefault(const QString &key, const QVariant &fallback);
 QVariant value(const QString &key);
 void setValue(const QString &key, const QVariant &value);
 void remove(const QString &key);
-// Reads the store afresh at the next value() (after another program changed it).
-void forgetReadValues();
 }
