@@ -4,6 +4,7 @@
 
 #include "update/PriceDataFile.h"
 #include "update/RedemptionDateRangeNotifier.h"
+#include "update/ValueHistoryPacking.h"
 #include "valuation/BondAssessor.h"
 
 #include <QtDebug>
@@ -214,6 +215,10 @@ bool PriceDataInstaller::updateRedemptionDateSummaryTables(QDateTime *minimum, Q
         "create table min_rdate as select ryr,rmo from bond_value where value >= -1 and ryr = (select min(ryr) from bond_value where value >= -1) order by ryr asc, rmo asc limit 1; ";
     if (!execute(script, "Could not update summary tables: %1"))
         return false;
+    // Packing only makes reading faster: a failure leaves the changed bonds read row by row.
+    QString packingError;
+    if (!ValueHistoryPacking::refresh(m_db, &packingError))
+        qWarning().noquote() << QStringLiteral("Could not pack value histories: %1").arg(packingError);
 
     // Read the range back the way every portfolio will, through a connection of its own.
     const char *file = sqlite3_db_filename(m_db, "main");

@@ -1,5 +1,7 @@
 #include "valuation/ValueHistoryCache.h"
 
+#include "valuation/PackedValueHistories.h"
+
 #include <QSet>
 #include <sqlite3.h>
 
@@ -18,9 +20,17 @@ constexpr const char *HistoryWithProvenanceSql =
 constexpr const char *MonthSql =
     "select exists (select 1 from bond_value where ryr = ? and rmo = ? and value >= -1)";
 
-quint32 historyKey(char seriesCode, int issueMonth)
+constexpr int ManyBonds = 150;
+
+// Without derived_value the database has nothing derived, whatever flags were packed before it went.
+std::shared_ptr<ValueHistory> unpackedRow(sqlite3_stmt *stmt, int firstColumn, bool knowsDerived)
 {
-    return (quint32(quint8(seriesCode)) << 24) | (quint32(issueMonth) & 0xffffffu);
+    const auto *values = static_cast<const char *>(sqlite3_column_blob(stmt, firstColumn + 1));
+    const qsizetype valueBytes = sqlite3_column_bytes(stmt, firstColumn + 1);
+    const auto *derived = static_cast<const char *>(sqlite3_column_blob(stmt, firstColumn + 2));
+    const qsizetype derivedBytes = knowsDerived ? sqlite3_column_bytes(stmt, firstColumn + 2) : 0;
+    return std::make_shared<ValueHistory>(ValueHistory::unpacked(sqlite3_column_int(stmt, firstColumn), values,
+                                                                 valueBytes, derived, derivedBytes));
 }
 
 const ValueHistory &emptyHistory()
@@ -30,31 +40,6 @@ const ValueHistory &emptyHistory()
 }
 
 } // namespace
-
-void ValueHistory::append(int redemptionMonth, qint32 value, bool derived)
-{
-    if (m_values.empty())
-        m_firstMonth = redemptionMonth;
-    const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
-    if (offset < qsizetype(m_values.size()))
-        return; // rows come in ascending order; anything else is not ours to place
-    m_values.resize(size_t(offset), Missing); // months the database skips
-    m_values.push_back(value);
-    if (derived) {
-        m_derived.resize(size_t(offset), false);
-        m_derived.push_back(true);
-    }
-}
-
-void ValueHistory::markDerived(int redemptionMonth)
-{
-    const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
-    if (offset < 0 || offset >= qsizetype(m_values.size()))
-        return;
-    if (offset >= qsizetype(m_derived.size()))
-        m_derived.resize(size_t(offset) + 1, false);
-    m_derived[size_t(offset)] = true;
-}
 
 ValueHistoryCache::ValueHistoryCache(sqlite3 *db)
     : m_db(db)
@@ -70,6 +55,7 @@ ValueHistoryCache::~ValueHistoryCache()
     if (m_inTransaction)
         sqlite3_exec(m_db, "commit", nullptr, nullptr, nullptr);
     sqlite3_finalize(m_historyStmt);
+    sqlite3_finalize(m_packedStmt);
     sqlite3_finalize(m_monthStmt);
     sqlite3_finalize(m_versionStmt);
 }
@@ -126,6 +112,13 @@ void ValueHistoryCache::prepareHistoryStatement()
                            &probe, nullptr) == SQLITE_OK
         && sqlite3_step(probe) == SQLITE_ROW;
     sqlite3_finalize(probe);
+    // Another program may have added the packed histories since the last look.
+    sqlite3_finalize(m_packedStmt);
+    m_packedStmt = nullptr;
+    if (PackedValueHistories::exists(m_db)) {
+        sqlite3_prepare_v2(m_db, "select first_month, value_list, derived_list from bond_history where bond = ?", -1,
+                           &m_packedStmt, nullptr);
+    }
     if (m_historyStmt && knowsDerived == m_historyKnowsDerived)
         return;
     sqlite3_finalize(m_historyStmt);
@@ -139,12 +132,19 @@ const ValueHistory &ValueHistoryCache::history(char seriesCode, int issueMonth)
     refreshIfChanged();
     if (!m_historyStmt)
         return emptyHistory();
-    const quint32 key = historyKey(seriesCode, issueMonth);
+    const quint32 key = PackedValueHistories::key(seriesCode, issueMonth);
     if (const auto found = m_histories.constFind(key); found != m_histories.cend())
         return **found;
     if (m_everyHistoryLoaded)
         return emptyHistory();
+    std::shared_ptr<ValueHistory> loaded = m_packedStmt ? readPacked(key) : nullptr;
+    if (!loaded)
+        loaded = readRange(seriesCode, issueMonth);
+    return **m_histories.insert(key, std::move(loaded));
+}
 
+std::shared_ptr<ValueHistory> ValueHistoryCache::readRange(char seriesCode, int issueMonth)
+{
     auto loaded = std::make_shared<ValueHistory>();
     sqlite3_bind_text(m_historyStmt, 1, &seriesCode, 1, SQLITE_TRANSIENT);
     sqlite3_bind_int(m_historyStmt, 2, MonthIndex::yearOf(issueMonth));
@@ -154,18 +154,29 @@ const ValueHistory &ValueHistoryCache::history(char seriesCode, int issueMonth)
                        sqlite3_column_int(m_historyStmt, 2), sqlite3_column_int(m_historyStmt, 3) != 0);
     }
     sqlite3_reset(m_historyStmt);
-    return **m_histories.insert(key, std::move(loaded));
+    return loaded;
+}
+
+std::shared_ptr<ValueHistory> ValueHistoryCache::readPacked(quint32 key)
+{
+    sqlite3_bind_int64(m_packedStmt, 1, key);
+    std::shared_ptr<ValueHistory> loaded;
+    if (sqlite3_step(m_packedStmt) != SQLITE_ROW)
+        loaded = std::make_shared<ValueHistory>(); // every bond with values has a row
+    else if (sqlite3_column_type(m_packedStmt, 1) != SQLITE_NULL)
+        loaded = unpackedRow(m_packedStmt, 0, m_historyKnowsDerived);
+    sqlite3_reset(m_packedStmt);
+    return loaded; // null while the bond's values changed since they were packed
 }
 
 void ValueHistoryCache::prefetch(const QList<std::pair<char, int>> &bonds)
 {
-    constexpr int ManyBonds = 150;
     refreshIfChanged();
     if (m_everyHistoryLoaded || !m_historyStmt)
         return;
     QSet<quint32> missing;
     for (const auto &[code, issueMonth] : bonds) {
-        const quint32 key = historyKey(code, issueMonth);
+        const quint32 key = PackedValueHistories::key(code, issueMonth);
         if (!m_histories.contains(key))
             missing.insert(key);
     }
@@ -175,6 +186,8 @@ void ValueHistoryCache::prefetch(const QList<std::pair<char, int>> &bonds)
 
 void ValueHistoryCache::loadEveryHistory()
 {
+    if (m_packedStmt && loadEveryPackedHistory())
+        return;
     sqlite3_stmt *stmt = nullptr;
     // Month counts made by SQLite and one series at a time: the fewest column reads per row.
     const char *sql = "select iyr * 12 + imo - 1, ryr * 12 + rmo - 1, value from bond_value"
@@ -191,7 +204,7 @@ void ValueHistoryCache::loadEveryHistory()
         while (sqlite3_step(stmt) == SQLITE_ROW) {
             const int issueMonth = sqlite3_column_int(stmt, 0);
             if (!current || issueMonth != currentIssue) {
-                auto &slot = loaded[historyKey(code, issueMonth)];
+                auto &slot = loaded[PackedValueHistories::key(code, issueMonth)];
                 slot = std::make_shared<ValueHistory>();
                 current = slot.get();
                 currentIssue = issueMonth;
@@ -206,12 +219,46 @@ void ValueHistoryCache::loadEveryHistory()
         while (sqlite3_step(stmt) == SQLITE_ROW) {
             const char code = char(sqlite3_column_text(stmt, 0)[0]);
             const auto found = loaded.constFind(
-                historyKey(code, MonthIndex::of(sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2))));
+                PackedValueHistories::key(code, MonthIndex::of(sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2))));
             if (found != loaded.cend())
                 (*found)->markDerived(MonthIndex::of(sqlite3_column_int(stmt, 3), sqlite3_column_int(stmt, 4)));
         }
     }
     sqlite3_finalize(stmt);
+    adoptEveryHistory(std::move(loaded));
+}
+
+bool ValueHistoryCache::loadEveryPackedHistory()
+{
+    sqlite3_stmt *stmt = nullptr;
+    if (sqlite3_prepare_v2(m_db, "select first_month, value_list, derived_list, bond from bond_history", -1, &stmt,
+                           nullptr) != SQLITE_OK) {
+        sqlite3_finalize(stmt);
+        return false;
+    }
+    QHash<quint32, std::shared_ptr<ValueHistory>> loaded;
+    QList<quint32> changed;
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        const auto key = quint32(sqlite3_column_int64(stmt, 3));
+        if (sqlite3_column_type(stmt, 1) == SQLITE_NULL)
+            changed << key;
+        else
+            loaded.insert(key, unpackedRow(stmt, 0, m_historyKnowsDerived));
+    }
+    sqlite3_finalize(stmt);
+    // Values changed since they were packed are read from the table, unless so many changed that
+    // one pass over it costs less.
+    if (changed.size() > ManyBonds)
+        return false;
+    for (const quint32 key : std::as_const(changed)) {
+        loaded.insert(key, readRange(PackedValueHistories::seriesCodeOf(key), PackedValueHistories::issueMonthOf(key)));
+    }
+    adoptEveryHistory(std::move(loaded));
+    return true;
+}
+
+void ValueHistoryCache::adoptEveryHistory(QHash<quint32, std::shared_ptr<ValueHistory>> &&loaded)
+{
     // Histories already handed out stay as they are: callers may be holding them.
     for (auto it = loaded.begin(); it != loaded.end(); ++it) {
         if (!m_histories.contains(it.key()))

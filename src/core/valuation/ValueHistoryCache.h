@@ -1,13 +1,15 @@
 #pragma once
 // Keeps the redemption values of each bond (series and issue month) that has been asked for, read
-// with one range query, so that valuing every holding for every month costs array look-ups rather
-// than one SQL statement (and one read transaction) each.
+// with one range query (or one row, where the database keeps the bond's values packed), so that
+// valuing every holding for every month costs array look-ups rather than one SQL statement (and
+// one read transaction) each.
 //
 // The cache never answers from an older state of the database: before answering it asks SQLite
 // whether any other connection (the updater, another process) has committed since it was filled
 // (PRAGMA data_version), and forgets everything when one has. Inside a batch that question is
 // asked once, when the batch begins, and a read transaction keeps the batch on one state.
 #include "valuation/MonthIndex.h"
+#include "valuation/ValueHistory.h"
 
 #include <QHash>
 #include <QList>
@@ -18,37 +20,6 @@
 
 struct sqlite3;
 struct sqlite3_stmt;
-
-// Stored values of one bond, by redemption month. Rows holding no price data (the −2 fillers of
-// blank cells) read exactly like missing rows.
-class ValueHistory
-{
-public:
-    static constexpr qint32 Missing = -2;
-
-    qint32 at(int redemptionMonth) const
-    {
-        const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
-        return offset >= 0 && offset < qsizetype(m_values.size()) ? m_values[size_t(offset)] : Missing;
-    }
-    // Whether the month's value was derived by the program rather than published.
-    bool isDerived(int redemptionMonth) const
-    {
-        const qsizetype offset = qsizetype(redemptionMonth) - m_firstMonth;
-        return offset >= 0 && offset < qsizetype(m_derived.size()) && m_derived[size_t(offset)];
-    }
-    bool isEmpty() const { return m_values.empty(); }
-    int firstMonth() const { return m_firstMonth; }
-    int lastMonth() const { return m_firstMonth + int(m_values.size()) - 1; }
-
-    void append(int redemptionMonth, qint32 value, bool derived);
-    void markDerived(int redemptionMonth);
-
-private:
-    int m_firstMonth = 0;
-    std::vector<qint32> m_values;
-    std::vector<bool> m_derived;
-};
 
 class ValueHistoryCache
 {
@@ -85,10 +56,15 @@ private:
     const Summary &summary();
     void prepareHistoryStatement();
     void loadEveryHistory();
+    bool loadEveryPackedHistory();
+    void adoptEveryHistory(QHash<quint32, std::shared_ptr<ValueHistory>> &&loaded);
+    std::shared_ptr<ValueHistory> readRange(char seriesCode, int issueMonth);
+    std::shared_ptr<ValueHistory> readPacked(quint32 key);
     std::optional<int> readSummaryTable(const char *sql) const;
 
     sqlite3 *m_db;
     sqlite3_stmt *m_historyStmt = nullptr;
+    sqlite3_stmt *m_packedStmt = nullptr; // null when the database keeps no packed histories
     bool m_historyKnowsDerived = false;
     sqlite3_stmt *m_monthStmt = nullptr;
     sqlite3_stmt *m_versionStmt = nullptr;

@@ -1,0 +1,152 @@
+// Packed value histories read exactly like the rows of bond_value they stand for: for every bond
+// of the shipped database, and after any program changes values or their provenance with plain
+// SQL, before and after the installers pack them again.
+#include "TestSupport.h"
+
+#include "update/DerivedValues.h"
+#include "update/ValueHistoryPacking.h"
+#include "valuation/MonthIndex.h"
+#include "valuation/PackedValueHistories.h"
+#include "valuation/ValueHistoryCache.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+namespace {
+
+struct Connection
+{
+    sqlite3 *db = nullptr;
+    explicit Connection(const QString &path) { sqlite3_open(path.toUtf8().constData(), &db); }
+    ~Connection() { sqlite3_close(db); }
+    void execute(const char *sql) const { ASSERT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql; }
+    QList<std::pair<char, int>> bonds(const char *sql) const
+    {
+        QList<std::pair<char, int>> found;
+        sqlite3_stmt *stmt = nullptr;
+        sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr);
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            found.append({char(sqlite3_column_text(stmt, 0)[0]), MonthIndex::of(sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2))});
+        sqlite3_finalize(stmt);
+        return found;
+    }
+    qint64 count(const char *sql) const
+    {
+        sqlite3_stmt *stmt = nullptr;
+        sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr);
+        const qint64 n = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int64(stmt, 0) : -1;
+        sqlite3_finalize(stmt);
+        return n;
+    }
+};
+
+constexpr const char *EveryBond = "select distinct series, iyr, imo from bond_value";
+
+// The same database as a program without packed histories made it.
+QString unpackedCopy(const QString &path)
+{
+    const QString copy = TestSupport::temporaryDirectory() + QStringLiteral("/unpacked.bvdb");
+    QFile::remove(copy);
+    EXPECT_TRUE(QFile::copy(path, copy));
+    const Connection unpacked(copy);
+    for (const char *table : {"bond_value", "derived_value"}) {
+        for (const char *change : {"inserted", "deleted", "updated"})
+            unpacked.execute(QByteArray("drop trigger ").append(table).append('_').append(change).constData());
+    }
+    unpacked.execute("drop table bond_history");
+    return copy;
+}
+
+// Every bond read three ways: one at a time from its packed row, all at once from the packed rows,
+// and row by row from bond_value.
+void expectSameAsRows(const QString &path)
+{
+    const QString plainPath = unpackedCopy(path);
+    Connection packed(path), plain(plainPath);
+    ASSERT_TRUE(PackedValueHistories::exists(packed.db));
+    ASSERT_FALSE(PackedValueHistories::exists(plain.db));
+    ValueHistoryCache oneByOne(packed.db), everyBond(packed.db), rows(plain.db);
+    const QList<std::pair<char, int>> bonds = plain.bonds(EveryBond);
+    everyBond.prefetch(bonds);
+    int withValues = 0;
+    for (const auto &[code, issueMonth] : bonds) {
+        const ValueHistory &expected = rows.history(code, issueMonth);
+        withValues += expected.isEmpty() ? 0 : 1;
+        EXPECT_TRUE(oneByOne.history(code, issueMonth) == expected) << code << ' ' << issueMonth;
+        EXPECT_TRUE(everyBond.history(code, issueMonth) == expected) << code << ' ' << issueMonth;
+    }
+    EXPECT_GT(withValues, 1000);
+}
+
+TEST(ValueHistoryPacking, ShippedDatabaseReadsLikeItsRows)
+{
+    const QString path = TestSupport::copyOfShippedDatabase();
+    EXPECT_EQ(Connection(path).count("select count(*) from bond_history where value_list is null"), 0);
+    expectSameAsRows(path);
+}
+
+// Changes made by some other program, straight into the tables.
+class ChangedBySql : public testing::TestWithParam<const char *> {};
+
+TEST_P(ChangedBySql, ReadAtOnceAndAfterPacking)
+{
+    const QString path = TestSupport::copyOfShippedDatabase();
+    {
+        Connection other(path);
+        other.execute(GetParam());
+        EXPECT_GT(other.count("select count(*) from bond_history where value_list is null"), 0);
+    }
+    expectSameAsRows(path);
+
+    Connection installer(path);
+    QString error;
+    ASSERT_TRUE(ValueHistoryPacking::refresh(installer.db, &error)) << error.toStdString();
+    EXPECT_EQ(installer.count("select count(*) from bond_history where value_list is null"), 0);
+    expectSameAsRows(path);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Statements, ChangedBySql,
+    testing::Values(
+        // a later month, with a conflict policy of its own
+        "insert or ignore into bond_value values ('N', 2031, 1, 2010, 1, 99999)",
+        // a month the bond skipped, so that the history gains a gap
+        "insert into bond_value values ('E', 2035, 6, 1950, 6, 123456)",
+        "update bond_value set value = value + 1 where series = 'I' and iyr = 2001 and imo = 3 and ryr = 2020",
+        "delete from bond_value where series = 'E' and iyr = 1950 and imo = 6 and ryr = 2000",
+        // a whole bond gone, and a new one
+        "delete from bond_value where series = 'S' and iyr = 1968 and imo = 2",
+        "insert into bond_value values ('I', 2040, 1, 2039, 12, 2500)",
+        // a blank cell's filler: no values, so no row
+        "insert into bond_value values ('I', 2041, 1, 2040, 12, -2)",
+        // provenance alone
+        "delete from derived_value where series = 'N' and iyr = 2010 and imo = 1 and ryr = 2022",
+        "insert into derived_value values ('N', 2010, 1, 2015, 1)"));
+
+TEST(ValueHistoryPacking, OlderDatabaseGainsThePackedRows)
+{
+    const QString path = unpackedCopy(TestSupport::copyOfShippedDatabase());
+    Connection installer(path);
+    QString error;
+    ASSERT_TRUE(ValueHistoryPacking::refresh(installer.db, &error)) << error.toStdString();
+    EXPECT_EQ(installer.count("select count(*) from bond_history"),
+              installer.count("select count(*) from (select distinct series, iyr, imo from bond_value where value >= -1)"));
+    expectSameAsRows(path);
+}
+
+// Dropping a table drops its triggers: what went into derived_value after it was made again was
+// never marked.
+TEST(ValueHistoryPacking, ProvenanceTableMadeAgainIsPackedAgain)
+{
+    const QString path = TestSupport::copyOfShippedDatabase();
+    Connection installer(path);
+    installer.execute("drop table derived_value");
+    QString error;
+    ASSERT_TRUE(DerivedValues::ensureTable(installer.db, &error));
+    installer.execute("insert into derived_value values ('N', 2010, 1, 2015, 1)");
+    ASSERT_TRUE(ValueHistoryPacking::refresh(installer.db, &error)) << error.toStdString();
+    expectSameAsRows(path);
+}
+
+} // namespace
