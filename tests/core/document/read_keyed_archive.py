@@ -57,6 +57,7 @@ def read(path):
         "null": objects[0],
         "hierarchies": {entry["$classname"]: entry["$classes"] for entry in classes},
         "classDictionaryCount": len(classes),
+        "strings": sorted(entry for entry in objects[1:] if isinstance(entry, str)),
         "root": resolve(archive["$top"]["root"], frozenset()),
     }
 

@@ -1,7 +1,7 @@
+// Holdings and people onto the archive's object graph and back: people this machine does not know,
+// and graphs of the wrong shape.
 #include "../PeopleFixture.h"
 #include "../QtPrinters.h"
-#include "../ValueTableFixture.h"
-#include "document/BondPortfolio.h"
 #include "document/PortfolioArchive.h"
 
 #include <gtest/gtest.h>
@@ -9,38 +9,20 @@
 namespace {
 
 using ObjectPtr = std::shared_ptr<ArchiveObject>;
-
-ObjectPtr objectAt(const ArchiveRef &ref)
-{
-    const auto *p = std::get_if<ObjectPtr>(&ref);
-    return p ? *p : nullptr;
-}
+using ArrayPtr = std::shared_ptr<ArchiveArray>;
 
 class PortfolioArchiveMapping : public ::testing::Test
 {
 protected:
     PortfolioArchiveMapping()
     {
-        ann = people.person("Ann", "Smith");
-        bob = people.person("Bob", "Jones");
-        first = Holding::create();
-        first->setSeries(Series::seriesForCode(QStringLiteral("E")));
-        first->setQuantity(3);
-        first->setFaceValue(Pennies(1) << 40);
-        first->setIssueDate(BondAssessor::monthDate(1980, 6));
-        first->setSerialNumber(QStringLiteral("C123"));
         first->setOwner(ann);
         first->setCoOwner(bob);
-        first->setPaper(true);
-        second = Holding::create();
-        second->setPaper(false);
-        second->setOwner(bob);
-        second->setBeneficiary(ann);
     }
 
     PeopleFixture people;
-    PersonRef ann, bob;
-    HoldingRef first, second;
+    PersonRef ann = people.person("Ann", "Smith"), bob = people.person("Bob", "Jones");
+    HoldingRef first = Holding::create();
 };
 
 TEST_F(PortfolioArchiveMapping, PersonMissingFromTheStoreVanishesFromListAndRoles)
@@ -57,42 +39,25 @@ TEST_F(PortfolioArchiveMapping, PersonMissingFromTheStoreVanishesFromListAndRole
     EXPECT_EQ(decoded.holdings.at(0)->owner(), decoded.titleHolders.at(0));
 }
 
-TEST_F(PortfolioArchiveMapping, OlderRootIsABareListAndPaperDefaultsToTrue)
-{
-    const ArchiveRef list = PortfolioArchive::encodeHoldings({second});
-    objectAt(std::get<std::shared_ptr<ArchiveArray>>(list)->items.at(0))->fields.removeLast(); // no "paper"
-    const auto decoded = PortfolioArchive::decodePortfolio(list, people.store);
-    ASSERT_TRUE(decoded.ok);
-    EXPECT_FALSE(decoded.hasTitleHolders);
-    EXPECT_TRUE(decoded.holdings.at(0)->isPaper());
-}
+ArchiveRef &holdingsEntry(ArchiveRef &root) { return std::get<std::shared_ptr<ArchiveDictionary>>(root)->entries[0].second; }
+ArrayPtr holdingList(ArchiveRef &root) { return std::get<ArrayPtr>(holdingsEntry(root)); }
+ObjectPtr firstHolding(ArchiveRef &root) { return std::get<ObjectPtr>(holdingList(root)->items[0]); }
 
 TEST_F(PortfolioArchiveMapping, RefusesGraphsOfTheWrongShape)
 {
-    struct Case { const char *name; std::function<void(ArchiveRef &)> spoil; };
-    const Case cases[] = {
+    const std::pair<const char *, std::function<void(ArchiveRef &)>> cases[] = {
         {"root is a string", [](ArchiveRef &r) { r = QStringLiteral("hello"); }},
-        {"holdings not a list", [](ArchiveRef &r) { std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second = QStringLiteral("x"); }},
-        {"holding of another class", [](ArchiveRef &r) {
-             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
-             objectAt(h->items[0])->className = QStringLiteral("NSObject"); }},
-        {"quantity too large", [](ArchiveRef &r) {
-             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
-             objectAt(h->items[0])->set("quantity", qint64(1) << 33); }},
-        {"face value is text", [](ArchiveRef &r) {
-             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
-             objectAt(h->items[0])->set("faceValue", ArchiveRef(QStringLiteral("5000"))); }},
-        {"owner is a holding", [](ArchiveRef &r) {
-             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
-             objectAt(h->items[0])->set("owner", h->items[0]); }},
-        {"holding listed twice", [](ArchiveRef &r) {
-             auto h = std::get<std::shared_ptr<ArchiveArray>>(std::get<std::shared_ptr<ArchiveDictionary>>(r)->entries[0].second);
-             h->items << h->items[0]; }},
+        {"holdings not a list", [](ArchiveRef &r) { holdingsEntry(r) = QStringLiteral("x"); }},
+        {"holding of another class", [](ArchiveRef &r) { firstHolding(r)->className = QStringLiteral("NSObject"); }},
+        {"quantity too large", [](ArchiveRef &r) { firstHolding(r)->set("quantity", qint64(1) << 33); }},
+        {"face value is text", [](ArchiveRef &r) { firstHolding(r)->set("faceValue", ArchiveRef(QStringLiteral("5000"))); }},
+        {"owner is a holding", [](ArchiveRef &r) { firstHolding(r)->set("owner", firstHolding(r)); }},
+        {"holding listed twice", [](ArchiveRef &r) { const auto list = holdingList(r); list->items << ArchiveRef(list->items[0]); }},
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto &[name, spoil] : cases) {
+        SCOPED_TRACE(name);
         ArchiveRef root = PortfolioArchive::encodePortfolio({first}, {ann, bob});
-        c.spoil(root);
+        spoil(root);
         const auto decoded = PortfolioArchive::decodePortfolio(root, people.store);
         EXPECT_FALSE(decoded.ok);
         EXPECT_FALSE(decoded.error.isEmpty());

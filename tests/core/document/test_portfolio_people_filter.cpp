@@ -17,14 +17,9 @@ protected:
     PeopleFilter()
         : portfolio(&people.store, ValueTable().finish())
     {
-        ann = people.person("Ann", "Smith");
-        bob = people.person("Bob", "Jones");
-        cy = people.person("Cy", "Young");
         portfolio.setTitleHolders({ann, bob, cy});
-        for (int k = 0; k < 4; ++k) {
-            bonds << Holding::create();
-            bonds.last()->setPortfolio(&portfolio);
-        }
+        for (const HoldingRef &bond : bonds)
+            bond->setPortfolio(&portfolio);
         bonds[0]->setOwner(ann);
         bonds[1]->setCoOwner(bob);
         bonds[1]->setOwner(cy);
@@ -42,8 +37,8 @@ protected:
 
     PeopleFixture people;
     BondPortfolio portfolio;
-    PersonRef ann, bob, cy;
-    QList<HoldingRef> bonds;
+    PersonRef ann = people.person("Ann", "Smith"), bob = people.person("Bob", "Jones"), cy = people.person("Cy", "Young");
+    const QList<HoldingRef> bonds{Holding::create(), Holding::create(), Holding::create(), Holding::create()};
 };
 
 TEST_F(PeopleFilter, ShowsHoldingsNamingAnySelectedPersonInAnyRole)

@@ -1,0 +1,62 @@
+#pragma once
+// Readers and writers that share nothing with ours, to check our files against: libplist's, and
+// Python's through read_keyed_archive.py, which prints what it sees in a file as JSON.
+#include "TestSupport.h"
+#include "document/PlistPtr.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStandardPaths>
+#include <gtest/gtest.h>
+
+inline PlistPtr libplistTree(const QByteArray &binary)
+{
+    plist_t root = nullptr;
+    plist_from_bin(binary.constData(), uint32_t(binary.size()), &root);
+    return PlistPtr(root);
+}
+
+inline QByteArray libplistBinary(plist_t root)
+{
+    char *bytes = nullptr;
+    uint32_t length = 0;
+    plist_to_bin(root, &bytes, &length);
+    const QByteArray result(bytes, qsizetype(length));
+    free(bytes);
+    return result;
+}
+
+#define SKIP_WITHOUT_PYTHON()                                                                  \
+    if (QStandardPaths::findExecutable(QStringLiteral("python3")).isEmpty())                  \
+    GTEST_SKIP() << "python3 is not installed"
+
+// Python's output for these bytes; empty, with a failure recorded, if it could not read them.
+inline QByteArray pythonReading(const QByteArray &file)
+{
+    const QString path = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/read.bondportfolio"), file);
+    QProcess reader;
+    reader.start(QStringLiteral("python3"), {TestSupport::sourcePath(QStringLiteral("tests/core/document/read_keyed_archive.py")), path});
+    if (!reader.waitForFinished(60000) || reader.exitCode() != 0) {
+        ADD_FAILURE() << "Python could not read the file: " << reader.readAllStandardError().toStdString();
+        return {};
+    }
+    return reader.readAllStandardOutput();
+}
+
+inline QJsonObject pythonJson(const QByteArray &file) { return QJsonDocument::fromJson(pythonReading(file)).object(); }
+
+inline void PrintTo(const QJsonValue &value, std::ostream *out)
+{
+    *out << QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).toStdString();
+}
+
+// Each key of `expected` (JSON text) has its value in `actual`.
+inline void expectFields(const QJsonObject &actual, const char *expected)
+{
+    const QJsonObject fields = QJsonDocument::fromJson(expected).object();
+    ASSERT_FALSE(fields.isEmpty()) << "unreadable expectation";
+    for (const QString &key : fields.keys())
+        EXPECT_EQ(actual[key], fields[key]) << key.toStdString();
+}
