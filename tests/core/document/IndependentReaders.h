@@ -37,7 +37,8 @@ inline QByteArray pythonReading(const QByteArray &file)
 {
     const QString path = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/read.bondportfolio"), file);
     QProcess reader;
-    reader.start(QStringLiteral("python3"), {TestSupport::sourcePath(QStringLiteral("tests/core/document/read_keyed_archive.py")), path});
+    const QString script = TestSupport::sourcePath(QStringLiteral("tests/core/document/read_keyed_archive.py"));
+    reader.start(QStringLiteral("python3"), {script, path});
     if (!reader.waitForFinished(60000) || reader.exitCode() != 0) {
         ADD_FAILURE() << "Python could not read the file: " << reader.readAllStandardError().toStdString();
         return {};

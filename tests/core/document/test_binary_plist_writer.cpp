@@ -41,6 +41,7 @@ struct TreeCase
     const char *name;
     std::function<plist_t()> make;
 };
+void PrintTo(const TreeCase &c, std::ostream *out) { *out << c.name; }
 const auto caseName = [](const auto &info) { return std::string(info.param.name); };
 
 const TreeCase treeCases[] = {

@@ -1,5 +1,5 @@
-// Keyed archives: round trips, the layout Foundation expects, refusal of damaged or hostile
-// files, and a check of written files by Python's independent property-list reader.
+// Keyed archives: round trips, refusal of graphs that could not be read back, and what Python's
+// independent reader sees in a written file, the layout Foundation expects included.
 #include "document/KeyedArchive.h"
 
 #include "IndependentReaders.h"
@@ -8,7 +8,6 @@
 #include <QJsonArray>
 #include <QTimeZone>
 #include <gtest/gtest.h>
-#include <plist/plist.h>
 
 #include <limits>
 

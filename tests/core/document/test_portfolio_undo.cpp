@@ -45,6 +45,8 @@ struct EditCase
     void (*edit)(Holding &, const PersonRef &ann, const PersonRef &bob);
 };
 
+void PrintTo(const EditCase &c, std::ostream *out) { *out << c.key; }
+
 class ValueEdits : public PortfolioUndo, public ::testing::WithParamInterface<EditCase> {};
 
 TEST_P(ValueEdits, UndoAndRedoThroughTheSameSetter)
