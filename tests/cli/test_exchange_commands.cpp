@@ -5,16 +5,18 @@
 
 namespace {
 
+const QByteArray WizardCsv = "Series,Denomination,Serial Number,Issue Date\r\nEE,100,Q100,03/1995\r\n";
+
 class ExchangeCommands : public ::testing::Test, public ExchangeFixture
 {
 protected:
     ExchangeCommands() { EXPECT_TRUE(portfolio->saveToFile(emptyPortfolio)); }
 
-    TestSupport::ProcessResult run(const QStringList &arguments) const
+    // The user's own people file is empty here: a portfolio's people are found beside it.
+    static TestSupport::ProcessResult run(const QStringList &arguments)
     {
         static const QString database = TestSupport::copyOfShippedDatabase();
-        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + database,
-                                               QStringLiteral("QUILLMERE_PEOPLE=") + people.store.path()});
+        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + database, QStringLiteral("QUILLMERE_PEOPLE=")});
     }
 
     QString dir = TestSupport::temporaryDirectory();
@@ -23,14 +25,14 @@ protected:
 
 TEST_F(ExchangeCommands, ImportIntoNewPortfolioThenExport)
 {
-    const QString csv = write(dir + QStringLiteral("/wizard.csv"), "Series,Denomination,Serial Number,Issue Date\r\nEE,100,Q100,03/1995\r\n");
+    const QString csv = write(dir + QStringLiteral("/wizard.csv"), WizardCsv);
     const QString bonds = dir + QStringLiteral("/bonds.bondportfolio");
-    const auto imported = run({QStringLiteral("import-csv"), bonds, csv, QStringLiteral("--format"), QStringLiteral("wizard")});
+    const auto imported = run({"import-csv", bonds, csv, "--format", "wizard"});
     ASSERT_EQ(imported.exitCode, 0) << imported.standardError.toStdString();
     EXPECT_TRUE(imported.standardOutput.startsWith("Import Complete: Imported 1 out of 1 bonds. (HH/H bonds not supported)\n"));
 
     const QString out = dir + QStringLiteral("/out.csv");
-    ASSERT_EQ(run({QStringLiteral("export-csv"), bonds, out, QStringLiteral("--as-of"), QStringLiteral("2000-01")}).exitCode, 0);
+    ASSERT_EQ(run({"export-csv", bonds, out, "--as-of", "2000-01"}).exitCode, 0);
     const QList<QByteArray> lines = contents(out).split('\n');
     ASSERT_EQ(lines.size(), 3);
     EXPECT_TRUE(lines.at(1).startsWith("\"EE Bond\",1,3/1995,50.00,100.00,")) << lines.at(1).toStdString();
@@ -40,19 +42,19 @@ TEST_F(ExchangeCommands, ImportIntoNewPortfolioThenExport)
 TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)
 {
     const QByteArray before = contents(emptyPortfolio);
-    const QString lf = write(dir + QStringLiteral("/lf.csv"), "Series,Denomination,Serial Number,Issue Date\nEE,100,Q100,03/1995\n");
+    const QString lf = write(dir + QStringLiteral("/lf.csv"), QByteArray(WizardCsv).replace("\r\n", "\n"));
     const QString x = dir + QStringLiteral("/x.csv");
     const QList<QStringList> invocations{
-        {QStringLiteral("import-csv"), emptyPortfolio, lf, QStringLiteral("--format"), QStringLiteral("wizard")},
-        {QStringLiteral("import-csv"), emptyPortfolio, lf},
-        {QStringLiteral("import-csv"), emptyPortfolio, lf, QStringLiteral("--format"), QStringLiteral("excel")},
-        {QStringLiteral("import-csv"), write(dir + QStringLiteral("/junk.bondportfolio"), "junk"), lf, QStringLiteral("--format"), QStringLiteral("own")},
-        {QStringLiteral("export-csv"), emptyPortfolio},
-        {QStringLiteral("export-csv"), dir + QStringLiteral("/missing.bondportfolio"), x},
-        {QStringLiteral("export-csv"), emptyPortfolio, x, QStringLiteral("--as-of"), QStringLiteral("2000-13")},
-        {QStringLiteral("export-csv"), emptyPortfolio, x, QStringLiteral("--as-of"), QStringLiteral("1900-01")},
-        {QStringLiteral("export-csv"), emptyPortfolio, dir + QStringLiteral("/no/x.csv")},
-        {QStringLiteral("export-qif"), emptyPortfolio, dir + QStringLiteral("/no")}};
+        {"import-csv", emptyPortfolio, lf, "--format", "wizard"},
+        {"import-csv", emptyPortfolio, lf},
+        {"import-csv", emptyPortfolio, lf, "--format", "excel"},
+        {"import-csv", write(dir + QStringLiteral("/junk.bondportfolio"), "junk"), lf, "--format", "own"},
+        {"export-csv", emptyPortfolio},
+        {"export-csv", dir + QStringLiteral("/missing.bondportfolio"), x},
+        {"export-csv", emptyPortfolio, x, "--as-of", "2000-13"},
+        {"export-csv", emptyPortfolio, x, "--as-of", "1900-01"},
+        {"export-csv", emptyPortfolio, dir + QStringLiteral("/no/x.csv")},
+        {"export-qif", emptyPortfolio, dir + QStringLiteral("/no")}};
     for (const QStringList &arguments : invocations) {
         const auto result = run(arguments);
         EXPECT_NE(result.exitCode, 0) << arguments.join(QLatin1Char(' ')).toStdString();
@@ -63,37 +65,33 @@ TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)
     EXPECT_FALSE(QFile::exists(x));
 }
 
-} // namespace
-
 // Every command finds a portfolio's people as show does; a saving command refuses to drop those
-// it cannot find. The user's own people file is empty here.
-TEST(PortfolioPeople, EveryCommandFindsThemBesideThePortfolioAndNoneAreDroppedUnasked)
+// it cannot find.
+TEST_F(ExchangeCommands, EveryCommandFindsThePeopleBesideThePortfolioAndNoneAreDroppedUnasked)
 {
-    const QString database = TestSupport::copyOfShippedDatabase();
-    auto run = [&](const QStringList &arguments) {
-        return TestSupport::runCli(arguments, {QStringLiteral("QUILLMERE_DATABASE=") + database, QStringLiteral("QUILLMERE_PEOPLE=")});
-    };
-    const QString withPeople = TestSupport::temporaryDirectory(), alone = TestSupport::temporaryDirectory();
+    const QString withPeople = TestSupport::temporaryDirectory();
     for (const QString &name : {QStringLiteral("sample.bondportfolio"), QStringLiteral("people.vcf")})
         QFile::copy(TestSupport::sourcePath(QStringLiteral("examples/") + name), withPeople + u'/' + name);
-    const QString sample = withPeople + QStringLiteral("/sample.bondportfolio"), lonely = alone + QStringLiteral("/sample.bondportfolio");
+    const QString sample = withPeople + QStringLiteral("/sample.bondportfolio"), lonely = dir + QStringLiteral("/sample.bondportfolio");
     QFile::copy(sample, lonely);
-    const QString csv = TestSupport::writeFile(alone + QStringLiteral("/one.csv"), "Series,Denomination,Serial Number,Issue Date\r\nEE,100,Q100,03/1995\r\n");
-    const QStringList import{QStringLiteral("import-csv"), QStringLiteral("--format"), QStringLiteral("wizard")};
+    const QString csv = write(dir + QStringLiteral("/one.csv"), WizardCsv);
+    const QStringList import{"import-csv", "--format", "wizard"};
 
     ASSERT_EQ(run(import + QStringList{sample, csv}).exitCode, 0);
-    EXPECT_TRUE(run({QStringLiteral("show"), sample}).standardOutput.contains("Margaret Whitfield OR Thomas Whitfield"));
-    ASSERT_EQ(run({QStringLiteral("export-csv"), sample, alone + QStringLiteral("/out.csv")}).exitCode, 0);
-    EXPECT_TRUE(TestSupport::readFile(alone + QStringLiteral("/out.csv")).contains(",Margaret Whitfield,Thomas Whitfield,"));
-    ASSERT_EQ(run({QStringLiteral("export-qif"), sample, alone}).exitCode, 0);
-    EXPECT_TRUE(TestSupport::readFile(alone + QStringLiteral("/Positions.qif")).contains(" Margaret Whitfield OR Thomas Whitfield\r"));
+    EXPECT_TRUE(run({"show", sample}).standardOutput.contains("Margaret Whitfield OR Thomas Whitfield"));
+    ASSERT_EQ(run({"export-csv", sample, dir + QStringLiteral("/out.csv")}).exitCode, 0);
+    EXPECT_TRUE(contents(dir + QStringLiteral("/out.csv")).contains(",Margaret Whitfield,Thomas Whitfield,"));
+    ASSERT_EQ(run({"export-qif", sample, dir}).exitCode, 0);
+    EXPECT_TRUE(contents(dir + QStringLiteral("/Positions.qif")).contains(" Margaret Whitfield OR Thomas Whitfield\r"));
 
-    const QByteArray before = TestSupport::readFile(lonely);
+    const QByteArray before = contents(lonely);
     const auto refused = run(import + QStringList{lonely, csv});
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(refused.standardError.contains(QStringLiteral("5 people named in %1 are not in ").arg(lonely).toUtf8()))
         << refused.standardError.toStdString();
     EXPECT_TRUE(refused.standardError.contains("--people FILE")) << refused.standardError.toStdString();
-    EXPECT_EQ(TestSupport::readFile(lonely), before);
-    EXPECT_EQ(run(import + QStringList{lonely, csv, QStringLiteral("--people"), withPeople + QStringLiteral("/people.vcf")}).exitCode, 0);
+    EXPECT_EQ(contents(lonely), before);
+    EXPECT_EQ(run(import + QStringList{lonely, csv, "--people", withPeople + QStringLiteral("/people.vcf")}).exitCode, 0);
 }
+
+} // namespace

@@ -6,24 +6,13 @@
 #include <QVariant>
 #include <ostream>
 
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
+inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
 inline void PrintTo(const QStringList &list, std::ostream *out)
 {
-    *out << '{';
-    for (qsizetype i = 0; i < list.size(); ++i)
-        *out << (i ? ", \"" : "\"") << list.at(i).toStdString() << '"';
-    *out << '}';
+    *out << '{' << (list.isEmpty() ? QString() : u'"' + list.join(QStringLiteral("\", \"")) + u'"').toStdString() << '}';
 }
-
-inline void PrintTo(const QDateTime &date, std::ostream *out)
-{
-    *out << date.toString(Qt::ISODateWithMs).toStdString();
-}
-
+inline void PrintTo(const QDate &date, std::ostream *out) { *out << date.toString(Qt::ISODate).toStdString(); }
+inline void PrintTo(const QDateTime &date, std::ostream *out) { *out << date.toString(Qt::ISODateWithMs).toStdString(); }
 inline void PrintTo(const QVariant &value, std::ostream *out)
 {
     *out << "QVariant(" << value.typeName() << ", " << value.toString().toStdString() << ')';

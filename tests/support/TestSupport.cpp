@@ -37,19 +37,15 @@ QString emptyDatabase()
     return target;
 }
 
-QString sourcePath(const QString &relative)
-{
-    return QStringLiteral(QUILLMERE_SOURCE_DIR "/") + relative;
-}
+QString sourcePath(const QString &relative) { return QStringLiteral(QUILLMERE_SOURCE_DIR "/") + relative; }
 
 QStringList repositorySources(const QStringList &leaveOut)
 {
     QStringList paths;
     const QDir treasury(sourcePath(QStringLiteral("data/treasury")));
-    for (const QString &name : treasury.entryList({QStringLiteral("sb*.asc")}, QDir::Files, QDir::Name)) {
+    for (const QString &name : treasury.entryList({QStringLiteral("sb*.asc")}, QDir::Files, QDir::Name))
         if (!leaveOut.contains(name))
             paths << treasury.filePath(name);
-    }
     if (!leaveOut.contains(QStringLiteral("i-bond-values.csv")))
         paths << sourcePath(QStringLiteral("data/fiscaldata/i-bond-values.csv"));
     return paths;

@@ -3,7 +3,6 @@
 #include "exchange/PortfolioQuicken.h"
 
 #include <QDir>
-#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 namespace {
@@ -39,21 +38,6 @@ TEST_F(QifExport, SecurityNamesAndPurchases)
     }
 }
 
-TEST_F(QifExport, PricesAndPositions)
-{
-    portfolio->setFileName(dir + QStringLiteral("/Family Bonds.bondportfolio"));
-    const HoldingRef ee = make("N", 1995, 3, 10000, 4); // prices are per $25, whatever face and quantity
-    const HoldingRef i = make("I", 1999, 7, 5000);
-    const QByteArray prices = "!Type:Prices\r031995N,20.04,04/1/1996\r031995N,29.90,12/1/1999\r031995N,30.00,01/1/2000\r"
-                              "071999I,26.00,01/1/2000\r^\r";
-    EXPECT_EQ(PortfolioQuicken::quickenPriceListRepresentation({ee, make("E", 1980, 1, 5000), i}), prices);
-    EXPECT_EQ(PortfolioQuicken::quickenPortfolioRepresentation(*portfolio, {ee, i}),
-              "!Type:Security\rN03/1995 EE Bond\rS031995N\rTBond\r^\rN07/1999 I Bond\rS071999I\rTBond\r^\r"
-              "!Account\rNFamily Bonds\rDGenerated with Quillmere\rTPort\r^\r!Type:Invst\r"
-                  + HoldingQuicken::asQuickenTransaction(*ee).toLatin1() + HoldingQuicken::asQuickenTransaction(*i).toLatin1()
-                  + prices);
-}
-
 TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
 {
     QuickenFileSet::Outcome outcome = QuickenFileSet::exportToQuickenFileSet(*portfolio, {}, dir);
@@ -61,18 +45,20 @@ TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
     EXPECT_EQ(contents(in(QStringLiteral("PriceList.qif"))), QByteArray("!Type:Prices\r^\r"));
     EXPECT_EQ(contents(in(QStringLiteral("Positions.qif"))), QByteArray("!Type:Security\r!Account\rNUntitled\r"
                                                                         "DGenerated with Quillmere\rTPort\r^\r!Type:Invst\r!Type:Prices\r^\r"));
-    const HoldingRef ee = make("N", 1995, 3, 5000), i = make("I", 1999, 7, 5000);
-    portfolio->setHoldings({ee, i});
+    portfolio->setFileName(dir + QStringLiteral("/Family Bonds.bondportfolio"));
+    const HoldingRef ee = make("N", 1995, 3, 10000, 4), e = make("E", 1980, 1, 5000), i = make("I", 1999, 7, 5000);
+    portfolio->setHoldings({ee, e, i});
     portfolio->markSaved();
-    outcome = QuickenFileSet::exportToQuickenFileSet(*portfolio, {i}, dir);
+    outcome = QuickenFileSet::exportToQuickenFileSet(*portfolio, {ee, e}, dir);
     ASSERT_TRUE(outcome.succeeded);
-    EXPECT_EQ(contents(in(QStringLiteral("PriceList-1.qif"))),
-              QByteArray("!Type:Prices\r031995N,20.04,04/1/1996\r031995N,29.90,12/1/1999\r031995N,30.00,01/1/2000\r"
-                         "071999I,26.00,01/1/2000\r^\r"));
+    // Prices are per $25, whatever face and quantity; the E bond has none.
+    const QByteArray eePrices = "031995N,20.04,04/1/1996\r031995N,29.90,12/1/1999\r031995N,30.00,01/1/2000\r";
+    EXPECT_EQ(contents(in(QStringLiteral("PriceList-1.qif"))), "!Type:Prices\r" + eePrices + "071999I,26.00,01/1/2000\r^\r");
     EXPECT_EQ(contents(in(QStringLiteral("Positions-1.qif"))),
-              QByteArray("!Type:Security\rN07/1999 I Bond\rS071999I\rTBond\r^\r!Account\rNUntitled\rDGenerated with Quillmere\r"
-                         "TPort\r^\r!Type:Invst\rD07/01/1999\rNShrsIn\rY07/1999 I Bond\rI25.0000\rQ2.0000\rT50.0000\r"
-                         "MI Bond purchased 07/1999\r^\r!Type:Prices\r071999I,26.00,01/1/2000\r^\r"));
+              "!Type:Security\rN03/1995 EE Bond\rS031995N\rTBond\r^\rN01/1980 E Bond\rS011980E\rTBond\r^\r"
+              "!Account\rNFamily Bonds\rDGenerated with Quillmere\rTPort\r^\r!Type:Invst\r"
+                  + (HoldingQuicken::asQuickenTransaction(*ee) + HoldingQuicken::asQuickenTransaction(*e)).toLatin1()
+                  + "!Type:Prices\r" + eePrices + "^\r");
     EXPECT_EQ(outcome.title, QStringLiteral("Export complete"));
     EXPECT_EQ(outcome.message, QStringLiteral("You may now import your portfolio positions and pricelist from the files in ")
                                    + QDir(dir).absolutePath());
@@ -100,30 +86,6 @@ TEST_F(QifExport, NumberedNamesFollowThePriceListAlone)
         for (const QString &name : present)
             EXPECT_EQ(contents(in(name)) == "older", name != positions) << name.toStdString();
     }
-}
-
-TEST(QifPriceFormat, LinesParseAsQuickenPriceRecords)
-{
-    // A price line as GnuCash's QIF importer reads it: symbol, decimal price, month/day/year, separated by
-    // commas; symbol and date may be double-quoted (the importer strips the quotes). This export writes the
-    // unquoted form.
-    static const QRegularExpression priceLine(
-        QStringLiteral("^(\"?)[A-Za-z0-9.^-]+\\1,[0-9]+(\\.[0-9]+)?,(\"?)(0[1-9]|1[0-2])/ ?[1-9]/[0-9]{4}\\3$"));
-    PeopleFixture people;
-    BondPortfolio portfolio(&people.store, TestSupport::copyOfShippedDatabase());
-    QList<HoldingRef> holdings;
-    for (const auto &[code, year, month] : {std::tuple{"N", 1995, 3}, {"I", 1998, 9}, {"E", 1970, 1}, {"S", 1967, 5}}) {
-        holdings << Holding::create();
-        holdings.last()->setSeries(Series::seriesForCode(QLatin1String(code)));
-        holdings.last()->setIssueDate(BondAssessor::monthDate(year, month));
-        holdings.last()->setPortfolio(&portfolio);
-    }
-    const QList<QByteArray> lines = PortfolioQuicken::quickenPriceListRepresentation(holdings).split('\r');
-    ASSERT_GT(lines.size(), 4 * 12);
-    EXPECT_EQ(lines.first(), QByteArray("!Type:Prices"));
-    EXPECT_EQ(lines.mid(lines.size() - 2), (QList<QByteArray>{"^", ""}));
-    for (const QByteArray &line : lines.mid(1, lines.size() - 3))
-        EXPECT_TRUE(priceLine.match(QString::fromLatin1(line)).hasMatch()) << line.toStdString();
 }
 
 } // namespace

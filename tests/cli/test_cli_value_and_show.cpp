@@ -1,0 +1,211 @@
+// value, show and database as the user runs them: official figures to the cent, computed figures
+// told from published ones, bonds without a value pointed to the Treasury's newer files.
+#include "../core/QtPrinters.h"
+#include "TestSupport.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList withDatabase(const QString &path)
+{
+    return {QStringLiteral("QUILLMERE_DATABASE=") + path};
+}
+
+// A private copy of the shipped database, with the sample's people.
+const QStringList &shipped()
+{
+    static const QStringList environment = withDatabase(TestSupport::copyOfShippedDatabase())
+        + QStringList{QStringLiteral("QUILLMERE_PEOPLE=") + TestSupport::sourcePath(QStringLiteral("examples/people.vcf"))};
+    return environment;
+}
+
+QString sample() { return TestSupport::sourcePath(QStringLiteral("examples/sample.bondportfolio")); }
+
+TestSupport::ProcessResult value(const QStringList &arguments, const QStringList &environment = shipped())
+{
+    return TestSupport::runCli(QStringList{QStringLiteral("value")} + arguments, environment);
+}
+
+struct ValueCase
+{
+    QStringList bond; // series, face, issue month, valuation month, and any further option
+    const char *issuePrice, *value, *interest;
+    const char *remark; // "Computed", "install-treasury-file", or "" for neither
+};
+
+void PrintTo(const ValueCase &c, std::ostream *out) { *out << c.bond.join(u' ').toStdString(); }
+
+class CliValueOf : public testing::TestWithParam<ValueCase> {};
+
+TEST_P(CliValueOf, IsPrintedWithItsProvenance)
+{
+    const ValueCase &c = GetParam();
+    const auto result = value(QStringList{"--series", c.bond.at(0), "--face", c.bond.at(1), "--issued", c.bond.at(2), "--as-of",
+                                          c.bond.at(3)} + c.bond.mid(4));
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.toStdString();
+    const QByteArray out = result.standardOutput;
+    EXPECT_TRUE(out.contains(QStringLiteral("Issue price:     %1\nValue:           %2\nInterest earned: %3\n")
+                                 .arg(QLatin1String(c.issuePrice), QLatin1String(c.value), QLatin1String(c.interest)).toUtf8()))
+        << out.toStdString();
+    for (const char *remark : {"Computed:        computed by this program", "install-treasury-file"})
+        EXPECT_EQ(out.contains(remark), *c.remark && QByteArray(remark).startsWith(c.remark)) << remark << '\n' << out.toStdString();
+}
+
+// Every spelling of each series, per $25 in November 2026, matured values carried forward.
+const ValueCase seriesNames[] = {
+    {{"E", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed"},
+    {{"e", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed"},
+    {{"SN", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed"},
+    {{"Savings Note", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed"},
+    {{"S", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed"},
+    {{"N", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed"},
+    {{"EE", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed"},
+    {{"I", "25", "2010-01", "2026-11"}, "$25.00", "$40.83", "$15.83", ""},
+    {{"I", "25", "2026-06", "2026-11"}, "$25.00", "not yet redeemable", "$0.00", ""}};
+INSTANTIATE_TEST_SUITE_P(SeriesNames, CliValueOf, testing::ValuesIn(seriesNames));
+// Published, computed and missing values; an electronic EE bond is worth twice a paper one.
+const ValueCase provenance[] = {
+    {{"EE", "100", "1990-01", "2021-11"}, "$50.00", "$207.36", "$157.36", ""}, // published
+    {{"EE", "100", "1990-01", "2021-11", "--electronic"}, "$100.00", "$414.72", "$314.72", ""},
+    {{"EE", "100", "2005-05", "2021-11"}, "$50.00", "$88.56", "$38.56", ""},
+    {{"EE", "100", "2005-05", "2026-11"}, "$50.00", "$105.36", "$55.36", "Computed"}, // from its fixed rate
+    {{"E", "100", "1980-06", "2026-11"}, "$75.00", "$447.00", "$372.00", "Computed"}, // matured, carried forward
+    {{"EE", "100", "1995-05", "2026-11"}, "$50.00", "no pricing data", "$0.00", "install-treasury-file"}};
+INSTANTIATE_TEST_SUITE_P(Provenance, CliValueOf, testing::ValuesIn(provenance));
+
+TEST(CliValue, RefusesBadArgumentsWithAMessage)
+{
+    const std::pair<QStringList, const char *> cases[] = {
+        {{"--series", "F", "--face", "25", "--issued", "1990-01"}, "unknown series 'F'"},
+        {{"--series", "EE", "--face", "-5", "--issued", "1990-01"}, "positive number of dollars"},
+        {{"--series", "EE", "--face", "25", "--issued", "1990-13"}, "YYYY-MM, not '1990-13'"},
+        {{"--series", "EE", "--face", "25"}, "--issued is required"},
+        {{"--series", "EE", "--face", "25", "--issued", "1990-01", "--as-of", "May"}, "YYYY-MM, not 'May'"}};
+    for (const auto &[arguments, complaint] : cases) {
+        const auto result = value(arguments);
+        EXPECT_NE(result.exitCode, 0) << complaint;
+        EXPECT_TRUE(result.standardError.contains(complaint)) << result.standardError.toStdString();
+        EXPECT_TRUE(result.standardOutput.isEmpty()) << complaint;
+    }
+}
+
+TEST(CliDatabase, MissingOrUnreadableDatabaseIsAClearFailure)
+{
+    const QString dir = TestSupport::temporaryDirectory();
+    const auto missing = TestSupport::runCli({"database"}, withDatabase(dir + QStringLiteral("/none.bvdb")));
+    EXPECT_NE(missing.exitCode, 0);
+    EXPECT_TRUE(missing.standardError.contains("does not exist")) << missing.standardError.toStdString();
+
+    const QString garbage = TestSupport::writeFile(dir + QStringLiteral("/garbage.bvdb"), QByteArray(2048, 'g'));
+    const auto unreadable = value({"--series", "EE", "--face", "25", "--issued", "1990-01"}, withDatabase(garbage));
+    EXPECT_NE(unreadable.exitCode, 0);
+    EXPECT_TRUE(unreadable.standardError.contains("Unable to load essential resources from " + garbage.toUtf8()))
+        << unreadable.standardError.toStdString();
+}
+
+TEST(CliDatabase, ReportsRangeCountAndInstalledFiles)
+{
+    const auto result = TestSupport::runCli({"database"}, shipped());
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.toStdString();
+    for (const char *line : {"Earliest redemption month:  1992-05\n", "Latest redemption month:    2026-11\n",
+                             "Values:                     417048\n", "Installed files:            61\n", "  sb199205.asc\n",
+                             "  i-bond-values.csv\n", "  matured-carry-forward\n"})
+        EXPECT_TRUE(result.standardOutput.contains(line)) << line << result.standardOutput.toStdString();
+}
+
+TEST(CliBuildDatabase, RefusesAMalformedSourceNamingFileAndLine)
+{
+    const QString dir = TestSupport::temporaryDirectory();
+    const QString source = TestSupport::writeFile(dir + QStringLiteral("/sb202106.asc"),
+                                                  "E2021061980011062\r\nE2021061979011062\r\nX2021061978011062\r\n");
+    const QString out = dir + QStringLiteral("/built.bvdb");
+    const auto result = TestSupport::runCli({"build-database", "--out", out, source});
+    EXPECT_NE(result.exitCode, 0);
+    EXPECT_TRUE(result.standardError.contains(source.toUtf8() + ":3: bad series letter 'X'")) << result.standardError.toStdString();
+    EXPECT_FALSE(QFile::exists(out));
+}
+
+TEST(CliShow, SampleShowsItsPeopleFiguresAndSummary)
+{
+    const auto result = TestSupport::runCli({"show", sample(), "--as-of", "2021-11"}, shipped());
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
+    // $414.72: EE issued January 1990, $100 face, two bonds: $51.84 per $25 in November 2021.
+    for (const char *text : {"Margaret Whitfield OR Thomas Whitfield", "Thomas Whitfield POD Eleanor Whitfield", "$414.72", "[no pricing data]"})
+        EXPECT_TRUE(result.standardOutput.contains(text)) << text << '\n' << result.standardOutput.toStdString();
+}
+
+TEST(CliShow, JsonHasTheOfficialValuesInPennies)
+{
+    const auto result = TestSupport::runCli({"show", sample(), "--as-of", "2021-11", "--yearly", "--json"}, shipped());
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
+    const QJsonObject root = QJsonDocument::fromJson(result.standardOutput).object();
+    EXPECT_EQ(root.value("valueOfDate").toString(), QStringLiteral("2021-11"));
+    EXPECT_EQ(root.value("summaryMode").toString(), QStringLiteral("yearly"));
+    // The official November 2021 values per $25: EE 1990-01 $51.84 (two $100 bonds), EE 2005-05
+    // $22.14 (four $50 electronic bonds, worth twice), E 1980-06 $111.75, I 2010-01 $32.26 (one
+    // $1000 bond), I 1998-09 $89.63 (two $50 bonds), Savings Note 1967-05 $153.33 ($50); then an I
+    // bond of a month before the series and one not issued yet, worth nothing.
+    const QList<qint64> values{5184 * 4 * 2, 2214 * 2 * 2 * 4, 11175, 3226 * 40, 8963 * 2 * 2, 15333 * 2, 0, 0};
+    const QJsonArray holdings = root.value("holdings").toArray();
+    ASSERT_EQ(holdings.size(), values.size());
+    for (qsizetype i = 0; i < values.size(); ++i)
+        EXPECT_EQ(holdings.at(i).toObject().value("value").toInteger(), values.at(i)) << "holding " << i;
+    EXPECT_EQ(holdings.at(0).toObject().value("interestEarned").toInteger(), 41472 - 2 * 5000);
+    EXPECT_EQ(root.value("totals").toObject().value("value").toInteger(), 283629);
+}
+
+// Values computed by this program, not published by the Treasury, are marked in text and JSON.
+TEST(CliShow, MarksComputedHoldings)
+{
+    const auto text = TestSupport::runCli({"show", sample(), "--as-of", "2026-11"}, shipped());
+    ASSERT_EQ(text.exitCode, 0) << text.standardError.toStdString();
+    EXPECT_TRUE(text.standardOutput.contains("[computed] Thomas Whitfield POD Eleanor Whitfield")) << text.standardOutput.toStdString();
+    EXPECT_TRUE(text.standardOutput.contains("\n([computed] computed by this program, not published by the Treasury"));
+    const auto json = TestSupport::runCli({"show", sample(), "--as-of", "2026-11", "--json"}, shipped());
+    QStringList computed;
+    for (const QJsonValue &holding : QJsonDocument::fromJson(json.standardOutput).object().value("holdings").toArray()) {
+        if (holding.toObject().value("computed").toBool())
+            computed << holding.toObject().value("issueDate").toString();
+    }
+    EXPECT_EQ(computed, QStringList({"1990-01", "2005-05", "1980-06", "1967-05"}));
+}
+
+TEST(CliShow, RefusesWhatItCannotShow)
+{
+    const QString junk = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/junk.bondportfolio"),
+                                                "not a portfolio at all");
+    struct Case { QStringList arguments; const char *message; };
+    const Case cases[] = {
+        {{"show", junk}, "portfolio"},
+        {{"show", sample(), "--as-of", "1850-01"}, "No pricing data available for bonds with that valuation date"},
+        {{"show", sample(), "--as-of", "2021-13"}, "YYYY-MM"},
+        {{"show"}, "portfolio"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        const auto result = TestSupport::runCli(c.arguments, shipped());
+        EXPECT_NE(result.exitCode, 0);
+        EXPECT_TRUE(QString::fromUtf8(result.standardError).contains(QString::fromLatin1(c.message)))
+            << result.standardError.constData();
+    }
+}
+
+TEST(CliMakeSample, WritesTheCommittedExampleAgain)
+{
+    const QString folder = TestSupport::temporaryDirectory();
+    const auto result = TestSupport::runCli({"make-sample", folder}, shipped());
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
+    for (const char *name : {"people.vcf", "sample.bondportfolio"}) {
+        SCOPED_TRACE(name);
+        const QByteArray made = TestSupport::readFile(folder + u'/' + QString::fromLatin1(name));
+        EXPECT_FALSE(made.isEmpty());
+        EXPECT_EQ(made, TestSupport::readFile(TestSupport::sourcePath(QStringLiteral("examples/") + QString::fromLatin1(name))));
+    }
+}
+
+} // namespace
