@@ -2,17 +2,11 @@
 // rows, what gets written, and the alerts' exact texts, with the panels answered by the test.
 #include "GuiTestMain.h"
 #include "BondTableView.h"
-#include "DocumentManager.h"
 #include "ExchangePanels.h"
-#include "PortfolioWindow.h"
-#include "document/BondPortfolio.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QUndoStack>
+#include <QDir>
 
 namespace {
 
@@ -46,7 +40,6 @@ class PortfolioExchangeTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
     PortfolioWindow *m_window = nullptr;
     ScriptedPanels *m_panels = nullptr;
 
@@ -59,26 +52,15 @@ class PortfolioExchangeTest : public QObject
     }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_dir.isValid());
-        QVERIFY(GuiTest::useSampleFiles(m_dir));
-    }
-
     void init()
     {
-        m_window = DocumentManager::instance().openFile(GuiTest::samplePath());
-        QVERIFY(m_window);
+        QVERIFY((m_window = GuiTest::openSample()));
         QVERIFY(m_window->portfolio()->holdings().size() >= 3);
         m_panels = new ScriptedPanels;
         m_window->setExchangePanels(std::unique_ptr<ExchangePanels>(m_panels));
     }
 
-    void cleanup()
-    {
-        m_window->portfolio()->markSaved();
-        delete m_window;
-    }
+    void cleanup() { GuiTest::discardWindows(); }
 
     void csvExportWritesWhatTheRowsChoose_data()
     {
@@ -97,7 +79,7 @@ private slots:
         QFETCH(bool, offered);
         QFETCH(bool, onlySelected);
         selectFirstBonds(selected);
-        m_panels->path = m_dir.filePath(QStringLiteral("export.csv"));
+        m_panels->path = GuiTest::path(QStringLiteral("export.csv"));
         m_panels->row = row;
         m_window->action(PortfolioWindow::ActionId::ExportCsv)->trigger();
         QCOMPARE(m_panels->offeredSelection, offered);
@@ -111,7 +93,7 @@ private slots:
 
     void aFailedCsvWriteOnlyBeeps()
     {
-        m_panels->path = m_dir.filePath(QStringLiteral("no such folder/export.csv"));
+        m_panels->path = GuiTest::path(QStringLiteral("no such folder/export.csv"));
         m_window->exportCsv();
         QCOMPARE(m_panels->beeps, 1);
         QVERIFY(m_panels->alerts.isEmpty());
@@ -131,7 +113,7 @@ private slots:
         QFETCH(bool, writable);
         QFETCH(QString, alert);
         QFETCH(int, beeps);
-        m_panels->path = m_dir.filePath(writable ? QStringLiteral("qif") : QStringLiteral("missing/deeper"));
+        m_panels->path = GuiTest::path(writable ? QStringLiteral("qif") : QStringLiteral("missing/deeper"));
         if (writable)
             QVERIFY(QDir().mkpath(m_panels->path));
         m_window->exportQif();
@@ -156,7 +138,7 @@ private slots:
         QFETCH(int, format);
         QFETCH(int, added);
         QFETCH(QString, alert);
-        const QString path = m_dir.filePath(QStringLiteral("import.csv"));
+        const QString path = GuiTest::path(QStringLiteral("import.csv"));
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write("Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"

@@ -15,20 +15,23 @@
 
 namespace PriceUpdateTestData {
 
+// A record with every issue month set to fill (-2: no data).
+inline PriceRecord record(char series, int ryr, int rmo, int iyr, qint32 fill = -2)
+{
+    PriceRecord r{series, quint8(rmo), quint16(ryr), quint16(iyr), {}};
+    r.value.fill(fill);
+    return r;
+}
+
 // records records of one series and redemption month, issue years firstIssueYear onwards;
 // value[k] = base + issue year offset * 12 + k, so every row is told apart.
 inline QByteArray priceFile(char series, int ryr, int rmo, int firstIssueYear, int records, qint32 base = 2500)
 {
     QList<PriceRecord> list;
     for (int i = 0; i < records; ++i) {
-        PriceRecord record;
-        record.series = series;
-        record.ryr = static_cast<quint16>(ryr);
-        record.rmo = static_cast<quint8>(rmo);
-        record.iyr = static_cast<quint16>(firstIssueYear + i);
+        list << record(series, ryr, rmo, firstIssueYear + i);
         for (int k = 0; k < 12; ++k)
-            record.value[k] = base + i * 12 + k;
-        list << record;
+            list.last().value[k] = base + i * 12 + k;
     }
     return PriceDataFile::encode(list);
 }
@@ -55,7 +58,6 @@ inline QString queryText(const QString &database, const QString &sql)
 {
     return queryColumn(database, sql).value(0);
 }
-
 // -1 when the query yields no row.
 inline qint64 queryInt(const QString &database, const QString &sql)
 {
