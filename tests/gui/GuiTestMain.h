@@ -4,11 +4,15 @@
 // test sees the user's files or what an earlier run left. (Qt's test mode would share one folder
 // across every run and program.) Helpers for the sample portfolio's window.
 #include "DocumentManager.h"
+#include "HoldingsFilterModel.h"
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
 
+#include <QAbstractItemModelTester>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFile>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,9 +28,29 @@ inline QString samplePath()
     return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio");
 }
 
+// With a tester that fails the test when the bond table's model breaks its contract.
 inline PortfolioWindow *openSample()
 {
-    return DocumentManager::instance().openFile(samplePath());
+    PortfolioWindow *window = DocumentManager::instance().openFile(samplePath());
+    if (window)
+        new QAbstractItemModelTester(window->shownHoldingsModel(), window);
+    return window;
+}
+
+inline void selectRows(QAbstractItemView *view, const QList<int> &rows)
+{
+    view->selectionModel()->clearSelection();
+    for (int row : rows)
+        view->selectionModel()->select(view->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+// The texts of the alerts the window shows.
+inline QStringList alertTexts(QWidget *window)
+{
+    QStringList texts;
+    for (QMessageBox *box : window->findChildren<QMessageBox *>())
+        texts << box->text();
+    return texts;
 }
 
 // Closes every window without asking about unsaved changes.

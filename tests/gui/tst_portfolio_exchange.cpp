@@ -43,14 +43,6 @@ class PortfolioExchangeTest : public QObject
     PortfolioWindow *m_window = nullptr;
     ScriptedPanels *m_panels = nullptr;
 
-    void selectFirstBonds(int count)
-    {
-        QItemSelectionModel *selection = m_window->bondTable()->selectionModel();
-        for (int row = 0; row < count; ++row)
-            selection->select(m_window->bondTable()->model()->index(row, 0),
-                              QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    }
-
 private slots:
     void init()
     {
@@ -78,7 +70,7 @@ private slots:
         QFETCH(int, row);
         QFETCH(bool, offered);
         QFETCH(bool, onlySelected);
-        selectFirstBonds(selected);
+        GuiTest::selectRows(m_window->bondTable(), selected ? QList<int>{0, 1} : QList<int>{});
         m_panels->path = GuiTest::path(QStringLiteral("export.csv"));
         m_panels->row = row;
         m_window->action(PortfolioWindow::ActionId::ExportCsv)->trigger();

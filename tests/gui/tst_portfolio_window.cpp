@@ -1,46 +1,22 @@
 // The portfolio window as a user meets it: filtering by people, adding, naming and pasting bonds,
-// undo, the toolbar and menus, the column settings, refusals, and closing with unsaved changes.
+// undo and its action names, the toolbar, and opening and closing files.
 #include "GuiTestMain.h"
-#include "BondTableColumns.h"
 #include "BondTableView.h"
-#include "ColorCircleDelegate.h"
 #include "HoldingColumns.h"
-#include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
-#include "PortfolioWindow.h"
-#include "ValuationMonthPicker.h"
-#include "model/UserDefaults.h"
-#include "update/RedemptionDateRangeNotifier.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemModelTester>
 #include <QAction>
-#include <QApplication>
 #include <QClipboard>
-#include <QFont>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
 #include <QMimeData>
-#include <QTest>
 #include <QTimer>
 #include <QUndoStack>
-#include <sqlite3.h>
 
 using Id = PortfolioWindow::ActionId;
 
 class PortfolioWindowTest : public QObject
 {
     Q_OBJECT
-
-    static PortfolioWindow *openSample()
-    {
-        PortfolioWindow *window = GuiTest::openSample();
-        if (window)
-            new QAbstractItemModelTester(window->shownHoldingsModel(), window);
-        return window;
-    }
 
     static int rowOfPerson(PortfolioWindow *window, const QString &name)
     {
@@ -49,27 +25,12 @@ class PortfolioWindowTest : public QObject
         return found.isEmpty() ? -1 : found.first().row();
     }
 
-    static void selectRows(QAbstractItemView *view, const QList<int> &rows)
-    {
-        view->selectionModel()->clearSelection();
-        for (int row : rows)
-            view->selectionModel()->select(view->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    }
-
     static void selectPeople(PortfolioWindow *window, const QStringList &names)
     {
         QList<int> rows;
         for (const QString &name : names)
             rows << rowOfPerson(window, name);
-        selectRows(window->peopleTable(), rows);
-    }
-
-    static QStringList alertTexts(QWidget *window)
-    {
-        QStringList texts;
-        for (QMessageBox *box : window->findChildren<QMessageBox *>())
-            texts << box->text();
-        return texts;
+        GuiTest::selectRows(window->peopleTable(), rows);
     }
 
     // Drags the data onto Rosa Delgado's row of the people table; true if the table takes it.
@@ -106,8 +67,7 @@ private slots:
     {
         QFETCH(QStringList, people);
         QFETCH(int, rowsShown);
-        PortfolioWindow *window = openSample();
-        QVERIFY(window);
+        PortfolioWindow *window = GuiTest::openSample();
         new QAbstractItemModelTester(window->peopleTable()->model(), window);
         const QString allTotals = window->totalsText();
         selectPeople(window, people);
@@ -119,7 +79,7 @@ private slots:
 
     void aNewBondStaysVisibleUnderAFilter()
     {
-        PortfolioWindow *window = openSample();
+        PortfolioWindow *window = GuiTest::openSample();
         selectPeople(window, {QStringLiteral("Rosa Delgado")});
         QCOMPARE(window->bondTable()->model()->rowCount(), 1);
         window->action(Id::AddBond)->trigger();
@@ -141,7 +101,7 @@ private slots:
     {
         QFETCH(Qt::DropAction, action);
         QFETCH(QString, role);
-        PortfolioWindow *window = openSample();
+        PortfolioWindow *window = GuiTest::openSample();
         QVERIFY(QTest::qWaitForWindowExposed(window));
         QUndoStack *undo = window->portfolio()->undoStack();
         const QList<int> rows{0, 2, 5};
@@ -168,7 +128,7 @@ private slots:
 
     void dropsFromAnotherWindowAreRefused()
     {
-        PortfolioWindow *window = openSample();
+        PortfolioWindow *window = GuiTest::openSample();
         std::unique_ptr<QMimeData> data(DocumentManager::instance().newDocument()->bondTable()->mimeDataForRows({0}));
         QVERIFY(!dropOnRosa(window, data.get(), Qt::MoveAction));
     }
@@ -186,7 +146,7 @@ private slots:
     {
         QFETCH(int, command);
         QFETCH(QString, name);
-        PortfolioWindow *window = openSample();
+        PortfolioWindow *window = GuiTest::openSample();
         QVERIFY(!window->isWindowModified());
         QAbstractItemModel *bonds = window->bondTable()->model();
         switch (command) {
@@ -198,7 +158,7 @@ private slots:
             window->action(Id::AddBond)->trigger();
             break;
         case 2:
-            selectRows(window->bondTable(), {1});
+            GuiTest::selectRows(window->bondTable(), {1});
             window->action(Id::RemoveBond)->trigger();
             break;
         case 3:
@@ -216,31 +176,6 @@ private slots:
         QVERIFY(rowOfPerson(window, "Rosa Delgado") >= 0);
     }
 
-    void columnSettingsCarryOverToTheNextWindow()
-    {
-        PortfolioWindow *first = openSample();
-        QHeaderView *header = first->bondTable()->horizontalHeader();
-        first->columns()->toggleColumnVisibility(QStringLiteral("Face Value"));
-        header->resizeSection(HoldingColumns::Value, 151);
-        header->moveSection(header->visualIndex(HoldingColumns::Registration), 0);
-
-        PortfolioWindow *second = DocumentManager::instance().newDocument();
-        QHeaderView *again = second->bondTable()->horizontalHeader();
-        QVERIFY(again->isSectionHidden(HoldingColumns::FaceValue));
-        QCOMPARE(again->sectionSize(HoldingColumns::Value), 151);
-        QCOMPARE(again->logicalIndex(0), int(HoldingColumns::Registration));
-        for (QAction *item : second->columns()->columnMenu()->actions())
-            QCOMPARE(item->isChecked(), item->text() != QLatin1String("Face Value"));
-
-        // Shown again, it comes back at the right end, and the settings say so.
-        second->columns()->toggleColumnVisibility(QStringLiteral("Face Value"));
-        const QVariantList saved = UserDefaults::value(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey)).toList();
-        QCOMPARE(saved.size(), int(HoldingColumns::Count));
-        QCOMPARE(saved.last().toMap().value("key").toString(), QStringLiteral("faceValue"));
-        QCOMPARE(saved.first().toMap().value("key").toString(), QStringLiteral("registration"));
-        UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
-    }
-
     void toolbarEnabling_data()
     {
         QTest::addColumn<bool>("sample");
@@ -256,9 +191,9 @@ private slots:
         QFETCH(bool, sample);
         QFETCH(bool, selection);
         QFETCH(QList<bool>, enabled);
-        PortfolioWindow *window = sample ? openSample() : DocumentManager::instance().newDocument();
+        PortfolioWindow *window = sample ? GuiTest::openSample() : DocumentManager::instance().newDocument();
         if (selection)
-            selectRows(window->bondTable(), {0});
+            GuiTest::selectRows(window->bondTable(), {0});
         const QList<Id> ids{Id::AddBond, Id::RemoveBond, Id::Print, Id::ExportCsv, Id::ExportQif,
                             Id::AddPerson, Id::Copy, Id::Cut, Id::Delete, Id::Paste};
         for (qsizetype k = 0; k < ids.size(); ++k)
@@ -277,8 +212,8 @@ private slots:
     {
         QFETCH(QStringList, formats);
         QFETCH(int, added);
-        PortfolioWindow *source = openSample();
-        selectRows(source->bondTable(), {0, 1});
+        PortfolioWindow *source = GuiTest::openSample();
+        GuiTest::selectRows(source->bondTable(), {0, 1});
         source->action(Id::Copy)->trigger();
         const QByteArray bonds = QApplication::clipboard()->mimeData()->data("QBBondPortfolioHoldings");
         QVERIFY(!bonds.isEmpty());
@@ -298,74 +233,6 @@ private slots:
         }
     }
 
-    void anIssueMonthWithoutValuesIsRefused()
-    {
-        PortfolioWindow *window = openSample();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-        BondTableView *table = window->bondTable();
-        const QModelIndex cell = table->model()->index(0, HoldingColumns::IssueDate);
-        const QString before = cell.data().toString();
-        table->setFocus();
-        table->setCurrentIndex(cell);
-        QTest::keyClick(table, Qt::Key_F2);
-        auto *editor = table->findChild<QLineEdit *>();
-        QVERIFY(editor);
-        editor->selectAll();
-        QTest::keyClicks(editor, QStringLiteral("01/1950"));
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_COMPARE(alertTexts(window), QStringList{QString::fromLatin1(Holding::NoIssueDataMessage)});
-        QCOMPARE(table->model()->index(0, HoldingColumns::IssueDate).data().toString(), before);
-        QVERIFY(!window->isWindowModified());
-    }
-
-    // The sample's 2005 EE bond is valued from its fixed rate past the Treasury's files; its 1997
-    // I bond (never issued) has no value at all. Both say so.
-    void computedAndMissingValuesSayWhy()
-    {
-        PortfolioWindow *window = openSample();
-        const QAbstractItemModel *model = window->bondTable()->model();
-        const QModelIndex computed = model->index(1, HoldingColumns::Value);
-        const QModelIndex missing = model->index(6, HoldingColumns::Value);
-        QCOMPARE(model->index(1, HoldingColumns::IssueDate).data().toString(), QStringLiteral("05/2005"));
-        QVERIFY(computed.data(Qt::FontRole).value<QFont>().italic());
-        QVERIFY(computed.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("computed: ")));
-        QVERIFY(!missing.data(Qt::FontRole).value<QFont>().italic());
-        QVERIFY(missing.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("no pricing data: ")));
-    }
-
-    void aValuationMonthWithoutValuesIsRefused()
-    {
-        // A copy of the database with one month missing inside its range.
-        const QString path = GuiTest::path("gap.bvdb");
-        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path));
-        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        sqlite3 *db = nullptr;
-        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
-        QCOMPARE(sqlite3_exec(db, "delete from bond_value where ryr = 2015 and rmo = 6", nullptr, nullptr, nullptr), SQLITE_OK);
-        sqlite3_close(db);
-
-        PortfolioWindow window(new BondPortfolio(nullptr, path));
-        window.show();
-        const QDateTime before = window.portfolio()->valueOfDate();
-        window.valuationPicker()->setDate(QDate(2015, 6, 1));
-        QCOMPARE(window.portfolio()->valueOfDate(), before);
-        QCOMPARE(window.valuationPicker()->date().month(), before.date().month());
-        QCOMPARE(alertTexts(&window), QStringList{QString::fromLatin1(BondPortfolio::NoValuationDataMessage)});
-        window.valuationPicker()->setDate(QDate(2015, 7, 1));
-        QCOMPARE(window.portfolio()->valueOfDate().date(), QDate(2015, 7, 1));
-    }
-
-    void everyPickerFollowsANewDatabaseRange()
-    {
-        PortfolioWindow *first = openSample();
-        PortfolioWindow *second = DocumentManager::instance().newDocument();
-        RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(1993, 1), BondAssessor::monthDate(2030, 4));
-        for (PortfolioWindow *window : {first, second}) {
-            QTRY_COMPARE(window->valuationPicker()->maximumDate(), QDate(2030, 4, 1));
-            QCOMPARE(window->valuationPicker()->minimumDate(), QDate(1993, 1, 1));
-        }
-    }
-
     void closingAnEditedWindowAsks_data()
     {
         QTest::addColumn<QString>("answer");
@@ -377,7 +244,7 @@ private slots:
     {
         QFETCH(QString, answer);
         QFETCH(bool, closes);
-        PortfolioWindow *window = openSample();
+        PortfolioWindow *window = GuiTest::openSample();
         QVERIFY(QTest::qWaitForWindowExposed(window));
         window->action(Id::AddBond)->trigger();
         QString question;
@@ -401,59 +268,16 @@ private slots:
 
     void filesOpenOnceAndWhatIsNoPortfolioIsRefused()
     {
-        PortfolioWindow *window = openSample();
-        QCOMPARE(openSample(), window);
+        PortfolioWindow *window = GuiTest::openSample();
+        QCOMPARE(GuiTest::openSample(), window);
         QFile junk(GuiTest::path("junk.bondportfolio"));
         QVERIFY(junk.open(QIODevice::WriteOnly));
         junk.write("this is no portfolio");
         junk.close();
         QVERIFY(!DocumentManager::instance().openFile(junk.fileName(), window));
         QCOMPARE(DocumentManager::instance().windows().size(), 1);
-        QCOMPARE(alertTexts(window).size(), 1);
+        QCOMPARE(GuiTest::alertTexts(window).size(), 1);
         QCOMPARE(window->windowFilePath(), QFileInfo(GuiTest::samplePath()).absoluteFilePath());
-    }
-
-    void tabWalksTheEditableCells_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<bool>("backwards");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("to");
-        QTest::newRow("next") << int(HoldingColumns::Quantity) << false << 0 << int(HoldingColumns::IssueDate);
-        QTest::newRow("over the figures") << int(HoldingColumns::FaceValue) << false << 0 << int(HoldingColumns::SerialNumber);
-        QTest::newRow("onto the next line") << int(HoldingColumns::Beneficiary) << false << 1 << int(HoldingColumns::Series);
-        QTest::newRow("back over the figures") << int(HoldingColumns::SerialNumber) << true << 0 << int(HoldingColumns::FaceValue);
-    }
-    void tabWalksTheEditableCells()
-    {
-        QFETCH(int, from);
-        QFETCH(bool, backwards);
-        QFETCH(int, row);
-        QFETCH(int, to);
-        PortfolioWindow *window = openSample();
-        BondTableView *table = window->bondTable();
-        table->setCurrentIndex(table->model()->index(0, from));
-        QTest::keyClick(table, backwards ? Qt::Key_Backtab : Qt::Key_Tab, backwards ? Qt::ShiftModifier : Qt::NoModifier);
-        QCOMPARE(table->currentIndex(), table->model()->index(row, to));
-    }
-
-    void countsDrawEqualOvalsUpToTwoDigits()
-    {
-        const QFontMetricsF metrics(QApplication::font());
-        const QRectF cell(0, 0, 60, 20);
-        const QRectF seven = ColorCircleDelegate::ovalRect(cell, "7", metrics);
-        QCOMPARE(seven, ColorCircleDelegate::ovalRect(cell, "88", metrics));
-        QVERIFY(ColorCircleDelegate::ovalRect(cell, "100", metrics).width() > seven.width());
-        QCOMPARE(seven.center().x(), 30.0);
-    }
-
-    void columnIdentifiersFollowTheirTitles()
-    {
-        QCOMPARE(HoldingColumns::identifierForTitle("Face Value"), QStringLiteral("faceValue"));
-        QCOMPARE(HoldingColumns::identifierForTitle("Interest Earned Today"), QStringLiteral("interestEarnedToday"));
-        QCOMPARE(HoldingColumns::identifierForTitle("SERIES"), QStringLiteral("series"));
-        for (int column = 0; column < HoldingColumns::Count; ++column)
-            QCOMPARE(HoldingColumns::columnForIdentifier(HoldingColumns::identifier(column)), column);
     }
 };
 

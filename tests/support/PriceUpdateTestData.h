@@ -4,13 +4,7 @@
 #include "update/PriceDataInstaller.h"
 #include "valuation/RedemptionDatabase.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
-#include <QString>
 #include <QStringList>
-#include <functional>
 #include <sqlite3.h>
 
 namespace PriceUpdateTestData {
@@ -80,20 +74,6 @@ inline bool install(const QString &database, const QList<QPair<QString, QByteArr
     }
     sqlite3_close(db);
     return ok;
-}
-
-// Lets queued signals arrive until the condition holds; false if it never does.
-inline bool waitUntil(const std::function<bool()> &condition, int milliseconds = 60000)
-{
-    QDeadlineTimer deadline(milliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QEventLoop loop;
-        QTimer::singleShot(10, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-    return true;
 }
 
 } // namespace PriceUpdateTestData

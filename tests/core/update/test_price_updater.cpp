@@ -10,6 +10,7 @@
 #include "valuation/BondAssessor.h"
 
 #include <QFile>
+#include <qtestsupport_core.h>
 #include <gtest/gtest.h>
 
 using namespace PriceUpdateTestData;
@@ -90,7 +91,7 @@ protected:
     {
         ASSERT_TRUE(updater.checkForUpdates());
         EXPECT_TRUE(updater.checkingForUpdates());
-        ASSERT_TRUE(waitUntil([&] { return !updater.checkingForUpdates(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !updater.checkingForUpdates(); }, 60000));
     }
 
     // Clears the record first; waits for the range announcement, which travels one hop further.
@@ -99,8 +100,8 @@ protected:
         recorder = {};
         ASSERT_TRUE(updater.updatePriceData());
         EXPECT_TRUE(updater.updatingPriceData());
-        ASSERT_TRUE(waitUntil([&] { return !updater.updatingPriceData(); }));
-        waitUntil([&] { return !recorder.ranges.isEmpty(); }, 2000);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !updater.updatingPriceData(); }, 60000));
+        (void)QTest::qWaitFor([&] { return !recorder.ranges.isEmpty(); }, 2000);
     }
 
     QStringList installed() const { return BondAssessor(database).installedFiles(); }
@@ -132,20 +133,26 @@ TEST_F(PriceUpdaterTest, NothingNewIsUpToDate)
     EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2030, 1));
 }
 
+// Entries resolve against the base, or stand alone; the catalogue's order is kept.
 TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
 {
-    setCatalogue({March, January, February});
+    server.setBody(QStringLiteral("/updates/more/") + February, priceFile('I', 2030, 2, 2000, 25));
+    server.setBody(QStringLiteral("/elsewhere/") + March, priceFile('I', 2030, 3, 2000, 25));
+    const QString march = server.url(QStringLiteral("/elsewhere/") + March).toString();
+    const QString february = QStringLiteral("more/") + February;
+    setCatalogue({march, January, february});
     auto updater = makeUpdater();
     QList<bool> availability;
     QObject::connect(updater.get(), &PriceUpdater::updateAvailableChanged, &context, [&](bool on) { availability << on; });
     check(*updater);
     EXPECT_EQ(updater->statusText(), QStringLiteral("2 update(s) available"));
-    EXPECT_EQ(updater->availableUpdates(), offered({March, February}));
+    EXPECT_EQ(updater->availableUpdates(), offered({march, february}));
     EXPECT_TRUE(updater->updateAvailable());
 
     installAll(*updater);
     EXPECT_EQ(recorder.statuses, QStringList({downloading(1, 2), Installing, downloading(2, 2), Installing, Optimizing, AllInstalled}));
-    EXPECT_EQ(installed(), QStringList({January, March, February}));
+    EXPECT_EQ(installed(), QStringList({January, march, february}));
+    EXPECT_TRUE(server.requestedPaths().contains(QStringLiteral("/updates/more/") + February));
     EXPECT_EQ(latestMonth(), QStringLiteral("2030-3"));
     EXPECT_EQ(updater->availableUpdates(), offered({}));
     EXPECT_EQ(availability, QList<bool>({true, false}));
@@ -177,21 +184,6 @@ TEST_F(PriceUpdaterTest, FileListedTwiceIsOfferedTwiceAndTheSecondRollsBack)
     EXPECT_EQ(recorder.progress.last(), qMakePair(0.0, 2.0));
 }
 
-TEST_F(PriceUpdaterTest, EntriesResolveAgainstTheBaseOrStandAlone)
-{
-    server.setBody(QStringLiteral("/updates/more/") + February, priceFile('I', 2030, 2, 2000, 3));
-    server.setBody(QStringLiteral("/elsewhere/") + March, priceFile('I', 2030, 3, 2000, 3));
-    const QString absolute = server.url(QStringLiteral("/elsewhere/") + March).toString();
-    const QString nested = QStringLiteral("more/") + February;
-    setCatalogue({nested, absolute});
-    auto updater = makeUpdater();
-    check(*updater);
-    installAll(*updater);
-    EXPECT_EQ(updater->statusText(), AllInstalled);
-    EXPECT_EQ(installed(), QStringList({January, nested, absolute}));
-    EXPECT_TRUE(server.requestedPaths().contains(QStringLiteral("/updates/more/") + February));
-}
-
 TEST_F(PriceUpdaterTest, RefusesASecondActionWhileOneRuns)
 {
     server.setResponse(Catalogue, Response{200, {}, Behaviour::NeverAnswer});
@@ -199,7 +191,7 @@ TEST_F(PriceUpdaterTest, RefusesASecondActionWhileOneRuns)
     ASSERT_TRUE(updater->checkForUpdates());
     EXPECT_FALSE(updater->checkForUpdates());
     EXPECT_FALSE(updater->updatePriceData());
-    ASSERT_TRUE(waitUntil([&] { return !updater->checkingForUpdates(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !updater->checkingForUpdates(); }, 60000));
     EXPECT_EQ(updater->statusText(), Unavailable);
 }
 
@@ -210,7 +202,7 @@ TEST_F(PriceUpdaterTest, WorkerFinishesWhenTheUpdaterGoesAway)
     check(*updater);
     ASSERT_TRUE(updater->updatePriceData());
     updater.reset();
-    ASSERT_TRUE(waitUntil([&] { return recorder.ranges.size() == 1; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return recorder.ranges.size() == 1; }, 60000));
     EXPECT_EQ(installed(), QStringList({January, February, March}));
     EXPECT_EQ(recorder.rangeSenders[0], nullptr);
 }
@@ -227,10 +219,7 @@ class ReplyTest : public PriceUpdaterTest, public ::testing::WithParamInterface<
 {
 };
 
-std::string replyCaseName(const ::testing::TestParamInfo<ReplyCase> &info)
-{
-    return info.param.name;
-}
+const auto replyCaseName = [](const auto &info) { return std::string(info.param.name); };
 
 // A second check after one that found February: a failing catalogue says why in the status and
 // keeps the list; a slow or redirected one is read as usual.
@@ -313,24 +302,19 @@ INSTANTIATE_TEST_SUITE_P(
 // canPerformUpdate follows the file's (and its folder's) write permission.
 TEST(PriceUpdaterPermissions, CanPerformUpdateOnlyOnAWritableDatabase)
 {
-    const QFile::Permissions readWrite = QFile::ReadOwner | QFile::WriteOwner, folder = readWrite | QFile::ExeOwner;
-    const struct
-    {
-        const char *name;
-        QFile::Permissions file, folder;
-        bool expected;
-    } cases[] = {{"writable", readWrite, folder, true},
-                 {"read-only file", QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther, folder, false},
-                 {"read-only folder", readWrite, QFile::ReadOwner | QFile::ExeOwner, false}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        const QString path = TestSupport::emptyDatabase();
-        const QString dir = QFileInfo(path).absolutePath();
-        QFile::setPermissions(path, c.file);
-        QFile::setPermissions(dir, c.folder);
-        EXPECT_EQ(PriceUpdater::canPerformUpdate(path), c.expected);
+    using P = QFile::Permissions;
+    const P readWrite = QFile::ReadOwner | QFile::WriteOwner, folder = readWrite | QFile::ExeOwner;
+    auto canUpdate = [&](P file, P folderPermissions) {
+        const QString path = TestSupport::emptyDatabase(), dir = QFileInfo(path).absolutePath();
+        QFile::setPermissions(path, file);
+        QFile::setPermissions(dir, folderPermissions);
+        const bool can = PriceUpdater::canPerformUpdate(path);
         QFile::setPermissions(dir, folder);
-    }
+        return can;
+    };
+    EXPECT_TRUE(canUpdate(readWrite, folder));
+    EXPECT_FALSE(canUpdate(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther, folder));
+    EXPECT_FALSE(canUpdate(readWrite, QFile::ReadOwner | QFile::ExeOwner));
     EXPECT_FALSE(PriceUpdater::canPerformUpdate(TestSupport::temporaryDirectory() + QStringLiteral("/none.bvdb")));
 }
 
