@@ -23,6 +23,13 @@ inline QString path(const QString &name)
     return home.filePath(name);
 }
 
+// Writes a file into the run's folder; its path, or nothing if it could not be written.
+inline QString writeFile(const QString &name, const QByteArray &bytes)
+{
+    QFile file(path(name));
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size() ? file.fileName() : QString();
+}
+
 inline QString samplePath()
 {
     return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio");

@@ -130,14 +130,10 @@ private slots:
         QFETCH(int, format);
         QFETCH(int, added);
         QFETCH(QString, alert);
-        const QString path = GuiTest::path(QStringLiteral("import.csv"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
-                   "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n");
-        file.close();
+        m_panels->path = GuiTest::writeFile("import.csv", "Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
+                                                          "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n");
+        QVERIFY(!m_panels->path.isEmpty());
         const qsizetype before = m_window->portfolio()->holdings().size();
-        m_panels->path = path;
         m_panels->row = format;
         m_window->action(PortfolioWindow::ActionId::ImportCsv)->trigger();
         QCOMPARE(m_panels->alerts, QStringList{alert});

@@ -270,11 +270,9 @@ private slots:
     {
         PortfolioWindow *window = GuiTest::openSample();
         QCOMPARE(GuiTest::openSample(), window);
-        QFile junk(GuiTest::path("junk.bondportfolio"));
-        QVERIFY(junk.open(QIODevice::WriteOnly));
-        junk.write("this is no portfolio");
-        junk.close();
-        QVERIFY(!DocumentManager::instance().openFile(junk.fileName(), window));
+        const QString junk = GuiTest::writeFile("junk.bondportfolio", "this is no portfolio");
+        QVERIFY(!junk.isEmpty());
+        QVERIFY(!DocumentManager::instance().openFile(junk, window));
         QCOMPARE(DocumentManager::instance().windows().size(), 1);
         QCOMPARE(GuiTest::alertTexts(window).size(), 1);
         QCOMPARE(window->windowFilePath(), QFileInfo(GuiTest::samplePath()).absoluteFilePath());

@@ -21,9 +21,8 @@ private slots:
         const qsizetype at = text.indexOf("E2021061979010828");
         QVERIFY(at >= 0);
         text.replace(at, 17, "E2021061979010829");
-        QFile changed(GuiTest::path(QStringLiteral("sb202106-reissued.asc")));
-        QVERIFY(changed.open(QIODevice::WriteOnly) && changed.write(text) == text.size());
-        changed.close();
+        const QString changed = GuiTest::writeFile(QStringLiteral("sb202106-reissued.asc"), text);
+        QVERIFY(!changed.isEmpty());
 
         const QString database = QString::fromLocal8Bit(qgetenv("QUILLMERE_DATABASE"));
         const QString files = QStringLiteral("select count(*) from data_file");
@@ -31,7 +30,7 @@ private slots:
                                              "imo = 1 and ryr = 2021 and rmo = 6");
         const qint64 filesBefore = queryInt(database, files), valueBefore = queryInt(database, value);
         QVERIFY(filesBefore > 0 && valueBefore > 0);
-        const TreasuryFileInstall::Result result = TreasuryFileInstall::install(nullptr, changed.fileName());
+        const TreasuryFileInstall::Result result = TreasuryFileInstall::install(nullptr, changed);
         QVERIFY(!result.installed);
         QVERIFY2(result.text.contains(QStringLiteral("differ from those installed")), qPrintable(result.text));
         QCOMPARE(queryInt(database, files), filesBefore);

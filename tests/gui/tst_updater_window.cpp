@@ -93,7 +93,6 @@ private slots:
         PortfolioWindow *portfolio = DocumentManager::instance().newDocument();
         QAction *item = portfolio->action(PortfolioWindow::ActionId::UpdatePrices);
         bool disabledWhileOpen = false;
-        QString seen;
         QTimer::singleShot(0, this, [&] {
             auto *window = qobject_cast<UpdaterWindow *>(QApplication::activeModalWidget());
             QVERIFY(window);

@@ -1,5 +1,6 @@
 // Reading the update catalogue in every form it may come in, and where the updater looks for its
 // files. (The delta against the installed files is tested through the updater.)
+#include "../QtPrinters.h"
 #include "HandMadePlist.h"
 #include "model/UserDefaults.h"
 #include "update/UpdateCatalogue.h"
