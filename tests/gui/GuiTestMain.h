@@ -1,37 +1,92 @@
 #pragma once
-// The main of every window test, and the files it works on: settings and data folders of the run's own, set before the
-// application reads any, so that no test sees the user's files or what an earlier run left.
-// (Qt's test mode would share one folder across every run and program.)
+// The main of every window test: a folder of the run's own for settings, data and copies of the
+// sample's people and of the built database, set before the application reads any, so that no
+// test sees the user's files or what an earlier run left. (Qt's test mode would share one folder
+// across every run and program.) Helpers for the sample portfolio's window.
+#include "DocumentManager.h"
+#include "HoldingsFilterModel.h"
+#include "PortfolioWindow.h"
+#include "document/BondPortfolio.h"
+
+#include <QAbstractItemModelTester>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFile>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace GuiTest {
-// Points the program at copies, in dir, of the sample's people and of the built database.
-inline bool useSampleFiles(const QTemporaryDir &dir)
+inline QString path(const QString &name)
 {
-    const QString people = dir.filePath(QStringLiteral("people.vcf"));
-    const QString database = dir.filePath(QStringLiteral("values.bvdb"));
-    QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), people);
-    QFile::setPermissions(people, QFile::ReadOwner | QFile::WriteOwner);
-    qputenv("QUILLMERE_PEOPLE", people.toUtf8());
-    qputenv("QUILLMERE_DATABASE", database.toUtf8());
-    return QFile::exists(database) || QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), database);
+    static QTemporaryDir home;
+    return home.filePath(name);
+}
+
+// Writes a file into the run's folder; its path, or nothing if it could not be written.
+inline QString writeFile(const QString &name, const QByteArray &bytes)
+{
+    QFile file(path(name));
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size() ? file.fileName() : QString();
 }
 
 inline QString samplePath()
 {
     return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio");
 }
+
+// With a tester that fails the test when the bond table's model breaks its contract.
+inline PortfolioWindow *openSample()
+{
+    PortfolioWindow *window = DocumentManager::instance().openFile(samplePath());
+    if (window)
+        new QAbstractItemModelTester(window->shownHoldingsModel(), window);
+    return window;
+}
+
+inline void selectRows(QAbstractItemView *view, const QList<int> &rows)
+{
+    view->selectionModel()->clearSelection();
+    for (int row : rows)
+        view->selectionModel()->select(view->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+// The texts of the alerts the window shows.
+inline QStringList alertTexts(QWidget *window)
+{
+    QStringList texts;
+    for (QMessageBox *box : window->findChildren<QMessageBox *>())
+        texts << box->text();
+    return texts;
+}
+
+// Closes every window without asking about unsaved changes.
+inline void discardWindows()
+{
+    for (PortfolioWindow *window : DocumentManager::instance().windows()) {
+        window->portfolio()->markSaved();
+        delete window;
+    }
+}
+
+inline void useRunFolders()
+{
+    qputenv("XDG_CONFIG_HOME", path(QStringLiteral("config")).toUtf8());
+    qputenv("XDG_DATA_HOME", path(QStringLiteral("data")).toUtf8());
+    const QString people = path(QStringLiteral("people.vcf")), database = path(QStringLiteral("values.bvdb"));
+    QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), people);
+    QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), database);
+    for (const QString &file : {people, database})
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+    qputenv("QUILLMERE_PEOPLE", people.toUtf8());
+    qputenv("QUILLMERE_DATABASE", database.toUtf8());
+}
 }
 
 #define QUILLMERE_GUI_TEST_MAIN(TestClass)                                                          \
     int main(int argc, char **argv)                                                                 \
     {                                                                                               \
-        QTemporaryDir home;                                                                         \
-        qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toUtf8());             \
-        qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/data")).toUtf8());                 \
+        GuiTest::useRunFolders();                                                                   \
         QApplication app(argc, argv);                                                               \
         TestClass test;                                                                             \
         return QTest::qExec(&test, argc, argv);                                                     \

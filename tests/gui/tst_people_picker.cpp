@@ -1,44 +1,23 @@
 // The people picker and the person creator: the add button's title, which buttons are enabled,
 // people added once only, a new person kept in the store and added to the portfolio, the me record.
 #include "GuiTestMain.h"
-#include "DocumentManager.h"
 #include "PeoplePickerDialog.h"
-#include "PortfolioWindow.h"
-#include "document/BondPortfolio.h"
 #include "model/PeopleStore.h"
 #include "model/Person.h"
 
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 class PeoplePickerTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
     PortfolioWindow *m_window = nullptr;
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_dir.isValid());
-        QVERIFY(GuiTest::useSampleFiles(m_dir));
-    }
-
-    void init()
-    {
-        m_window = DocumentManager::instance().openFile(GuiTest::samplePath());
-        QVERIFY(m_window);
-    }
-
-    void cleanup()
-    {
-        m_window->portfolio()->markSaved();
-        delete m_window;
-    }
+    void init() { QVERIFY((m_window = GuiTest::openSample())); }
+    void cleanup() { GuiTest::discardWindows(); }
 
     void addButtonFollowsTheSelection()
     {

@@ -2,17 +2,11 @@
 // rows, what gets written, and the alerts' exact texts, with the panels answered by the test.
 #include "GuiTestMain.h"
 #include "BondTableView.h"
-#include "DocumentManager.h"
 #include "ExchangePanels.h"
-#include "PortfolioWindow.h"
-#include "document/BondPortfolio.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QUndoStack>
+#include <QDir>
 
 namespace {
 
@@ -46,39 +40,19 @@ class PortfolioExchangeTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
     PortfolioWindow *m_window = nullptr;
     ScriptedPanels *m_panels = nullptr;
 
-    void selectFirstBonds(int count)
-    {
-        QItemSelectionModel *selection = m_window->bondTable()->selectionModel();
-        for (int row = 0; row < count; ++row)
-            selection->select(m_window->bondTable()->model()->index(row, 0),
-                              QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    }
-
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_dir.isValid());
-        QVERIFY(GuiTest::useSampleFiles(m_dir));
-    }
-
     void init()
     {
-        m_window = DocumentManager::instance().openFile(GuiTest::samplePath());
-        QVERIFY(m_window);
+        QVERIFY((m_window = GuiTest::openSample()));
         QVERIFY(m_window->portfolio()->holdings().size() >= 3);
         m_panels = new ScriptedPanels;
         m_window->setExchangePanels(std::unique_ptr<ExchangePanels>(m_panels));
     }
 
-    void cleanup()
-    {
-        m_window->portfolio()->markSaved();
-        delete m_window;
-    }
+    void cleanup() { GuiTest::discardWindows(); }
 
     void csvExportWritesWhatTheRowsChoose_data()
     {
@@ -96,8 +70,8 @@ private slots:
         QFETCH(int, row);
         QFETCH(bool, offered);
         QFETCH(bool, onlySelected);
-        selectFirstBonds(selected);
-        m_panels->path = m_dir.filePath(QStringLiteral("export.csv"));
+        GuiTest::selectRows(m_window->bondTable(), selected ? QList<int>{0, 1} : QList<int>{});
+        m_panels->path = GuiTest::path(QStringLiteral("export.csv"));
         m_panels->row = row;
         m_window->action(PortfolioWindow::ActionId::ExportCsv)->trigger();
         QCOMPARE(m_panels->offeredSelection, offered);
@@ -111,7 +85,7 @@ private slots:
 
     void aFailedCsvWriteOnlyBeeps()
     {
-        m_panels->path = m_dir.filePath(QStringLiteral("no such folder/export.csv"));
+        m_panels->path = GuiTest::path(QStringLiteral("no such folder/export.csv"));
         m_window->exportCsv();
         QCOMPARE(m_panels->beeps, 1);
         QVERIFY(m_panels->alerts.isEmpty());
@@ -131,7 +105,7 @@ private slots:
         QFETCH(bool, writable);
         QFETCH(QString, alert);
         QFETCH(int, beeps);
-        m_panels->path = m_dir.filePath(writable ? QStringLiteral("qif") : QStringLiteral("missing/deeper"));
+        m_panels->path = GuiTest::path(writable ? QStringLiteral("qif") : QStringLiteral("missing/deeper"));
         if (writable)
             QVERIFY(QDir().mkpath(m_panels->path));
         m_window->exportQif();
@@ -156,14 +130,10 @@ private slots:
         QFETCH(int, format);
         QFETCH(int, added);
         QFETCH(QString, alert);
-        const QString path = m_dir.filePath(QStringLiteral("import.csv"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
-                   "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n");
-        file.close();
+        m_panels->path = GuiTest::writeFile("import.csv", "Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
+                                                          "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n");
+        QVERIFY(!m_panels->path.isEmpty());
         const qsizetype before = m_window->portfolio()->holdings().size();
-        m_panels->path = path;
         m_panels->row = format;
         m_window->action(PortfolioWindow::ActionId::ImportCsv)->trigger();
         QCOMPARE(m_panels->alerts, QStringList{alert});

@@ -1,22 +1,15 @@
 // The printed portfolio, written to PDF and read back with poppler's tools: pages for H and
 // H + 1 holdings, both header lines, the page numbers, and an amount of 0 left empty.
 #include "GuiTestMain.h"
-#include "DocumentManager.h"
 #include "PortfolioPrintLayout.h"
-#include "PortfolioWindow.h"
-#include "document/BondPortfolio.h"
 
 #include <QPdfWriter>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QTest>
 
 class PortfolioPrintTest : public QObject
 {
     Q_OBJECT
-
-    QTemporaryDir m_dir;
 
     static QString run(const QString &program, const QStringList &arguments)
     {
@@ -38,8 +31,6 @@ private slots:
     {
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
             QSKIP("poppler-utils (pdfinfo, pdftotext) are not installed");
-        QVERIFY(m_dir.isValid());
-        QVERIFY(GuiTest::useSampleFiles(m_dir));
     }
 
     void pagesHoldBandsOfFortyPoints_data()
@@ -64,8 +55,7 @@ private slots:
         priced->setSerialNumber(QStringLiteral("Q100"));
         QVERIFY(portfolio.setValueOfDate(QDateTime(QDate(2021, 11, 1), QTime(0, 0, 1))));
 
-        const QString pdf = m_dir.filePath(QStringLiteral("print.pdf"));
-        m_dir.setAutoRemove(qEnvironmentVariableIsEmpty("KEEP_PDF"));
+        const QString pdf = GuiTest::path(QStringLiteral("print.pdf"));
         QPdfWriter writer(pdf);
         writer.setPageLayout(letter(90));
         const PortfolioPrintLayout layout(portfolio.holdings(), writer.pageLayout());
@@ -89,7 +79,7 @@ private slots:
 
     void aPageWithoutRoomForABandIsRefused()
     {
-        QPdfWriter writer(m_dir.filePath(QStringLiteral("refused.pdf")));
+        QPdfWriter writer(GuiTest::path(QStringLiteral("refused.pdf")));
         writer.setPageLayout(letter(396));
         const PortfolioPrintLayout layout({}, writer.pageLayout());
         QCOMPARE(layout.holdingsPerPage(), 0);

@@ -8,27 +8,14 @@
 
 #include <QComboBox>
 #include <QRadioButton>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTest>
 
 class PreferencesDialogTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_settings;
-
 private slots:
-    void initTestCase()
-    {
-        // Settings of this program's own, so that no other test meets the defaults chosen here.
-        QVERIFY(m_settings.isValid());
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-        UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey), true);
-        UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey));
-        UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey));
-    }
+    // As the program's main does; the run's settings folder starts empty.
+    void initTestCase() { UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey), true); }
 
     void editsWaitForOk_data()
     {

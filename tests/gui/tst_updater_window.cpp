@@ -4,8 +4,6 @@
 #include "GuiTestMain.h"
 #include "../support/LocalHttpServer.h"
 #include "../support/PriceUpdateTestData.h"
-#include "DocumentManager.h"
-#include "PortfolioWindow.h"
 #include "UpdaterWindow.h"
 #include "update/PriceUpdater.h"
 #include "update/UpdateCatalogue.h"
@@ -16,8 +14,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 using PriceUpdateTestData::priceFile;
 
@@ -25,27 +21,14 @@ class UpdaterWindowTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
     LocalHttpServer m_server;
     QString m_database;
 
     static QString name(int month) { return QStringLiteral("i-2030-%1.bin").arg(month, 2, 10, QLatin1Char('0')); }
 
-    // A fresh copy of the build's database that already holds January 2030.
-    QString freshDatabase(const QString &fileName)
-    {
-        const QString path = m_dir.filePath(fileName);
-        if (!QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path))
-            return {};
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
-        return PriceUpdateTestData::install(path, {{name(1), priceFile('I', 2030, 1, 2000, 25)}}) ? path : QString();
-    }
-
 private slots:
     void initTestCase()
     {
-        QVERIFY(m_dir.isValid());
-        qputenv("QUILLMERE_PEOPLE", m_dir.filePath("people.vcf").toUtf8());
         qputenv("QUILLMERE_UPDATE_URL", m_server.url(QStringLiteral("/updates/")).toString().toUtf8());
         for (int month = 1; month <= 3; ++month)
             m_server.setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2030, month, 2000, 25));
@@ -53,12 +36,15 @@ private slots:
         m_server.setBody(QStringLiteral("/updates/bad.bin"), priceFile('I', 2030, 1, 2000, 25, 9000));
     }
 
+    // A fresh copy of the build's database that already holds January 2030, under a new name each
+    // time: journal files of the last test's database must not meet this one.
     void init()
     {
-        // A new name each time: journal files of the last test's database must not meet this one.
         static int count = 0;
-        m_database = freshDatabase(QStringLiteral("bondvalues-%1.bvdb").arg(++count));
-        QVERIFY(!m_database.isEmpty());
+        m_database = GuiTest::path(QStringLiteral("bondvalues-%1.bvdb").arg(++count));
+        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), m_database));
+        QFile::setPermissions(m_database, QFile::ReadOwner | QFile::WriteOwner);
+        QVERIFY(PriceUpdateTestData::install(m_database, {{name(1), priceFile('I', 2030, 1, 2000, 25)}}));
         qputenv("QUILLMERE_DATABASE", m_database.toUtf8());
     }
 
@@ -107,7 +93,6 @@ private slots:
         PortfolioWindow *portfolio = DocumentManager::instance().newDocument();
         QAction *item = portfolio->action(PortfolioWindow::ActionId::UpdatePrices);
         bool disabledWhileOpen = false;
-        QString seen;
         QTimer::singleShot(0, this, [&] {
             auto *window = qobject_cast<UpdaterWindow *>(QApplication::activeModalWidget());
             QVERIFY(window);

@@ -2,10 +2,7 @@
 // latest month, and the marked point is the value the bond table shows.
 #include "GuiTestMain.h"
 #include "BondTableView.h"
-#include "DocumentManager.h"
-#include "PortfolioWindow.h"
 #include "ValueChartDialog.h"
-#include "document/BondPortfolio.h"
 #include "valuation/BondAssessor.h"
 #include "valuation/MonthIndex.h"
 
@@ -13,26 +10,15 @@
 #include <QChart>
 #include <QLineSeries>
 #include <QScatterSeries>
-#include <QTemporaryDir>
-#include <QTest>
 
 class ValueChartTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
-
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_dir.isValid());
-        QVERIFY(GuiTest::useSampleFiles(m_dir));
-    }
-
     void chartsTheSelectedBond()
     {
-        PortfolioWindow *window =
-            DocumentManager::instance().openFile(GuiTest::samplePath());
+        PortfolioWindow *window = GuiTest::openSample();
         QVERIFY(window);
         QAction *item = window->action(PortfolioWindow::ActionId::ValueChart);
         QVERIFY(!item->isEnabled());

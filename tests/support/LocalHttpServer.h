@@ -1,18 +1,13 @@
 #pragma once
-// A small HTTP/1.1 server on 127.0.0.1 for tests, running on a thread of its own so that it
-// answers also while the test blocks (waiting for a child process, say). Each path is scripted:
-// a status and a body, or a reply that never comes, a connection closed without a word, a body
-// sent in slow pieces. Unknown paths answer 404. Files of a folder can be served as they are.
+// A small HTTP/1.1 server on 127.0.0.1 for tests, on a thread of its own so that it answers also
+// while the test blocks (waiting for a child process, say). Each path is scripted: a status and a
+// body, a reply that never comes, a connection closed without a word, or a body sent in slow
+// pieces. Unknown paths answer 404.
 #include "TestSupport.h"
 
-#include <QByteArray>
 #include <QDir>
 #include <QHash>
-#include <QMetaObject>
 #include <QMutex>
-#include <QMutexLocker>
-#include <QObject>
-#include <QStringList>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QThread>
@@ -26,25 +21,18 @@ public:
     enum class Behaviour { Answer, NeverAnswer, CloseWithoutReply, Trickle };
     struct Response
     {
-        Response(int status = 200, QByteArray body = {}, Behaviour behaviour = Behaviour::Answer,
-                 QByteArray location = {})
-            : status(status), body(std::move(body)), behaviour(behaviour), location(std::move(location))
-        {
-        }
-        int status;
+        int status = 200;
         QByteArray body;
-        Behaviour behaviour;
+        Behaviour behaviour = Behaviour::Answer;
         QByteArray location; // for redirects
     };
 
     LocalHttpServer()
     {
         m_thread.start();
-        m_context = new QObject;
         m_context->moveToThread(&m_thread);
         QMetaObject::invokeMethod(m_context, [this] { listen(); }, Qt::BlockingQueuedConnection);
     }
-
     ~LocalHttpServer()
     {
         QMetaObject::invokeMethod(m_context, [this] { delete m_context; }, Qt::BlockingQueuedConnection);
@@ -52,21 +40,17 @@ public:
         m_thread.wait();
     }
 
-    LocalHttpServer(const LocalHttpServer &) = delete;
-    LocalHttpServer &operator=(const LocalHttpServer &) = delete;
-
     QUrl url(const QString &path = QStringLiteral("/")) const
     {
         return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(m_port).arg(path));
     }
-
     void setResponse(const QString &path, const Response &response)
     {
         QMutexLocker locker(&m_mutex);
         m_responses.insert(path, response);
     }
     void setBody(const QString &path, const QByteArray &body) { setResponse(path, Response{200, body}); }
-    // Every file of the folder under the given path prefix (ending in "/").
+    // Every file of the folder, under the path prefix (ending in "/").
     void serveDirectory(const QString &folder, const QString &prefix)
     {
         const QDir dir(folder);
@@ -93,50 +77,38 @@ private:
 
     void serve(QTcpSocket *socket)
     {
-        struct Request { QByteArray head; bool answered = false; };
-        auto buffer = std::make_shared<Request>();
+        auto head = std::make_shared<QByteArray>();
         QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-        QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, buffer] {
-            buffer->head.append(socket->readAll());
-            if (buffer->answered || !buffer->head.contains("\r\n\r\n"))
+        QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, head] {
+            if (head->contains("\r\n\r\n")) // answered already
                 return;
-            buffer->answered = true;
-            const QList<QByteArray> requestLine = buffer->head.left(buffer->head.indexOf("\r\n")).split(' ');
-            const QString path = requestLine.size() > 1 ? QString::fromLatin1(requestLine.at(1)) : QString();
-            Response response{404, QByteArrayLiteral("Not Found")};
-            {
-                QMutexLocker locker(&m_mutex);
-                m_requests << path;
-                response = m_responses.value(path, response);
-            }
-            reply(socket, response);
+            head->append(socket->readAll());
+            if (!head->contains("\r\n\r\n"))
+                return;
+            const QList<QByteArray> requestLine = head->left(head->indexOf("\r\n")).split(' ');
+            const QString path = QString::fromLatin1(requestLine.value(1));
+            QMutexLocker locker(&m_mutex);
+            m_requests << path;
+            reply(socket, m_responses.value(path, Response{404, "Not Found"}));
         });
     }
 
     static void reply(QTcpSocket *socket, const Response &response)
     {
-        switch (response.behaviour) {
-        case Behaviour::NeverAnswer:
+        if (response.behaviour == Behaviour::NeverAnswer)
             return;
-        case Behaviour::CloseWithoutReply:
-            socket->disconnectFromHost();
-            return;
-        case Behaviour::Answer:
-        case Behaviour::Trickle:
-            break;
-        }
-        QByteArray head = "HTTP/1.1 " + QByteArray::number(response.status) + " Scripted\r\n";
-        head += "Content-Length: " + QByteArray::number(response.body.size()) + "\r\n";
+        if (response.behaviour == Behaviour::CloseWithoutReply)
+            return socket->disconnectFromHost();
+        QByteArray head = "HTTP/1.1 " + QByteArray::number(response.status) + " Scripted\r\nContent-Length: "
+                          + QByteArray::number(response.body.size()) + "\r\n";
         if (!response.location.isEmpty())
             head += "Location: " + response.location + "\r\n";
-        head += "Connection: close\r\n\r\n";
-        socket->write(head);
+        socket->write(head + "Connection: close\r\n\r\n");
         if (response.behaviour == Behaviour::Answer) {
             socket->write(response.body);
-            socket->disconnectFromHost();
-            return;
+            return socket->disconnectFromHost();
         }
-        // Slow but steady: a piece every few milliseconds.
+        // Slow but steady: 64 bytes every 5 ms.
         auto timer = new QTimer(socket);
         auto offset = std::make_shared<qsizetype>(0);
         QObject::connect(timer, &QTimer::timeout, socket, [socket, timer, offset, body = response.body] {
@@ -151,7 +123,7 @@ private:
     }
 
     QThread m_thread;
-    QObject *m_context = nullptr;
+    QObject *m_context = new QObject;
     quint16 m_port = 0;
     mutable QMutex m_mutex;
     QHash<QString, Response> m_responses;

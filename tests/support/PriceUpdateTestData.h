@@ -4,16 +4,18 @@
 #include "update/PriceDataInstaller.h"
 #include "valuation/RedemptionDatabase.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
-#include <QString>
 #include <QStringList>
-#include <functional>
 #include <sqlite3.h>
 
 namespace PriceUpdateTestData {
+
+// A record with every issue month set to fill (-2: no data).
+inline PriceRecord record(char series, int ryr, int rmo, int iyr, qint32 fill = -2)
+{
+    PriceRecord r{series, quint8(rmo), quint16(ryr), quint16(iyr), {}};
+    r.value.fill(fill);
+    return r;
+}
 
 // records records of one series and redemption month, issue years firstIssueYear onwards;
 // value[k] = base + issue year offset * 12 + k, so every row is told apart.
@@ -21,14 +23,9 @@ inline QByteArray priceFile(char series, int ryr, int rmo, int firstIssueYear, i
 {
     QList<PriceRecord> list;
     for (int i = 0; i < records; ++i) {
-        PriceRecord record;
-        record.series = series;
-        record.ryr = static_cast<quint16>(ryr);
-        record.rmo = static_cast<quint8>(rmo);
-        record.iyr = static_cast<quint16>(firstIssueYear + i);
+        list << record(series, ryr, rmo, firstIssueYear + i);
         for (int k = 0; k < 12; ++k)
-            record.value[k] = base + i * 12 + k;
-        list << record;
+            list.last().value[k] = base + i * 12 + k;
     }
     return PriceDataFile::encode(list);
 }
@@ -55,7 +52,6 @@ inline QString queryText(const QString &database, const QString &sql)
 {
     return queryColumn(database, sql).value(0);
 }
-
 // -1 when the query yields no row.
 inline qint64 queryInt(const QString &database, const QString &sql)
 {
@@ -78,20 +74,6 @@ inline bool install(const QString &database, const QList<QPair<QString, QByteArr
     }
     sqlite3_close(db);
     return ok;
-}
-
-// Lets queued signals arrive until the condition holds; false if it never does.
-inline bool waitUntil(const std::function<bool()> &condition, int milliseconds = 60000)
-{
-    QDeadlineTimer deadline(milliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QEventLoop loop;
-        QTimer::singleShot(10, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-    return true;
 }
 
 } // namespace PriceUpdateTestData

@@ -7,7 +7,6 @@
 #include "model/Series.h"
 #include "update/DerivedValues.h"
 #include "update/OfficialSourceInstaller.h"
-#include "update/PriceDataInstaller.h"
 #include "valuation/BondAssessor.h"
 
 #include <gtest/gtest.h>
@@ -16,6 +15,9 @@
 using namespace PriceUpdateTestData;
 
 namespace {
+
+// December 2026 for I bonds of 2010: a month past the shipped database's latest.
+const PriceRecord NewLatestMonth = record('I', 2026, 12, 2010, 4080);
 
 class DerivedValuesTest : public testing::Test
 {
@@ -91,10 +93,9 @@ TEST_F(DerivedValuesTest, InstallTreasuryFileReplacesDerivedValuesAndReportsTheD
 // Every installation carries matured bonds and computes fixed-rate EE bonds into the new months.
 TEST_F(DerivedValuesTest, ANewLatestMonthGetsItsDerivedValues)
 {
-    const PriceRecord i{'I', 12, 2026, 2010, {4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080}};
     PriceDataInstaller installer(m_db);
     installer.setExtendsDerivedValues(true);
-    ASSERT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode({i}), QStringLiteral("sb202612.bin")));
+    ASSERT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode({NewLatestMonth}), QStringLiteral("sb202612.bin")));
     EXPECT_EQ(installer.derivedExtension().computed, 199);
     EXPECT_EQ(stored('N', 2005, 5, 2026, 12), EeFixedRates::valueAt(350, 259));
     EXPECT_EQ(stored('E', 1980, 6, 2026, 12), 11175);
@@ -124,8 +125,7 @@ TEST_F(DerivedValuesTest, ADatabaseWithoutTheTableReadsAndInstalls)
     ASSERT_EQ(sqlite3_exec(m_db, "drop table derived_value", nullptr, nullptr, nullptr), SQLITE_OK);
     EXPECT_EQ(stored('N', 2005, 5, 2021, 12), 2220);
     EXPECT_FALSE(derived('N', 2005, 5, 2021, 12));
-    const PriceRecord i{'I', 12, 2026, 2010, {4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080, 4080}};
-    const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(m_db, {QStringLiteral("sb202612.asc"), {i}});
+    const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(m_db, {QStringLiteral("sb202612.asc"), {NewLatestMonth}});
     ASSERT_TRUE(outcome.ok()) << outcome.error.toStdString();
     EXPECT_TRUE(derived('N', 2005, 5, 2026, 12));
 }

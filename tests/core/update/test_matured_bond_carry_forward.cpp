@@ -1,17 +1,15 @@
+// Matured bonds keep their final value: carried into months no official file lists, never over one.
+#include "PriceUpdateTestData.h"
 #include "update/sources/MaturedBondCarryForward.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
+// A record without data but for the given issue months.
 PriceRecord record(char series, int ryr, int rmo, int iyr, std::initializer_list<std::pair<int, qint32>> values)
 {
-    PriceRecord r;
-    r.series = series;
-    r.ryr = static_cast<quint16>(ryr);
-    r.rmo = static_cast<quint8>(rmo);
-    r.iyr = static_cast<quint16>(iyr);
-    r.value.fill(-2);
+    PriceRecord r = PriceUpdateTestData::record(series, ryr, rmo, iyr);
     for (auto [month, value] : values)
         r.value[month - 1] = value;
     return r;
@@ -44,6 +42,7 @@ QList<NamedPriceRecords> eBondSources(qint32 laterValue = 9059)
             {QStringLiteral("i.csv"), {record('I', 1992, 10, 1992, {{1, -1}})}}};
 }
 
+// Months 5 and 8 have official records and must not be derived again.
 TEST(MaturedBondCarryForward, FillsGapsAndMonthsAfterTheLastOfficialOne)
 {
     const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(eBondSources());
@@ -86,16 +85,6 @@ TEST(MaturedBondCarryForward, CarriesOnlyBondsThatMatureWithinTheData)
         EXPECT_EQ(r.value[10], 6000);
         EXPECT_EQ(r.value[11], -2);
     }
-}
-
-TEST(MaturedBondCarryForward, DoesNotTouchMonthsAnOfficialRecordCovers)
-{
-    // Both matured bonds are listed in every month of the data: nothing to derive.
-    const QList<NamedPriceRecords> sources = {
-        {QStringLiteral("a.asc"), {record('N', 2021, 11, 1991, {{11, 6000}}), record('N', 2021, 12, 1991, {{11, 6000}, {12, 5990}})}}};
-    const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(sources);
-    ASSERT_TRUE(result.ok()) << result.error.toStdString();
-    EXPECT_TRUE(result.records.isEmpty());
 }
 
 } // namespace

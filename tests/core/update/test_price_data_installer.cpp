@@ -1,8 +1,6 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
-#include "update/PriceDataFile.h"
-#include "update/PriceDataInstaller.h"
 #include "update/RedemptionDateRangeNotifier.h"
 
 #include <QCoreApplication>
@@ -12,17 +10,6 @@
 using namespace PriceUpdateTestData;
 
 namespace {
-
-PriceRecord record(char series, int ryr, int rmo, int iyr, qint32 fill)
-{
-    PriceRecord r;
-    r.series = series;
-    r.ryr = static_cast<quint16>(ryr);
-    r.rmo = static_cast<quint8>(rmo);
-    r.iyr = static_cast<quint16>(iyr);
-    r.value.fill(fill);
-    return r;
-}
 
 class PriceDataInstallerTest : public testing::Test
 {
@@ -78,11 +65,9 @@ TEST_F(PriceDataInstallerTest, AFileRepeatingPresentRowsRollsBackWhole)
     ASSERT_TRUE(install(PriceDataFile::encode({record('I', 2026, 10, 2010, 4071)}), QStringLiteral("first.bin")));
     m_statuses.clear();
     // Eleven records: the first ten are new, the last repeats the installed one.
-    QList<PriceRecord> records;
-    for (int year = 2000; year < 2010; ++year)
-        records << record('I', 2026, 10, year, -1);
-    records << record('I', 2026, 10, 2010, 4000);
-    EXPECT_FALSE(install(PriceDataFile::encode(records), QStringLiteral("second.bin")));
+    QByteArray eleven = priceFile('I', 2026, 10, 2000, 10);
+    eleven += PriceDataFile::encode({record('I', 2026, 10, 2010, 4000)});
+    EXPECT_FALSE(install(eleven, QStringLiteral("second.bin")));
     EXPECT_EQ(count("select count(*) from bond_value"), 12);
     EXPECT_EQ(count("select count(*) from bond_value where value <> 4071"), 0);
     EXPECT_EQ(dataFiles(), QStringList{QStringLiteral("first.bin")});
@@ -90,16 +75,6 @@ TEST_F(PriceDataInstallerTest, AFileRepeatingPresentRowsRollsBackWhole)
     EXPECT_EQ(m_progress.first, 0.0);
     // The connection is usable again: the transaction was closed.
     EXPECT_TRUE(install(PriceDataFile::encode({record('I', 2026, 11, 2010, 4080)}), QStringLiteral("third.bin")));
-}
-
-TEST_F(PriceDataInstallerTest, ProgressEndsAtItsMaximum)
-{
-    QList<PriceRecord> records;
-    for (int year = 1990; year < 2015; ++year)
-        records << record('N', 2021, 11, year, -1);
-    ASSERT_TRUE(install(PriceDataFile::encode(records), QStringLiteral("many.bin")));
-    EXPECT_EQ(m_progress, std::make_pair(2.0, 2.0));
-    EXPECT_EQ(count("select count(*) from bond_value where value = -1"), 25 * 12);
 }
 
 TEST_F(PriceDataInstallerTest, SummaryTablesFollowTheDataAndAreAnnounced)

@@ -8,6 +8,7 @@
 #include "update/UpdateConnection.h"
 #include "valuation/BondAssessor.h"
 
+#include <QCoreApplication>
 #include <QProcess>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -27,15 +28,8 @@ constexpr int LargeFileRecords = 60000;
 QByteArray largeFile()
 {
     QList<PriceRecord> records;
-    for (int i = 0; i < LargeFileRecords; ++i) {
-        PriceRecord record;
-        record.series = 'E';
-        record.ryr = static_cast<quint16>(2031 + i / 12000);
-        record.rmo = static_cast<quint8>(1 + (i / 1000) % 12);
-        record.iyr = static_cast<quint16>(i % 1000);
-        record.value.fill(4000 + i % 97);
-        records << record;
-    }
+    for (int i = 0; i < LargeFileRecords; ++i)
+        records << record('E', 2031 + i / 12000, 1 + (i / 1000) % 12, i % 1000, 4000 + i % 97);
     return PriceDataFile::encode(records);
 }
 
@@ -46,20 +40,14 @@ QString databaseWithOneMonth()
     return database;
 }
 
-BondTerms iBond(int issueYear, int issueMonth)
-{
-    BondTerms terms;
-    terms.series = Series::seriesForCode(QStringLiteral("I"));
-    terms.issueDate = BondAssessor::monthDate(issueYear, issueMonth);
-    terms.faceValue = 2500;
-    return terms;
-}
-
 TEST(InstallationWhileReading, PortfoliosReadTheCommittedStateThroughout)
 {
     const QString database = databaseWithOneMonth();
     BondAssessor portfolio(database);
-    const BondTerms bond = iBond(2001, 3);
+    BondTerms bond;
+    bond.series = Series::seriesForCode(QStringLiteral("I"));
+    bond.issueDate = BondAssessor::monthDate(2001, 3);
+    bond.faceValue = 2500;
     const qint64 before = portfolio.valueOf(bond, BondAssessor::monthDate(2030, 1));
     ASSERT_EQ(before, 2500 + 12 + 2);
 
@@ -112,12 +100,9 @@ TEST(KilledInstallation, LeavesNoneOfTheFile)
     const qint64 rowsBefore = queryInt(database, QStringLiteral("select count(*) from bond_value"));
 
     QProcess child;
-    QStringList environment = QProcess::systemEnvironment();
-    environment << QStringLiteral("%1=%2").arg(QLatin1String(ChildDatabaseVariable), database)
-                << QStringLiteral("%1=%2").arg(QLatin1String(ChildFileVariable), fileName);
-    child.setEnvironment(environment);
-    child.start(QCoreApplication::applicationFilePath(),
-                {QStringLiteral("--gtest_filter=KilledInstallationChild.*")});
+    child.setEnvironment(QProcess::systemEnvironment() << QStringLiteral("%1=%2").arg(QLatin1String(ChildDatabaseVariable), database)
+                                                       << QStringLiteral("%1=%2").arg(QLatin1String(ChildFileVariable), fileName));
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--gtest_filter=KilledInstallationChild.*")});
     ASSERT_TRUE(child.waitForStarted());
     QByteArray output;
     while (!output.contains("halfway") && child.waitForReadyRead(120000))

@@ -1,0 +1,165 @@
+// The bond table and its values as the user meets them: the column settings and identifiers,
+// walking the editable cells, refused issue and valuation months, how computed and missing values
+// show, the valuation picker's range, and the ovals of the people table's counts.
+#include "GuiTestMain.h"
+#include "BondTableColumns.h"
+#include "BondTableView.h"
+#include "ColorCircleDelegate.h"
+#include "HoldingColumns.h"
+#include "ValuationMonthPicker.h"
+#include "model/UserDefaults.h"
+#include "update/RedemptionDateRangeNotifier.h"
+
+#include <QAction>
+#include <QFont>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <sqlite3.h>
+
+class BondTableTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { GuiTest::discardWindows(); }
+
+    void columnSettingsCarryOverToTheNextWindow()
+    {
+        PortfolioWindow *first = GuiTest::openSample();
+        QHeaderView *header = first->bondTable()->horizontalHeader();
+        first->columns()->toggleColumnVisibility(QStringLiteral("Face Value"));
+        header->resizeSection(HoldingColumns::Value, 151);
+        header->moveSection(header->visualIndex(HoldingColumns::Registration), 0);
+
+        PortfolioWindow *second = DocumentManager::instance().newDocument();
+        QHeaderView *again = second->bondTable()->horizontalHeader();
+        QVERIFY(again->isSectionHidden(HoldingColumns::FaceValue));
+        QCOMPARE(again->sectionSize(HoldingColumns::Value), 151);
+        QCOMPARE(again->logicalIndex(0), int(HoldingColumns::Registration));
+        for (QAction *item : second->columns()->columnMenu()->actions())
+            QCOMPARE(item->isChecked(), item->text() != QLatin1String("Face Value"));
+
+        // Shown again, it comes back at the right end, and the settings say so.
+        second->columns()->toggleColumnVisibility(QStringLiteral("Face Value"));
+        const QVariantList saved = UserDefaults::value(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey)).toList();
+        QCOMPARE(saved.size(), int(HoldingColumns::Count));
+        QCOMPARE(saved.last().toMap().value("key").toString(), QStringLiteral("faceValue"));
+        QCOMPARE(saved.first().toMap().value("key").toString(), QStringLiteral("registration"));
+        UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
+    }
+
+    void anIssueMonthWithoutValuesIsRefused()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        BondTableView *table = window->bondTable();
+        const QModelIndex cell = table->model()->index(0, HoldingColumns::IssueDate);
+        const QString before = cell.data().toString();
+        table->setFocus();
+        table->setCurrentIndex(cell);
+        QTest::keyClick(table, Qt::Key_F2);
+        auto *editor = table->findChild<QLineEdit *>();
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("01/1950"));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(GuiTest::alertTexts(window), QStringList{QString::fromLatin1(Holding::NoIssueDataMessage)});
+        QCOMPARE(table->model()->index(0, HoldingColumns::IssueDate).data().toString(), before);
+        QVERIFY(!window->isWindowModified());
+    }
+
+    // The sample's 2005 EE bond is valued from its fixed rate past the Treasury's files; its 1997
+    // I bond (never issued) has no value at all. Both say so.
+    void computedAndMissingValuesSayWhy()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        const QAbstractItemModel *model = window->bondTable()->model();
+        const QModelIndex computed = model->index(1, HoldingColumns::Value);
+        const QModelIndex missing = model->index(6, HoldingColumns::Value);
+        QCOMPARE(model->index(1, HoldingColumns::IssueDate).data().toString(), QStringLiteral("05/2005"));
+        QVERIFY(computed.data(Qt::FontRole).value<QFont>().italic());
+        QVERIFY(computed.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("computed: ")));
+        QVERIFY(!missing.data(Qt::FontRole).value<QFont>().italic());
+        QVERIFY(missing.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("no pricing data: ")));
+    }
+
+    void aValuationMonthWithoutValuesIsRefused()
+    {
+        // A copy of the database with one month missing inside its range.
+        const QString path = GuiTest::path("gap.bvdb");
+        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path));
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        sqlite3 *db = nullptr;
+        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
+        QCOMPARE(sqlite3_exec(db, "delete from bond_value where ryr = 2015 and rmo = 6", nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(db);
+
+        PortfolioWindow window(new BondPortfolio(nullptr, path));
+        window.show();
+        const QDateTime before = window.portfolio()->valueOfDate();
+        window.valuationPicker()->setDate(QDate(2015, 6, 1));
+        QCOMPARE(window.portfolio()->valueOfDate(), before);
+        QCOMPARE(window.valuationPicker()->date().month(), before.date().month());
+        QCOMPARE(GuiTest::alertTexts(&window), QStringList{QString::fromLatin1(BondPortfolio::NoValuationDataMessage)});
+        window.valuationPicker()->setDate(QDate(2015, 7, 1));
+        QCOMPARE(window.portfolio()->valueOfDate().date(), QDate(2015, 7, 1));
+    }
+
+    void everyPickerFollowsANewDatabaseRange()
+    {
+        PortfolioWindow *first = GuiTest::openSample();
+        PortfolioWindow *second = DocumentManager::instance().newDocument();
+        RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(1993, 1), BondAssessor::monthDate(2030, 4));
+        for (PortfolioWindow *window : {first, second}) {
+            QTRY_COMPARE(window->valuationPicker()->maximumDate(), QDate(2030, 4, 1));
+            QCOMPARE(window->valuationPicker()->minimumDate(), QDate(1993, 1, 1));
+        }
+    }
+
+    void tabWalksTheEditableCells_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<bool>("backwards");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("to");
+        QTest::newRow("next") << int(HoldingColumns::Quantity) << false << 0 << int(HoldingColumns::IssueDate);
+        QTest::newRow("over the figures") << int(HoldingColumns::FaceValue) << false << 0 << int(HoldingColumns::SerialNumber);
+        QTest::newRow("onto the next line") << int(HoldingColumns::Beneficiary) << false << 1 << int(HoldingColumns::Series);
+        QTest::newRow("back over the figures") << int(HoldingColumns::SerialNumber) << true << 0 << int(HoldingColumns::FaceValue);
+    }
+    void tabWalksTheEditableCells()
+    {
+        QFETCH(int, from);
+        QFETCH(bool, backwards);
+        QFETCH(int, row);
+        QFETCH(int, to);
+        PortfolioWindow *window = GuiTest::openSample();
+        BondTableView *table = window->bondTable();
+        table->setCurrentIndex(table->model()->index(0, from));
+        QTest::keyClick(table, backwards ? Qt::Key_Backtab : Qt::Key_Tab, backwards ? Qt::ShiftModifier : Qt::NoModifier);
+        QCOMPARE(table->currentIndex(), table->model()->index(row, to));
+    }
+
+    void countsDrawEqualOvalsUpToTwoDigits()
+    {
+        const QFontMetricsF metrics(QApplication::font());
+        const QRectF cell(0, 0, 60, 20);
+        const QRectF seven = ColorCircleDelegate::ovalRect(cell, "7", metrics);
+        QCOMPARE(seven, ColorCircleDelegate::ovalRect(cell, "88", metrics));
+        QVERIFY(ColorCircleDelegate::ovalRect(cell, "100", metrics).width() > seven.width());
+        QCOMPARE(seven.center().x(), 30.0);
+    }
+
+    void columnIdentifiersFollowTheirTitles()
+    {
+        QCOMPARE(HoldingColumns::identifierForTitle("Face Value"), QStringLiteral("faceValue"));
+        QCOMPARE(HoldingColumns::identifierForTitle("Interest Earned Today"), QStringLiteral("interestEarnedToday"));
+        QCOMPARE(HoldingColumns::identifierForTitle("SERIES"), QStringLiteral("series"));
+        for (int column = 0; column < HoldingColumns::Count; ++column)
+            QCOMPARE(HoldingColumns::columnForIdentifier(HoldingColumns::identifier(column)), column);
+    }
+};
+
+QUILLMERE_GUI_TEST_MAIN(BondTableTest)
+#include "tst_bond_table.moc"
