@@ -24,7 +24,7 @@ public:
         int status = 200;
         QByteArray body;
         Behaviour behaviour = Behaviour::Answer;
-        QByteArray location; // for redirects
+        QByteArray location = {}; // for redirects
     };
 
     LocalHttpServer()
