@@ -233,7 +233,9 @@ private:
         if (!std::isfinite(seconds) || std::fabs(seconds) > MaximumSecondsFromReferenceDate)
             return fail(damaged(QStringLiteral("the date object %1 has no valid time").arg(uid)));
         const qint64 msecs = qRound64(seconds * 1000.0) + ReferenceDateMSecsSinceEpoch;
-        *out = ArchiveDate{QDateTime::fromMSecsSinceEpoch(msecs)};
+        // In UTC: a local time would ask the C library, which re-reads the zone file each time; the
+        // reader of the graph converts what it keeps.
+        *out = ArchiveDate{QDateTime::fromMSecsSinceEpoch(msecs, Qt::UTC)};
         return true;
     }
 
