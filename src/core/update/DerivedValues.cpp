@@ -94,17 +94,10 @@ quint64 cellKey(char series, int iyr, int imo, int ryr, int rmo)
 QHash<quint64, qint32> load(sqlite3 *db, QString *error)
 {
     QHash<quint64, qint32> cells;
-    sqlite3_stmt *stmt = nullptr;
-    if (sqlite3_prepare_v2(db, "select count(*) from sqlite_master where type = 'table' and name = 'derived_value'", -1,
-                           &stmt, nullptr) != SQLITE_OK) {
-        fail(db, error);
-        sqlite3_finalize(stmt);
-        return cells;
-    }
-    const bool present = sqlite3_step(stmt) == SQLITE_ROW && sqlite3_column_int(stmt, 0) > 0;
-    sqlite3_finalize(stmt);
+    const bool present = RedemptionDatabase::hasTable(db, "derived_value");
     if (!present)
         return cells;
+    sqlite3_stmt *stmt = nullptr;
     if (sqlite3_prepare_v2(db,
                            "select d.series, d.iyr, d.imo, d.ryr, d.rmo, b.value from derived_value d join bond_value b"
                            " on b.series = d.series and b.iyr = d.iyr and b.imo = d.imo and b.ryr = d.ryr and b.rmo = d.rmo",

@@ -2,6 +2,7 @@
 
 #include "update/DerivedValues.h"
 #include "valuation/PackedValueHistories.h"
+#include "valuation/RedemptionDatabase.h"
 #include "valuation/ValueHistoryCache.h"
 
 #include <QList>
@@ -126,7 +127,7 @@ bool refresh(sqlite3 *db, QString *error)
 {
     if (!execute(db, "savepoint pack_histories", error))
         return false;
-    const bool ok = ((exists(db) && hasEveryTrigger(db))
+    const bool ok = ((RedemptionDatabase::hasTable(db, TableName) && hasEveryTrigger(db))
                      || (DerivedValues::ensureTable(db, error) && execute(db, Schema, error)))
                     && pack(db, changedBonds(db), error);
     if (!ok)

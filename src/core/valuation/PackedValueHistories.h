@@ -10,8 +10,6 @@
 // A bond with values always has a row; no row means no values.
 #include <QtGlobal>
 
-struct sqlite3;
-
 namespace PackedValueHistories {
 
 constexpr quint32 key(char seriesCode, int issueMonth)
@@ -21,6 +19,6 @@ constexpr quint32 key(char seriesCode, int issueMonth)
 constexpr char seriesCodeOf(quint32 key) { return char(key >> 24); }
 constexpr int issueMonthOf(quint32 key) { return int(key & 0xffffffu); }
 
-bool exists(sqlite3 *db);
+inline constexpr const char *TableName = "bond_history";
 
 } // namespace PackedValueHistories

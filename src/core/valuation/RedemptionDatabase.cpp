@@ -92,6 +92,17 @@ void configureWriter(sqlite3 *db)
         sqlite3_exec(db, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
 }
 
+bool hasTable(sqlite3 *db, const char *name)
+{
+    sqlite3_stmt *probe = nullptr;
+    const bool found = sqlite3_prepare_v2(db, "select 1 from sqlite_master where type = 'table' and name = ?", -1, &probe,
+                                          nullptr) == SQLITE_OK
+                       && sqlite3_bind_text(probe, 1, name, -1, SQLITE_STATIC) == SQLITE_OK
+                       && sqlite3_step(probe) == SQLITE_ROW;
+    sqlite3_finalize(probe);
+    return found;
+}
+
 void bindCell(sqlite3_stmt *stmt, const char *series, int ryr, int rmo, int iyr, int imo)
 {
     sqlite3_reset(stmt);

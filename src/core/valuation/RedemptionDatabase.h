@@ -32,6 +32,10 @@ void configureReader(sqlite3 *db);
 // state while a file is installed.
 void configureWriter(sqlite3 *db);
 
+// Whether the database has a table of this name (tables are added as the program grows, so older
+// files lack some).
+bool hasTable(sqlite3 *db, const char *name);
+
 // Binds one cell of bond_value (series code, redemption year and month, issue year and month) to
 // parameters 1 to 5 of a statement, after resetting it.
 void bindCell(sqlite3_stmt *stmt, const char *series, int ryr, int rmo, int iyr, int imo);

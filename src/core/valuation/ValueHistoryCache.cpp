@@ -1,6 +1,7 @@
 #include "valuation/ValueHistoryCache.h"
 
 #include "valuation/PackedValueHistories.h"
+#include "valuation/RedemptionDatabase.h"
 
 #include <QSet>
 #include <sqlite3.h>
@@ -106,16 +107,11 @@ void ValueHistoryCache::forgetIfChanged()
 
 void ValueHistoryCache::prepareHistoryStatement()
 {
-    sqlite3_stmt *probe = nullptr;
-    const bool knowsDerived =
-        sqlite3_prepare_v2(m_db, "select 1 from sqlite_master where type = 'table' and name = 'derived_value'", -1,
-                           &probe, nullptr) == SQLITE_OK
-        && sqlite3_step(probe) == SQLITE_ROW;
-    sqlite3_finalize(probe);
+    const bool knowsDerived = RedemptionDatabase::hasTable(m_db, "derived_value");
     // Another program may have added the packed histories since the last look.
     sqlite3_finalize(m_packedStmt);
     m_packedStmt = nullptr;
-    if (PackedValueHistories::exists(m_db)) {
+    if (RedemptionDatabase::hasTable(m_db, PackedValueHistories::TableName)) {
         sqlite3_prepare_v2(m_db, "select first_month, value_list, derived_list from bond_history where bond = ?", -1,
                            &m_packedStmt, nullptr);
     }

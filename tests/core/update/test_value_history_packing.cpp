@@ -7,6 +7,7 @@
 #include "update/ValueHistoryPacking.h"
 #include "valuation/MonthIndex.h"
 #include "valuation/PackedValueHistories.h"
+#include "valuation/RedemptionDatabase.h"
 #include "valuation/ValueHistoryCache.h"
 
 #include <QFile>
@@ -64,8 +65,8 @@ void expectSameAsRows(const QString &path)
 {
     const QString plainPath = unpackedCopy(path);
     Connection packed(path), plain(plainPath);
-    ASSERT_TRUE(PackedValueHistories::exists(packed.db));
-    ASSERT_FALSE(PackedValueHistories::exists(plain.db));
+    ASSERT_TRUE(RedemptionDatabase::hasTable(packed.db, PackedValueHistories::TableName));
+    ASSERT_FALSE(RedemptionDatabase::hasTable(plain.db, PackedValueHistories::TableName));
     ValueHistoryCache oneByOne(packed.db), everyBond(packed.db), rows(plain.db);
     const QList<std::pair<char, int>> bonds = plain.bonds(EveryBond);
     everyBond.prefetch(bonds);
