@@ -94,8 +94,7 @@ quint64 cellKey(char series, int iyr, int imo, int ryr, int rmo)
 QHash<quint64, qint32> load(sqlite3 *db, QString *error)
 {
     QHash<quint64, qint32> cells;
-    const bool present = RedemptionDatabase::hasTable(db, "derived_value");
-    if (!present)
+    if (!RedemptionDatabase::hasTable(db, "derived_value"))
         return cells;
     sqlite3_stmt *stmt = nullptr;
     if (sqlite3_prepare_v2(db,
