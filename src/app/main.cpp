@@ -1,6 +1,7 @@
 // quillmere [FILE...]: one window per portfolio named, or a new portfolio when none is.
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
+#include "UpdateCheckScheduler.h"
 #include "model/UserDefaults.h"
 
 #include <QApplication>
@@ -34,5 +35,7 @@ int main(int argc, char *argv[])
     // Nothing opened (no file named, or none could be read): a new portfolio to start from.
     if (documents.windows().isEmpty())
         documents.newDocument();
+    // Once the windows are up: a look for new redemption values, in the background.
+    QMetaObject::invokeMethod(&app, [] { UpdateCheckScheduler::instance().start(); }, Qt::QueuedConnection);
     return app.exec();
 }

@@ -1,5 +1,5 @@
-// quillmere-cli update: checks the update directory for new redemption values and installs them,
-// showing the updater's status texts and a progress bar.
+// quillmere-cli update: checks the Treasury's Fiscal Data service (or an update directory) for new
+// redemption values and installs them, showing the updater's status texts and a progress bar.
 #include "CliCommand.h"
 #include "update/PriceUpdater.h"
 #include "update/UpdateLocation.h"
@@ -93,28 +93,44 @@ int run(const QStringList &arguments)
     PriceDataDownloader::Limits limits;
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Fetches the catalogue %1 from the update directory and\n"
-                       "installs every price data file it lists that the redemption value database lacks.\n"
+        QStringLiteral("Asks the Treasury's Fiscal Data service for every redemption month the redemption value\n"
+                       "database lacks official values for, and installs them in one step (all or nothing).\n"
+                       "With --catalogue, fetches the catalogue %1 from an update directory instead\n"
+                       "and installs every price data file it lists that the database lacks.\n"
                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n"
                        "Exit status 0 when the check, or every installation, succeeded.")
             .arg(QLatin1String(UpdateLocation::CatalogueName)));
     const QCommandLineOption checkOption(QStringLiteral("check"), QStringLiteral("Only report what would be installed."));
+    const QCommandLineOption catalogueOption(QStringLiteral("catalogue"),
+                                             QStringLiteral("Use an update directory's catalogue instead of Fiscal Data."));
+    const QCommandLineOption fiscalDataOption(QStringLiteral("fiscal-data"),
+                                              QStringLiteral("Use the Fiscal Data service even when the settings name a catalogue."));
     const QCommandLineOption baseUrlOption(
         QStringLiteral("base-url"),
-        QStringLiteral("The update directory (default: the %1 variable, the '%2' setting, or %3).")
+        QStringLiteral("The update directory; implies --catalogue (default: the %1 variable, the '%2' setting, or %3).")
             .arg(QLatin1String(UpdateLocation::BaseUrlEnvironmentVariable), QLatin1String(UpdateLocation::BaseUrlSettingsKey),
                  QLatin1String(UpdateLocation::DefaultBaseUrl)),
+        QStringLiteral("URL"));
+    const QCommandLineOption serviceUrlOption(
+        QStringLiteral("service-url"),
+        QStringLiteral("The Fiscal Data service root (default: the %1 variable, the '%2' setting, or %3).")
+            .arg(QLatin1String(UpdateLocation::FiscalDataRootEnvironmentVariable),
+                 QLatin1String(UpdateLocation::FiscalDataRootSettingsKey), QLatin1String(UpdateLocation::DefaultFiscalDataRoot)),
         QStringLiteral("URL"));
     const QCommandLineOption timeoutOption(
         QStringLiteral("timeout"),
         QStringLiteral("Give up on a server silent this long (default %1).").arg(limits.idleTimeoutMs / 1000),
         QStringLiteral("SECONDS"));
-    parser.addOptions({checkOption, baseUrlOption, timeoutOption});
+    parser.addOptions({checkOption, catalogueOption, fiscalDataOption, baseUrlOption, serviceUrlOption, timeoutOption});
     int status = 0;
     if (!parseArguments(parser, arguments, PositionalCount::none(), {}, &status))
         return status;
     const bool checkOnly = parser.isSet(checkOption);
     const QString baseUrl = parser.value(baseUrlOption);
+    const QString serviceUrl = parser.value(serviceUrlOption);
+    const bool catalogue = parser.isSet(catalogueOption) || parser.isSet(baseUrlOption);
+    if (catalogue && (parser.isSet(fiscalDataOption) || parser.isSet(serviceUrlOption)))
+        return cliFail(QStringLiteral("--catalogue and --base-url do not go with --fiscal-data or --service-url"));
     if (parser.isSet(timeoutOption)) {
         bool ok = false;
         const double seconds = parser.value(timeoutOption).toDouble(&ok);
@@ -137,6 +153,16 @@ int run(const QStringList &arguments)
             return cliFail(QStringLiteral("'%1' is not an absolute URL").arg(baseUrl));
         updater.setBaseUrl(url);
     }
+    if (!serviceUrl.isEmpty()) {
+        const QUrl url = UpdateLocation::normalisedServiceRoot(serviceUrl);
+        if (!url.isValid())
+            return cliFail(QStringLiteral("'%1' is not an absolute http or https URL").arg(serviceUrl));
+        updater.setServiceRoot(url);
+    }
+    if (catalogue)
+        updater.setSource(UpdateLocation::Source::Catalogue);
+    else if (parser.isSet(fiscalDataOption) || !serviceUrl.isEmpty())
+        updater.setSource(UpdateLocation::Source::FiscalData);
     updater.setDownloadLimits(limits);
 
     TerminalProgress progress(updater);
@@ -155,6 +181,6 @@ int run(const QStringList &arguments)
 
 const CliCommand::Registration registration(
     {QStringLiteral("update"),
-     QStringLiteral("update [--check] [--base-url URL]  install new redemption values from the update directory"), run});
+     QStringLiteral("update [--check] [--catalogue [--base-url URL]]  install new redemption values from the Treasury"), run});
 
 } // namespace

@@ -12,6 +12,8 @@
 #include "HoldingsTableModel.h"
 #include "InterestSummaryModel.h"
 #include "PeopleTableModel.h"
+#include "UpdateAvailableBar.h"
+#include "UpdaterWindow.h"
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
 
@@ -45,7 +47,15 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({330, 1050});
-    setCentralWidget(splitter);
+    auto *central = new QWidget(this);
+    auto *centralLayout = new QVBoxLayout(central);
+    centralLayout->setContentsMargins(0, 0, 0, 0);
+    m_updateBar = new UpdateAvailableBar(central);
+    connect(m_updateBar, &UpdateAvailableBar::updateRequested, this,
+            [this] { UpdaterSession::instance().showUpdater(this); });
+    centralLayout->addWidget(m_updateBar);
+    centralLayout->addWidget(splitter, 1);
+    setCentralWidget(central);
 
     createActions();
     createMenus();

@@ -23,6 +23,7 @@ class QMenu;
 class QPrinter;
 class QRadioButton;
 class QTableView;
+class UpdateAvailableBar;
 class ValuationMonthPicker;
 
 class PortfolioWindow : public QMainWindow
@@ -49,6 +50,8 @@ public:
     InterestSummaryModel *summaryModel() const { return m_summaryModel; }
     BondTableColumns *columns() const { return m_columns; }
     ValuationMonthPicker *valuationPicker() const { return m_picker; }
+    // Offers new redemption values when the automatic check found some.
+    UpdateAvailableBar *updateBar() const { return m_updateBar; }
     QString totalsText() const;
 
     // The holdings the bond table shows, filtered and sorted as shown.
@@ -125,6 +128,7 @@ private:
     bool m_totalsPending = false;
     BondTableColumns *m_columns = nullptr;
     ValuationMonthPicker *m_picker = nullptr;
+    UpdateAvailableBar *m_updateBar = nullptr;
     QMenu *m_recentMenu = nullptr;
     QHash<ActionId, QAction *> m_actions;
     std::unique_ptr<ExchangePanels> m_panels;

@@ -17,11 +17,17 @@ UpdaterWindow::UpdaterWindow(PriceUpdater *updater, QWidget *parent)
     m_updater->setParent(this);
     setObjectName(QStringLiteral("UpdatePricesWindow"));
     setWindowTitle(tr("Update Redemption Values"));
-    auto *intro = new QLabel(tr("Check for new redemption values published by the Treasury and install them "
-                                "into your database."),
+    auto *intro = new QLabel(m_updater->source() == UpdateLocation::Source::FiscalData
+                                 ? tr("Check the Treasury's Fiscal Data service for redemption values your database "
+                                      "lacks and install them.")
+                                 : tr("Check the update directory %1 for new redemption values and install them.")
+                                       .arg(m_updater->baseUrl().toDisplayString()),
                              this);
     intro->setWordWrap(true);
     m_status = new QLabel(this);
+    // A failure says why on a second line.
+    m_status->setWordWrap(true);
+    m_status->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_status->setMinimumWidth(fontMetrics().horizontalAdvance(
         QStringLiteral("Update information unavailable. Check internet connections and try again.")));
     m_progress = new QProgressBar(this);

@@ -80,6 +80,10 @@ inline void useRunFolders()
         QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
     qputenv("QUILLMERE_PEOPLE", people.toUtf8());
     qputenv("QUILLMERE_DATABASE", database.toUtf8());
+    // No test reaches beyond this machine: update sources that refuse at once unless a test
+    // names its own server.
+    qputenv("QUILLMERE_FISCAL_DATA_URL", "http://127.0.0.1:9/");
+    qputenv("QUILLMERE_UPDATE_URL", "http://127.0.0.1:9/");
 }
 }
 

@@ -1,7 +1,8 @@
-// The updater window against an update directory served on 127.0.0.1: its status line,
-// progress bar and buttons through a check and an installation, one window at a time, and the
-// alert of a database that cannot be written.
+// The updater window against the Fiscal Data service and an update directory, both served on
+// 127.0.0.1: its status line, progress bar and buttons through a check and an installation, one
+// window at a time, and the alert of a database that cannot be written.
 #include "GuiTestMain.h"
+#include "../support/FiscalDataTestServer.h"
 #include "../support/LocalHttpServer.h"
 #include "../support/PriceUpdateTestData.h"
 #include "UpdaterWindow.h"
@@ -22,6 +23,7 @@ class UpdaterWindowTest : public QObject
     Q_OBJECT
 
     LocalHttpServer m_server;
+    FiscalDataTestServer m_service;
     QString m_database;
 
     static QString name(int month) { return QStringLiteral("i-2030-%1.bin").arg(month, 2, 10, QLatin1Char('0')); }
@@ -30,6 +32,7 @@ private slots:
     void initTestCase()
     {
         qputenv("QUILLMERE_UPDATE_URL", m_server.url(QStringLiteral("/updates/")).toString().toUtf8());
+        qputenv("QUILLMERE_FISCAL_DATA_URL", m_service.root().toString().toUtf8());
         for (int month = 1; month <= 3; ++month)
             m_server.setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2030, month, 2000, 25));
         // January again with other values: the installer refuses to contradict what it has.
@@ -50,26 +53,45 @@ private slots:
 
     void checkThenInstall_data()
     {
-        QTest::addColumn<QStringList>("catalogue");
+        QTest::addColumn<QStringList>("catalogue"); // empty: the Fiscal Data service
+        QTest::addColumn<int>("serviceRecords");    // EE records of 12/2021 the service holds
+        QTest::addColumn<int>("failingPage");
         QTest::addColumn<QString>("checked");
-        QTest::addColumn<QString>("installed"); // empty: nothing to install
+        QTest::addColumn<QString>("installed"); // empty: nothing to install; the status starts so
         QTest::addColumn<bool>("progressFull");
-        QTest::newRow("up to date") << QStringList{name(1)} << "Your software is up to date." << QString() << false;
-        QTest::newRow("two files installed") << QStringList{name(1), name(2), name(3)} << "2 update(s) available"
+        const QString upToDate = QStringLiteral("Your redemption values are up to date");
+        QTest::newRow("up to date") << QStringList{name(1)} << 0 << 0 << upToDate << QString() << false;
+        QTest::newRow("two files installed") << QStringList{name(1), name(2), name(3)} << 0 << 0 << "2 update(s) available"
                                              << "All updates installed" << true;
-        QTest::newRow("a bad file") << QStringList{name(1), QStringLiteral("bad.bin")} << "1 update(s) available"
-                                    << "Some updates could not be performed" << false;
+        QTest::newRow("a bad file") << QStringList{name(1), QStringLiteral("bad.bin")} << 0 << 0 << "1 update(s) available"
+                                    << "Some updates could not be performed\nbad.bin: series I, issue month 2000-01" << false;
+        QTest::newRow("service: up to date") << QStringList() << 0 << 0 << upToDate << QString() << false;
+        QTest::newRow("service: a month installed") << QStringList() << 5 << 0 << "Values for 12/2021 are available"
+                                                   << "Installed values for 12/2021" << true;
+        QTest::newRow("service: a failing page") << QStringList() << 5 << 1 << "Values for 12/2021 are available"
+                                                 << "Some updates could not be performed\nFiscal Data (series ENS, 2001-09 "
+                                                    "to 2002-02), page 1: the server answered with status 500" << false;
     }
     void checkThenInstall()
     {
         QFETCH(QStringList, catalogue);
+        QFETCH(int, serviceRecords);
+        QFETCH(int, failingPage);
         QFETCH(QString, checked);
         QFETCH(QString, installed);
         QFETCH(bool, progressFull);
         m_server.setBody(QStringLiteral("/updates/AvailableBondData.plist"), UpdateCatalogue::encode(catalogue));
+        UpdateLocation::setSource(catalogue.isEmpty() ? UpdateLocation::Source::FiscalData : UpdateLocation::Source::Catalogue);
+        FiscalDataTestServer::Faults faults;
+        faults.failingPage = failingPage;
+        m_service.setFaults(faults);
+        m_service.clear();
+        for (int i = 0; i < serviceRecords; ++i)
+            m_service.addRecords({PriceUpdateTestData::record('N', 2021, 12, 1992 + i, 4000 + i)});
         UpdaterWindow window(new PriceUpdater);
         QVERIFY(!window.installButton()->isEnabled()); // nothing to install before a check
         QSignalSpy finished(window.updater(), &PriceUpdater::finished);
+        QSignalSpy progress(window.updater(), &PriceUpdater::progressChanged);
         QTest::mouseClick(window.checkButton(), Qt::LeftButton);
         QVERIFY(!window.checkButton()->isEnabled() || !finished.isEmpty());
         QVERIFY(finished.wait(20000));
@@ -80,11 +102,16 @@ private slots:
         QTest::mouseClick(window.installButton(), Qt::LeftButton);
         QVERIFY(!window.installButton()->isEnabled());
         QVERIFY(finished.wait(20000));
-        QCOMPARE(window.statusLine()->text(), installed);
+        QVERIFY2(window.statusLine()->text().startsWith(installed), qPrintable(window.statusLine()->text()));
         QVERIFY(window.progressBar()->maximum() > 0); // determinate again after the downloads
         QCOMPARE(window.progressBar()->value() == window.progressBar()->maximum(), progressFull);
         QVERIFY(!window.installButton()->isEnabled());
         QVERIFY(window.checkButton()->isEnabled());
+        if (catalogue.isEmpty() && progressFull) {
+            // Pages first (four requests, one page each), then the one month.
+            QCOMPARE(progress.first(), (QVariantList{1.0, 4.0}));
+            QCOMPARE(progress.last(), (QVariantList{1.0, 1.0}));
+        }
     }
 
     void oneWindowAtATimeAndItsMenuItemWaits()

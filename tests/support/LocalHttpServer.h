@@ -13,7 +13,9 @@
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
+#include <functional>
 #include <memory>
+#include <optional>
 
 class LocalHttpServer
 {
@@ -50,6 +52,13 @@ public:
         m_responses.insert(path, response);
     }
     void setBody(const QString &path, const QByteArray &body) { setResponse(path, Response{200, body}); }
+    // Called on the server's thread with the path and query of every request without a script.
+    using Handler = std::function<std::optional<Response>(const QString &pathAndQuery)>;
+    void setHandler(Handler handler)
+    {
+        QMutexLocker locker(&m_mutex);
+        m_handler = std::move(handler);
+    }
     // Every file of the folder, under the path prefix (ending in "/").
     void serveDirectory(const QString &folder, const QString &prefix)
     {
@@ -89,7 +98,12 @@ private:
             const QString path = QString::fromLatin1(requestLine.value(1));
             QMutexLocker locker(&m_mutex);
             m_requests << path;
-            reply(socket, m_responses.value(path, Response{404, "Not Found"}));
+            std::optional<Response> response;
+            if (m_responses.contains(path))
+                response = m_responses.value(path);
+            else if (m_handler)
+                response = m_handler(path);
+            reply(socket, response.value_or(Response{404, "Not Found"}));
         });
     }
 
@@ -127,5 +141,6 @@ private:
     quint16 m_port = 0;
     mutable QMutex m_mutex;
     QHash<QString, Response> m_responses;
+    Handler m_handler;
     QStringList m_requests;
 };

@@ -65,6 +65,16 @@ QString describe(const PriceRecord &record)
         .arg(record.iyr);
 }
 
+// A stored value as the Treasury's files write it: dollars per $25, or its marker's meaning.
+QString valueText(qint32 value)
+{
+    if (value == RedemptionMarker::NotRedeemable)
+        return QStringLiteral("NO PAY");
+    if (value < 0)
+        return QStringLiteral("no value");
+    return QStringLiteral("$%1.%2").arg(value / 100).arg(value % 100, 2, 10, QLatin1Char('0'));
+}
+
 // One issue month of an installed record that gets the file's value: one that held no data (a -2
 // row, or none, since derived values come without fillers), or a derived one that gives way.
 struct Fill
@@ -127,7 +137,7 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
 
 } // namespace
 
-Outcome install(sqlite3 *db, const NamedPriceRecords &source)
+Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &options)
 {
     Outcome outcome;
     if (source.name == QLatin1String(MaturedBondCarryForward::SourceName)) {
@@ -183,8 +193,12 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
             if (had == given)
                 continue;
             if (had != RedemptionMarker::NoPricingData) {
-                outcome.error = QStringLiteral("%1: the values of %2 differ from those installed")
-                                    .arg(source.name, describe(record));
+                outcome.error = QStringLiteral("%1: series %2, issue month %3-%4, redemption month %5-%6: %7 differs "
+                                               "from the installed official value %8")
+                                    .arg(source.name, QString(QLatin1Char(record.series)))
+                                    .arg(record.iyr).arg(k + 1, 2, 10, QLatin1Char('0'))
+                                    .arg(record.ryr).arg(record.rmo, 2, 10, QLatin1Char('0'))
+                                    .arg(valueText(given), valueText(had));
                 return outcome;
             }
             fills << Fill{record, k + 1, given, Fill::Empty};
@@ -192,11 +206,12 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
         }
         filled ? ++outcome.filledRecords : ++outcome.unchangedRecords;
     }
+    // Month by month, so that progress over the records is progress over the months.
     std::sort(added.begin(), added.end(), [](const PriceRecord &a, const PriceRecord &b) {
-        return std::tie(a.series, a.ryr, a.rmo, a.iyr) < std::tie(b.series, b.ryr, b.rmo, b.iyr);
+        return std::tie(a.ryr, a.rmo, a.series, a.iyr) < std::tie(b.ryr, b.rmo, b.series, b.iyr);
     });
 
-    PriceDataInstaller installer(db);
+    PriceDataInstaller installer(db, options.feedback);
     installer.setExtendsDerivedValues(true);
     QString fillError;
     const bool installedFile = installer.updatePricingDataWithData(
@@ -211,7 +226,7 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source)
     outcome.derivedDifferences = DerivedValues::report(source.name, differences);
     if (!outcome.derivedDifferences.isEmpty())
         qWarning().noquote() << outcome.derivedDifferences;
-    if (!installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum))
+    if (options.updateSummary && !installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum))
         outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
     return outcome;
 }

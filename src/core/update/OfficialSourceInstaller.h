@@ -7,6 +7,7 @@
 // file. Values the program derived give way to the file's (a difference is reported, not
 // refused), and the derived values then reach the file's months (matured bonds keep their value,
 // fixed-rate EE bonds are computed).
+#include "update/PriceDataInstaller.h"
 #include "update/sources/PriceSourceContents.h"
 
 #include <QDateTime>
@@ -31,9 +32,18 @@ struct Outcome
     bool ok() const { return error.isEmpty(); }
 };
 
+struct Options
+{
+    // Status texts and progress of the transaction (new records go in month by month).
+    PriceDataInstaller::Feedback feedback;
+    // Rebuild the summary tables and post the new range; an updater does both itself, once
+    // after everything it installs.
+    bool updateSummary = true;
+};
+
 // db: an open connection to a database with the schema. The source's name is recorded in
 // data_file. The summary tables are rebuilt and the new range announced.
-Outcome install(sqlite3 *db, const NamedPriceRecords &source);
+Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &options = {});
 // What an installation of the named file did, in words, for the user: one sentence of counts
 // and the database's months, then a note on derived values that differed, if any.
 QString summary(const QString &fileName, const Outcome &outcome);

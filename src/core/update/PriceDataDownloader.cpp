@@ -25,6 +25,7 @@ bool PriceDataDownloader::isSupportedScheme(const QUrl &url)
 std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
 {
     m_lastError.clear();
+    m_lastStatus = 0;
     if (!url.isValid() || !isSupportedScheme(url)) {
         m_lastError = QStringLiteral("unsupported address %1").arg(url.toString());
         return std::nullopt;
@@ -59,12 +60,12 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     QObject::connect(reply.get(), &QNetworkReply::metaDataChanged, &loop, [&] {
         const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
         if (length.isValid() && length.toLongLong() > m_limits.maximumBytes)
-            abortWith(QStringLiteral("%1 is larger than %2 bytes").arg(url.toString()).arg(m_limits.maximumBytes));
+            abortWith(QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes));
     });
     QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, [&] {
         body += reply->readAll();
         if (body.size() > m_limits.maximumBytes)
-            abortWith(QStringLiteral("%1 is larger than %2 bytes").arg(url.toString()).arg(m_limits.maximumBytes));
+            abortWith(QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes));
     });
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
     QTimer deadline;
@@ -77,11 +78,18 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     deadline.stop();
 
+    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    m_lastStatus = status;
+    // An HTTP error says more by its status than by Qt's transfer error, which repeats the URL.
+    if (failure.isEmpty() && status >= 400)
+        failure = QStringLiteral("the server answered with status %1").arg(status);
+    // Qt cancels a transfer that fell silent for the idle time.
+    if (failure.isEmpty() && reply->error() == QNetworkReply::OperationCanceledError)
+        failure = QStringLiteral("the server fell silent for %1 seconds").arg(m_limits.idleTimeoutMs / 1000.0);
     if (failure.isEmpty() && reply->error() != QNetworkReply::NoError)
         failure = reply->errorString();
-    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (failure.isEmpty() && status != 200)
-        failure = QStringLiteral("%1 answered with status %2").arg(reply->url().toString()).arg(status);
+        failure = QStringLiteral("the server answered with status %1").arg(status);
     if (failure.isEmpty() && !isSupportedScheme(reply->url()))
         failure = QStringLiteral("redirected to unsupported address %1").arg(reply->url().toString());
     if (!failure.isEmpty()) {
@@ -90,7 +98,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     }
     body += reply->readAll();
     if (body.size() > m_limits.maximumBytes) {
-        m_lastError = QStringLiteral("%1 is larger than %2 bytes").arg(url.toString()).arg(m_limits.maximumBytes);
+        m_lastError = QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes);
         return std::nullopt;
     }
     return body;

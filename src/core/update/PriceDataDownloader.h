@@ -29,10 +29,13 @@ public:
 
     // Why the last fetch gave nothing.
     QString lastError() const { return m_lastError; }
+    // The HTTP status of the last reply (0 when none came).
+    int lastStatus() const { return m_lastStatus; }
 
     static bool isSupportedScheme(const QUrl &url);
 
 private:
     Limits m_limits;
     QString m_lastError;
+    int m_lastStatus = 0;
 };

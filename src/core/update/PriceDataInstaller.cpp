@@ -137,6 +137,8 @@ bool PriceDataInstaller::processData(const QByteArray &data, const QString &file
             return false;
         if (i % 10 == 0)
             setProgress(m_progressValue + 1.0);
+        if (m_feedback.records)
+            m_feedback.records(i + 1, count);
     }
     return updateDataFileTable(fileName);
 }

@@ -27,6 +27,8 @@ public:
         std::function<void(const QString &status)> status;
         // Determinate progress: value out of maximum.
         std::function<void(double value, double maximum)> progress;
+        // After each record: how many of the file's records are in.
+        std::function<void(int done, int count)> records;
     };
 
     // Works on a connection the caller owns and keeps open.

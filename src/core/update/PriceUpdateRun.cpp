@@ -1,18 +1,37 @@
 #include "update/PriceUpdateRun.h"
 
+#include "update/OfficialSourceInstaller.h"
 #include "update/PriceDataInstaller.h"
 #include "update/UpdateCatalogue.h"
 #include "update/UpdateConnection.h"
-#include "update/UpdateLocation.h"
+#include "update/sources/MaturedBondCarryForward.h"
+#include "valuation/MonthIndex.h"
 
 #include <QMutexLocker>
 #include <QtDebug>
 
-PriceUpdateRun::PriceUpdateRun(std::shared_ptr<UpdateConnection> connection, const QUrl &baseUrl,
-                               const PriceDataDownloader::Limits &limits, Observer observer)
+namespace UpdateStatus {
+
+QString failed(const char *status, const QString &why)
+{
+    const QString text = QString::fromLatin1(status);
+    return why.isEmpty() ? text : text + QLatin1Char('\n') + why;
+}
+
+QString monthsText(int first, int last)
+{
+    auto month = [](int index) {
+        return QStringLiteral("%1/%2").arg(MonthIndex::monthOf(index), 2, 10, QLatin1Char('0')).arg(MonthIndex::yearOf(index));
+    };
+    return first == last ? month(first) : QStringLiteral("%1 to %2").arg(month(first), month(last));
+}
+
+} // namespace UpdateStatus
+
+PriceUpdateRun::PriceUpdateRun(std::shared_ptr<UpdateConnection> connection, const Settings &settings,
+                               Observer observer)
     : m_connection(std::move(connection))
-    , m_baseUrl(baseUrl)
-    , m_limits(limits)
+    , m_settings(settings)
     , m_observer(std::move(observer))
 {
 }
@@ -23,32 +42,62 @@ void PriceUpdateRun::setStatus(const QString &status)
         m_observer.status(status);
 }
 
-std::optional<QByteArray> PriceUpdateRun::downloadUrl(const QUrl &url, const QString &label)
+void PriceUpdateRun::setAvailable(const std::optional<QStringList> &available)
+{
+    if (m_observer.availableUpdates)
+        m_observer.availableUpdates(available);
+}
+
+void PriceUpdateRun::updateSummary()
+{
+    PriceDataInstaller installer(m_connection->handle(), {m_observer.status, {}, {}});
+    QDateTime minimum;
+    QDateTime maximum;
+    if (installer.updateRedemptionDateSummaryTables(&minimum, &maximum, false) && m_observer.rangeChanged)
+        m_observer.rangeChanged(minimum, maximum);
+}
+
+bool PriceUpdateRun::checkForUpdates()
+{
+    return m_settings.source == UpdateLocation::Source::Catalogue ? checkCatalogue() : checkFiscalData();
+}
+
+bool PriceUpdateRun::updatePriceData(const QStringList &files)
+{
+    return m_settings.source == UpdateLocation::Source::Catalogue ? installCatalogueFiles(files) : installFiscalData();
+}
+
+std::optional<QByteArray> PriceUpdateRun::downloadUrl(const QUrl &url, const QString &label, QString *error)
 {
     setStatus(label);
     if (m_observer.downloading)
         m_observer.downloading(true);
-    PriceDataDownloader downloader(m_limits);
+    PriceDataDownloader downloader(m_settings.limits);
     std::optional<QByteArray> data = downloader.fetch(url);
-    if (!data)
-        qWarning().noquote() << QStringLiteral("Download failed: %1").arg(downloader.lastError());
+    if (!data) {
+        *error = downloader.lastError();
+        qWarning().noquote() << QStringLiteral("Download failed: %1").arg(*error);
+    }
     if (m_observer.downloading)
         m_observer.downloading(false);
     return data;
 }
 
-bool PriceUpdateRun::checkForUpdates()
+bool PriceUpdateRun::checkCatalogue()
 {
-    const std::optional<QByteArray> data =
-        downloadUrl(UpdateLocation::catalogueUrl(m_baseUrl), QStringLiteral("Checking for updates..."));
+    QString why;
+    const std::optional<QByteArray> data = downloadUrl(UpdateLocation::catalogueUrl(m_settings.baseUrl),
+                                                       QString::fromLatin1(UpdateStatus::Checking), &why);
+    if (data && data->isEmpty())
+        why = QStringLiteral("the catalogue is empty");
     const UpdateCatalogue catalogue = UpdateCatalogue::parse(data.value_or(QByteArray()));
     switch (catalogue.status()) {
     case UpdateCatalogue::Status::Unavailable:
-        setStatus(QStringLiteral("Update information unavailable. Check internet connections and try again."));
+        setStatus(UpdateStatus::failed(UpdateStatus::Unavailable, why));
         return false;
     case UpdateCatalogue::Status::Corrupt:
         qWarning().noquote() << QStringLiteral("Error loading plist: %1").arg(catalogue.error());
-        setStatus(QStringLiteral("Download corrupt; unable to update"));
+        setStatus(UpdateStatus::failed("Download corrupt; unable to update", catalogue.error()));
         return false;
     case UpdateCatalogue::Status::Valid:
         break;
@@ -60,53 +109,66 @@ bool PriceUpdateRun::checkForUpdates()
         known = m_connection->knownDataSets();
     }
     const QStringList delta = UpdateCatalogue::determineUpdateDataDelta(catalogue.entries(), known);
-    if (m_observer.availableUpdates)
-        m_observer.availableUpdates(delta);
+    setAvailable(delta);
     if (delta.isEmpty())
-        setStatus(QStringLiteral("Your software is up to date."));
+        setStatus(QString::fromLatin1(UpdateStatus::UpToDate));
     else
         setStatus(QStringLiteral("%1 update(s) available").arg(delta.size()));
     return true;
 }
 
-bool PriceUpdateRun::updatePriceData(const QStringList &files)
+bool PriceUpdateRun::installCatalogueFiles(const QStringList &files)
 {
     QMutexLocker locker(&m_connection->mutex());
-    PriceDataInstaller::Feedback feedback;
-    feedback.status = m_observer.status;
-    feedback.progress = m_observer.progress;
     const int count = static_cast<int>(files.size());
     bool allInstalled = true;
+    QString why;
 
     if (m_connection->handle()) {
-        PriceDataInstaller installer(m_connection->handle(), feedback);
-        // Derived values give way to official ones and then reach each file's latest month.
-        installer.setExtendsDerivedValues(true);
+        OfficialSourceInstaller::Options options;
+        options.feedback.status = m_observer.status;
+        options.feedback.progress = m_observer.progress;
+        options.updateSummary = false;
         for (int i = 0; i < count && allInstalled; ++i) {
             const QString &name = files.at(i);
             const std::optional<QByteArray> data =
-                downloadUrl(UpdateLocation::fileUrl(m_baseUrl, name),
-                            QStringLiteral("Downloading update %1 of %2").arg(i + 1).arg(count));
-            allInstalled = data && !data->isEmpty() && installer.updatePricingDataWithData(*data, name);
+                downloadUrl(UpdateLocation::fileUrl(m_settings.baseUrl, name),
+                            QStringLiteral("Downloading update %1 of %2").arg(i + 1).arg(count), &why);
+            if (!data || data->isEmpty()) {
+                if (data)
+                    why = QStringLiteral("%1 is empty").arg(name);
+                allInstalled = false;
+                break;
+            }
+            if (name == QLatin1String(MaturedBondCarryForward::SourceName)) {
+                // Values of matured bonds carried forward: every installation here derives them
+                // itself by the same rule, so only the name is recorded.
+                PriceDataInstaller installer(m_connection->handle(), options.feedback);
+                allInstalled = installer.updateDerivedDataWithData({}, name);
+                why = installer.lastError();
+                continue;
+            }
+            // Rows equal to installed official ones pass over; a contradiction refuses the file.
+            const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(
+                m_connection->handle(), {name, PriceDataFile::decode(*data)}, options);
+            if (!outcome.ok()) {
+                why = outcome.error;
+                allInstalled = false;
+            }
         }
         // Whatever happened above, the summary tables follow what is now in bond_value.
-        QDateTime minimum;
-        QDateTime maximum;
-        if (installer.updateRedemptionDateSummaryTables(&minimum, &maximum, false) && m_observer.rangeChanged)
-            m_observer.rangeChanged(minimum, maximum);
+        updateSummary();
     } else if (count > 0) {
-        setStatus(QStringLiteral("Unable to begin price update"));
+        why = QStringLiteral("the redemption value database cannot be opened");
         allInstalled = false;
     }
 
     if (allInstalled) {
-        if (m_observer.availableUpdates)
-            m_observer.availableUpdates(QStringList());
+        setAvailable(QStringList());
         setStatus(QStringLiteral("All updates installed"));
     } else {
-        if (m_observer.availableUpdates)
-            m_observer.availableUpdates(std::nullopt);
-        setStatus(QStringLiteral("Some updates could not be performed"));
+        setAvailable(std::nullopt);
+        setStatus(UpdateStatus::failed(UpdateStatus::SomeFailed, why));
     }
     return allInstalled;
 }

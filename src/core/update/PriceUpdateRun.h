@@ -1,8 +1,10 @@
 #pragma once
-// What one updater action does on its worker thread, start to finish: a catalogue check, or the
-// download and installation of the pending files. Runs synchronously on the calling thread and
+// What one updater action does on its worker thread, start to finish: a check for new values, or
+// their download and installation, from the Fiscal Data service or from an update directory's
+// catalogue. Runs synchronously on the calling thread and
 // tells its owner everything through the callbacks, which are called on that thread too.
 #include "update/PriceDataDownloader.h"
+#include "update/UpdateLocation.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -24,26 +26,58 @@ public:
         // Determinate progress of an installation.
         std::function<void(double value, double maximum)> progress;
         std::function<void(const std::optional<QStringList> &available)> availableUpdates;
+        // The redemption months (MonthIndex) a Fiscal Data check found; 0, 0 when none or unknown.
+        std::function<void(int first, int last)> availableMonths;
         // The new range of redemption months after the summary tables were rebuilt.
         std::function<void(const QDateTime &minimum, const QDateTime &maximum)> rangeChanged;
     };
 
-    PriceUpdateRun(std::shared_ptr<UpdateConnection> connection, const QUrl &baseUrl,
-                   const PriceDataDownloader::Limits &limits, Observer observer);
+    struct Settings
+    {
+        UpdateLocation::Source source = UpdateLocation::Source::FiscalData;
+        QUrl baseUrl;     // the update directory
+        QUrl serviceRoot; // the Fiscal Data service
+        PriceDataDownloader::Limits limits;
+    };
 
-    // Fetches the catalogue and reports the files the database lacks. False when the catalogue
-    // could not be had; the list of available updates then stays as it was.
+    PriceUpdateRun(std::shared_ptr<UpdateConnection> connection, const Settings &settings, Observer observer);
+
+    // Finds what the source holds that the database lacks: the catalogue's files not yet
+    // installed, or the Fiscal Data months not yet installed (one entry naming them). False when
+    // the source could not be read; the list of available updates then stays as it was.
     bool checkForUpdates();
-    // Downloads and installs the files in order, stopping at the first failure, then rebuilds
-    // the summary tables and announces the range. True when every file was installed.
+    // Installs what the check found: the catalogue's files in order, each wholly or not at all,
+    // stopping at the first failure; or every missing Fiscal Data month in one transaction. Then
+    // the summary tables follow and the range is announced. True when everything was installed.
     bool updatePriceData(const QStringList &files);
 
+    // The name recorded in data_file for Fiscal Data values of these months (MonthIndex).
+    static QString fiscalDataName(int first, int last);
+
 private:
-    std::optional<QByteArray> downloadUrl(const QUrl &url, const QString &label);
+    bool checkCatalogue();
+    bool checkFiscalData();
+    bool installCatalogueFiles(const QStringList &files);
+    bool installFiscalData();
+    std::optional<QByteArray> downloadUrl(const QUrl &url, const QString &label, QString *error);
     void setStatus(const QString &status);
+    void setAvailable(const std::optional<QStringList> &available);
+    // Rebuilds the summary tables after an installation and announces the range.
+    void updateSummary();
 
     std::shared_ptr<UpdateConnection> m_connection;
-    QUrl m_baseUrl;
-    PriceDataDownloader::Limits m_limits;
+    Settings m_settings;
     Observer m_observer;
 };
+
+// The status texts both sources end in.
+namespace UpdateStatus {
+inline constexpr const char *Checking = "Checking for updates...";
+inline constexpr const char *Unavailable = "Update information unavailable. Check internet connections and try again.";
+inline constexpr const char *UpToDate = "Your redemption values are up to date";
+inline constexpr const char *SomeFailed = "Some updates could not be performed";
+// A failure's status and, on the next line, why.
+QString failed(const char *status, const QString &why);
+// "MM/YYYY" or "MM/YYYY to MM/YYYY" of months (MonthIndex).
+QString monthsText(int first, int last);
+}

@@ -42,7 +42,9 @@ PriceUpdater::PriceUpdater(QObject *parent)
 PriceUpdater::PriceUpdater(const QString &databasePath, QObject *parent)
     : QObject(parent)
     , m_connection(std::make_shared<UpdateConnection>(databasePath))
+    , m_source(UpdateLocation::source())
     , m_baseUrl(UpdateLocation::baseUrl())
+    , m_serviceRoot(UpdateLocation::fiscalDataRoot())
 {
 }
 
@@ -121,6 +123,9 @@ void PriceUpdater::startWorker(Work work)
     observer.availableUpdates = [target](const std::optional<QStringList> &available) {
         deliver(target, [available](PriceUpdater *u) { u->setAvailableUpdates(available); });
     };
+    observer.availableMonths = [target](int, int last) {
+        deliver(target, [last](PriceUpdater *u) { u->m_availableThrough = last; });
+    };
     observer.rangeChanged = [target](const QDateTime &minimum, const QDateTime &maximum) {
         // Announced even when the updater has gone: date pickers still need to follow.
         QMetaObject::invokeMethod(
@@ -129,7 +134,8 @@ void PriceUpdater::startWorker(Work work)
             Qt::QueuedConnection);
     };
 
-    auto run = std::make_shared<PriceUpdateRun>(m_connection, m_baseUrl, m_limits, std::move(observer));
+    const PriceUpdateRun::Settings settings{m_source, m_baseUrl, m_serviceRoot, m_limits};
+    auto run = std::make_shared<PriceUpdateRun>(m_connection, settings, std::move(observer));
     QThread *thread = QThread::create([run, target, work = std::move(work)] {
         const bool succeeded = work(*run);
         deliver(target, [succeeded](PriceUpdater *u) {

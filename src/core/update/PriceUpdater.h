@@ -1,6 +1,6 @@
 #pragma once
-// Keeps the redemption value database current from the maker's update directory: checks the
-// catalogue for files the database lacks and downloads and installs them. One updater per
+// Keeps the redemption value database current: checks the Treasury's Fiscal Data service (or an
+// update directory's catalogue) for values the database lacks, and downloads and installs them. One updater per
 // showing of the updater window (or per command-line run), with its own database connection.
 //
 // Each action runs on a worker thread of its own and returns at once. The observable state, the
@@ -8,6 +8,7 @@
 // the order in which the worker produced them. A worker still running when the updater is
 // destroyed finishes its work; only its announcements to the updater are dropped.
 #include "update/PriceDataDownloader.h"
+#include "update/UpdateLocation.h"
 
 #include <QObject>
 #include <QString>
@@ -44,8 +45,13 @@ public:
     bool isValid() const;
     QString databasePath() const;
 
+    // Where updates come from; by default as the settings and the environment say.
+    UpdateLocation::Source source() const { return m_source; }
+    void setSource(UpdateLocation::Source source) { m_source = source; }
     QUrl baseUrl() const { return m_baseUrl; }
     void setBaseUrl(const QUrl &baseUrl) { m_baseUrl = baseUrl; }
+    QUrl serviceRoot() const { return m_serviceRoot; }
+    void setServiceRoot(const QUrl &root) { m_serviceRoot = root; }
     PriceDataDownloader::Limits downloadLimits() const { return m_limits; }
     void setDownloadLimits(const PriceDataDownloader::Limits &limits) { m_limits = limits; }
 
@@ -53,6 +59,8 @@ public:
     std::optional<QStringList> availableUpdates() const { return m_availableUpdates; }
     void setAvailableUpdates(const std::optional<QStringList> &updates);
     bool updateAvailable() const { return m_availableUpdates && !m_availableUpdates->isEmpty(); }
+    // The last month (MonthIndex) of the values the last check found, when the source says; else 0.
+    int availableThrough() const { return m_availableThrough; }
     bool checkingForUpdates() const { return m_checkingForUpdates; }
     bool updatingPriceData() const { return m_updatingPriceData; }
     QString statusText() const { return m_statusText; }
@@ -72,10 +80,11 @@ signals:
     void statusTextChanged(const QString &status);
     // While a file downloads the progress is indeterminate (an animated bar).
     void downloadingChanged(bool downloading);
-    // Determinate progress of the installation of one file.
+    // Determinate progress: of the installation of one file, or of the pages and then the months
+    // of a Fiscal Data update.
     void progressChanged(double value, double maximum);
     // The action started by checkForUpdates() or updatePriceData() has ended; state and status
-    // are final. succeeded: the catalogue was read, or every file was installed.
+    // are final. succeeded: the source was read, or everything was installed.
     void finished(bool succeeded);
 
 private:
@@ -85,9 +94,12 @@ private:
     template<typename Work> void startWorker(Work work);
 
     std::shared_ptr<UpdateConnection> m_connection;
+    UpdateLocation::Source m_source;
     QUrl m_baseUrl;
+    QUrl m_serviceRoot;
     PriceDataDownloader::Limits m_limits;
     std::optional<QStringList> m_availableUpdates;
+    int m_availableThrough = 0;
     bool m_checkingForUpdates = false;
     bool m_updatingPriceData = false;
     QString m_statusText;

@@ -20,12 +20,10 @@ using Response = LocalHttpServer::Response;
 namespace {
 
 const QString Checking = QStringLiteral("Checking for updates...");
-const QString Unavailable = QStringLiteral("Update information unavailable. Check internet connections and try again.");
 const QString Installing = QStringLiteral("Installing updated prices...");
 const QString Optimizing = QStringLiteral("Optimizing pricing data...");
 const QString AllInstalled = QStringLiteral("All updates installed");
 const QString SomeFailed = QStringLiteral("Some updates could not be performed");
-const QString Inconsistent = QStringLiteral("Data inconsistency; update canceled");
 const QString Catalogue = QStringLiteral("/updates/AvailableBondData.plist");
 
 // Three months of Series I values; the database starts with the first.
@@ -36,6 +34,11 @@ const QString March = QStringLiteral("i-2030-03.bin");
 std::optional<QStringList> offered(const QStringList &names)
 {
     return names;
+}
+
+QString unavailable(const char *why)
+{
+    return QStringLiteral("Update information unavailable. Check internet connections and try again.\n") + QLatin1String(why);
 }
 
 QString downloading(int file, int of)
@@ -72,6 +75,7 @@ protected:
     std::unique_ptr<PriceUpdater> makeUpdater()
     {
         auto updater = std::make_unique<PriceUpdater>(database);
+        updater->setSource(UpdateLocation::Source::Catalogue);
         updater->setBaseUrl(server.url(QStringLiteral("/updates/")));
         PriceDataDownloader::Limits limits;
         limits.idleTimeoutMs = 2000; // generous for a loaded machine; only the silent server waits it out
@@ -121,7 +125,7 @@ TEST_F(PriceUpdaterTest, NothingNewIsUpToDate)
     auto updater = makeUpdater();
     EXPECT_FALSE(updater->availableUpdates().has_value());
     check(*updater);
-    EXPECT_EQ(recorder.statuses, QStringList({Checking, QStringLiteral("Your software is up to date.")}));
+    EXPECT_EQ(recorder.statuses, QStringList({Checking, QStringLiteral("Your redemption values are up to date")}));
     EXPECT_EQ(updater->availableUpdates(), offered({}));
     EXPECT_FALSE(updater->updateAvailable());
     EXPECT_EQ(recorder.downloading, QList<bool>({true, false}));
@@ -169,19 +173,18 @@ TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
     EXPECT_TRUE(BondAssessor(database).isValidValueOfDate(BondAssessor::monthDate(2030, 3)));
 }
 
-TEST_F(PriceUpdaterTest, FileListedTwiceIsOfferedTwiceAndTheSecondRollsBack)
+TEST_F(PriceUpdaterTest, FileListedTwiceIsOfferedTwiceAndTheSecondIsRefused)
 {
     setCatalogue({January, February, February});
     auto updater = makeUpdater();
     check(*updater);
     EXPECT_EQ(updater->availableUpdates(), offered({February, February}));
     installAll(*updater);
-    EXPECT_EQ(recorder.statuses, QStringList({downloading(1, 2), Installing, downloading(2, 2), Installing, Inconsistent,
-                                              Optimizing, SomeFailed}));
+    EXPECT_EQ(recorder.statuses, QStringList({downloading(1, 2), Installing, downloading(2, 2), Optimizing,
+                                              SomeFailed + "\ni-2030-02.bin is already installed"}));
     EXPECT_EQ(installed(), QStringList({January, February}));
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where rmo = 2")), 25 * 12);
     EXPECT_FALSE(updater->availableUpdates().has_value());
-    EXPECT_EQ(recorder.progress.last(), qMakePair(0.0, 2.0));
 }
 
 TEST_F(PriceUpdaterTest, RefusesASecondActionWhileOneRuns)
@@ -192,7 +195,7 @@ TEST_F(PriceUpdaterTest, RefusesASecondActionWhileOneRuns)
     EXPECT_FALSE(updater->checkForUpdates());
     EXPECT_FALSE(updater->updatePriceData());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !updater->checkingForUpdates(); }, 60000));
-    EXPECT_EQ(updater->statusText(), Unavailable);
+    EXPECT_EQ(updater->statusText(), unavailable("the server fell silent for 2 seconds"));
 }
 
 TEST_F(PriceUpdaterTest, WorkerFinishesWhenTheUpdaterGoesAway)
@@ -236,7 +239,9 @@ TEST_P(CatalogueReplyTest, EndsInItsStatusAndKeepsTheList)
     server.setResponse(Catalogue, GetParam().response);
     recorder = {};
     check(*updater);
-    EXPECT_EQ(recorder.statuses, QStringList({Checking, GetParam().status}));
+    ASSERT_EQ(recorder.statuses.size(), 2);
+    EXPECT_EQ(recorder.statuses[0], Checking);
+    EXPECT_EQ(recorder.statuses[1], GetParam().status);
     EXPECT_EQ(updater->availableUpdates(), offered({February}));
     EXPECT_EQ(installed(), QStringList({January}));
 }
@@ -247,15 +252,17 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         ReplyCase{"Slow", Response{200, UpdateCatalogue::encode({January, February}), Behaviour::Trickle}, QStringLiteral("1 update(s) available")},
         ReplyCase{"Redirected", Response{301, "", Behaviour::Answer, "/moved/AvailableBondData.plist"}, QStringLiteral("1 update(s) available")},
-        ReplyCase{"Missing", Response{404, "no such file"}, Unavailable},
-        ReplyCase{"EmptyReply", Response{200, ""}, Unavailable},
-        ReplyCase{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, Unavailable},
-        ReplyCase{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, Unavailable},
-        ReplyCase{"ServerError", Response{500, UpdateCatalogue::encode({March})}, Unavailable},
-        ReplyCase{"TooLarge", Response{200, QByteArray(8192, ' ')}, Unavailable},
-        ReplyCase{"RedirectLoop", Response{302, "", Behaviour::Answer, Catalogue.toLatin1()}, Unavailable},
-        ReplyCase{"RedirectToFile", Response{302, "", Behaviour::Answer, "file:///etc/hostname"}, Unavailable},
-        ReplyCase{"NotAPropertyList", Response{200, "<html>Not here</html>"}, QStringLiteral("Download corrupt; unable to update")}),
+        ReplyCase{"Missing", Response{404, "no such file"}, unavailable("the server answered with status 404")},
+        ReplyCase{"EmptyReply", Response{200, ""}, unavailable("the catalogue is empty")},
+        ReplyCase{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, unavailable("Connection closed")},
+        ReplyCase{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, unavailable("the server fell silent for 2 seconds")},
+        ReplyCase{"ServerError", Response{500, UpdateCatalogue::encode({March})}, unavailable("the server answered with status 500")},
+        ReplyCase{"TooLarge", Response{200, QByteArray(8192, ' ')}, unavailable("the reply is larger than 4096 bytes")},
+        ReplyCase{"RedirectLoop", Response{302, "", Behaviour::Answer, Catalogue.toLatin1()}, unavailable("Too many redirects")},
+        ReplyCase{"RedirectToFile", Response{302, "", Behaviour::Answer, "file:///etc/hostname"},
+                  unavailable("Unknown protocol specified")},
+        ReplyCase{"NotAPropertyList", Response{200, "<html>Not here</html>"},
+                  QStringLiteral("Download corrupt; unable to update\nnot a property list")}),
     replyCaseName);
 
 // A file that fails in the middle of a run: the files before it stay installed, the run stops,
@@ -273,7 +280,8 @@ TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
 
     installAll(*updater);
     ASSERT_GE(recorder.statuses.size(), 3);
-    EXPECT_EQ(recorder.statuses.mid(recorder.statuses.size() - 3), QStringList({GetParam().status, Optimizing, SomeFailed}));
+    EXPECT_EQ(recorder.statuses.mid(recorder.statuses.size() - 3, 2), QStringList({downloading(2, 3), Optimizing}));
+    EXPECT_EQ(recorder.statuses.last(), SomeFailed + '\n' + GetParam().status);
     EXPECT_FALSE(recorder.statuses.contains(downloading(3, 3)));
     EXPECT_FALSE(updater->availableUpdates().has_value());
     EXPECT_FALSE(updater->updateAvailable());
@@ -287,17 +295,37 @@ TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
     EXPECT_EQ(updater->availableUpdates(), offered({broken, March}));
 }
 
-// The broken file is the second of the three offered.
+// The broken file is the second of the three offered; the status ends in why.
 INSTANTIATE_TEST_SUITE_P(
     Replies, FileFailureTest,
     ::testing::Values(
-        ReplyCase{"Missing", Response{404, "no such file"}, downloading(2, 3)},
-        ReplyCase{"EmptyReply", Response{200, ""}, downloading(2, 3)},
-        ReplyCase{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, downloading(2, 3)},
-        ReplyCase{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, downloading(2, 3)},
-        ReplyCase{"TooLarge", Response{200, priceFile('I', 2030, 4, 2000, 100)}, downloading(2, 3)},
-        ReplyCase{"CollidesWithInstalledRows", Response{200, priceFile('I', 2030, 1, 2000, 25)}, Inconsistent}),
+        ReplyCase{"Missing", Response{404, "no such file"}, "the server answered with status 404"},
+        ReplyCase{"EmptyReply", Response{200, ""}, "broken.bin is empty"},
+        ReplyCase{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, "Connection closed"},
+        ReplyCase{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, "the server fell silent for 2 seconds"},
+        ReplyCase{"TooLarge", Response{200, priceFile('I', 2030, 4, 2000, 100)}, "the reply is larger than 4096 bytes"},
+        ReplyCase{"ContradictsInstalledRows", Response{200, priceFile('I', 2030, 1, 2000, 25, 2600)},
+                  "broken.bin: series I, issue month 2000-01, redemption month 2030-01: $26.00 differs from the "
+                  "installed official value $25.00"}),
     replyCaseName);
+
+// A file that repeats installed official rows (the Series I values of a month the database has,
+// say) installs what is new and passes over the rest.
+TEST_F(PriceUpdaterTest, RepeatedOfficialRowsPassOver)
+{
+    const QString repeating = QStringLiteral("sb203002.bin");
+    QByteArray file = priceFile('I', 2030, 1, 2000, 25);
+    file += priceFile('N', 2030, 2, 2000, 5);
+    server.setBody(QStringLiteral("/updates/") + repeating, file);
+    setCatalogue({January, repeating});
+    auto updater = makeUpdater();
+    check(*updater);
+    installAll(*updater);
+    EXPECT_EQ(updater->statusText(), AllInstalled);
+    EXPECT_EQ(installed(), QStringList({January, repeating}));
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where series = 'N' and rmo = 2 and value > 0 and iyr < 2005")), 5 * 12);
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where series = 'I' and rmo = 1")), 25 * 12);
+}
 
 // canPerformUpdate follows the file's (and its folder's) write permission.
 TEST(PriceUpdaterPermissions, CanPerformUpdateOnlyOnAWritableDatabase)

@@ -1,0 +1,310 @@
+// Updates from the Fiscal Data service, against a stand-in on 127.0.0.1 that answers the
+// service's queries: what is asked for, how pages are followed, what lands in the database, and
+// that a failure anywhere installs nothing and says why.
+#include "../QtPrinters.h"
+#include "FiscalDataTestServer.h"
+#include "PriceUpdateTestData.h"
+#include "TestSupport.h"
+#include "update/OfficialSourceInstaller.h"
+#include "update/PriceUpdater.h"
+#include "update/fiscaldata/FiscalDataClient.h"
+#include "valuation/BondAssessor.h"
+#include "valuation/MonthIndex.h"
+
+#include <qtestsupport_core.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+using namespace PriceUpdateTestData;
+
+namespace {
+
+const QString UpToDate = QStringLiteral("Your redemption values are up to date");
+const QString SomeFailed = QStringLiteral("Some updates could not be performed");
+
+// Two issue years of one series and redemption month; values told apart by month and year.
+QList<PriceRecord> month(char series, int ryr, int rmo, qint32 base = 5000)
+{
+    QList<PriceRecord> records;
+    for (int iyr : {2000, 2001}) {
+        records << record(series, ryr, rmo, iyr);
+        for (int k = 0; k < 12; ++k)
+            records.last().value[k] = base + (iyr - 2000) * 100 + k + ryr % 100 * 10 + rmo;
+    }
+    return records;
+}
+
+QList<PriceRecord> months(char series, int ryr, QList<int> rmos, qint32 base = 5000)
+{
+    QList<PriceRecord> records;
+    for (int rmo : rmos)
+        records += month(series, ryr, rmo, base);
+    return records;
+}
+
+class FiscalDataUpdateTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        database = TestSupport::emptyDatabase();
+        // Installed: EE for 01 and 03/2024 (02 missing), I for 01 to 03/2024.
+        sqlite3 *db = nullptr;
+        ASSERT_EQ(sqlite3_open(database.toUtf8().constData(), &db), SQLITE_OK);
+        const auto outcome = OfficialSourceInstaller::install(db, {"sb202401.asc", months('N', 2024, {1, 3}) + months('I', 2024, {1, 2, 3})});
+        sqlite3_close(db);
+        ASSERT_TRUE(outcome.ok()) << outcome.error.toStdString();
+        // The service holds EE and I from 01 to 06/2024, the installed months with the same values.
+        service.addRecords(months('N', 2024, {1, 2, 3, 4, 5, 6}) + months('I', 2024, {1, 2, 3, 4, 5, 6}));
+    }
+
+    std::unique_ptr<PriceUpdater> makeUpdater()
+    {
+        auto updater = std::make_unique<PriceUpdater>(database);
+        updater->setSource(UpdateLocation::Source::FiscalData);
+        updater->setServiceRoot(service.root());
+        PriceDataDownloader::Limits limits;
+        limits.idleTimeoutMs = 5000;
+        updater->setDownloadLimits(limits);
+        QObject::connect(updater.get(), &PriceUpdater::statusTextChanged, &context, [this](const QString &s) { statuses << s; });
+        QObject::connect(updater.get(), &PriceUpdater::progressChanged, &context,
+                         [this](double value, double maximum) { progress << qMakePair(value, maximum); });
+        return updater;
+    }
+
+    bool run(PriceUpdater &updater, bool (PriceUpdater::*action)())
+    {
+        statuses.clear();
+        progress.clear();
+        bool succeeded = false;
+        bool done = false;
+        QObject::connect(&updater, &PriceUpdater::finished, &context, [&](bool ok) { succeeded = ok; done = true; });
+        EXPECT_TRUE((updater.*action)());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 60000));
+        return succeeded;
+    }
+
+    // What a user could tell apart: every value and every recorded source.
+    QString fingerprint() const
+    {
+        return queryText(database, "select count(*) || ':' || total(value * (ryr * 13 + rmo * 7 + iyr * 3 + imo)) from bond_value")
+            + QLatin1Char('|') + queryColumn(database, "select name from data_file order by name").join(QLatin1Char(','));
+    }
+    qint64 value(char series, int ryr, int rmo, int iyr, int imo) const
+    {
+        return queryInt(database, QStringLiteral("select value from bond_value where series = '%1' and ryr = %2 and rmo = %3 "
+                                                 "and iyr = %4 and imo = %5").arg(QLatin1Char(series)).arg(ryr).arg(rmo).arg(iyr).arg(imo));
+    }
+
+    QObject context;
+    FiscalDataTestServer service;
+    QString database;
+    QStringList statuses;
+    QList<QPair<double, double>> progress;
+};
+
+// The service caps pages at 3 records though 10,000 were asked for: every page is followed.
+TEST_F(FiscalDataUpdateTest, CheckThenInstallFollowsEveryPage)
+{
+    service.setFaults({.pageCap = 3});
+    auto updater = makeUpdater();
+    ASSERT_TRUE(run(*updater, &PriceUpdater::checkForUpdates));
+    EXPECT_EQ(statuses, QStringList({"Checking for updates...", "Values for 02/2024 to 06/2024 are available"}));
+    EXPECT_EQ(updater->availableUpdates(), std::optional<QStringList>(QStringList{"fiscaldata:2024-02..2024-06"}));
+
+    ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData));
+    EXPECT_EQ(statuses.last(), QStringLiteral("Installed values for 02/2024 to 06/2024"));
+    // Three requests: E and S (nothing), EE 02/2024 (2 records, 1 page), EE and I from 04/2024
+    // (12 records, 4 pages, known once the first has come).
+    EXPECT_TRUE(statuses.contains(QStringLiteral("Downloading page 2 of 3")));
+    EXPECT_TRUE(statuses.contains(QStringLiteral("Downloading page 6 of 6")));
+    EXPECT_EQ(progress.first(), qMakePair(1.0, 3.0));
+    EXPECT_TRUE(progress.contains(qMakePair(6.0, 6.0)));
+    EXPECT_EQ(progress.last(), qMakePair(4.0, 4.0)); // then the four months installed
+    EXPECT_EQ(queryColumn(database, "select name from data_file order by name"),
+              QStringList({"fiscaldata:2024-02..2024-06", "sb202401.asc"}));
+    for (const PriceRecord &r : months('N', 2024, {2, 6}) + months('I', 2024, {4, 6}))
+        for (int imo : {1, 12})
+            EXPECT_EQ(value(r.series, r.ryr, r.rmo, r.iyr, imo), r.value[imo - 1]) << r.series << r.rmo << r.iyr;
+    EXPECT_EQ(queryText(database, "select ryr || '-' || rmo from max_rdate"), QStringLiteral("2024-6"));
+    EXPECT_EQ(updater->availableUpdates(), std::optional<QStringList>(QStringList()));
+
+    // A second update finds nothing and changes nothing.
+    const QString before = fingerprint();
+    ASSERT_TRUE(run(*updater, &PriceUpdater::checkForUpdates));
+    EXPECT_EQ(statuses.last(), UpToDate);
+    ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData));
+    EXPECT_EQ(statuses.last(), UpToDate);
+    EXPECT_EQ(fingerprint(), before);
+}
+
+// "null" is a month without bonds; "NO PAY", "0" and "0.00" a bond not yet redeemable.
+TEST_F(FiscalDataUpdateTest, MarkersKeepTheirMeaning)
+{
+    QList<PriceRecord> july = month('I', 2024, 7);
+    july[1].value = {-1, -1, -1, -1, -1, -1, -2, -2, -2, -2, -2, -2};
+    service.addRecords(july);
+    auto updater = makeUpdater();
+    ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData)) << statuses.join('\n').toStdString();
+    for (int imo = 1; imo <= 12; ++imo)
+        EXPECT_EQ(value('I', 2024, 7, 2001, imo), imo <= 6 ? -1 : -2) << imo;
+    EXPECT_EQ(value('I', 2024, 7, 2000, 5), july[0].value[4]);
+}
+
+// Nothing new: an empty list or a 400 for a filter that matches nothing both mean up to date.
+class NothingNewTest : public FiscalDataUpdateTest, public ::testing::WithParamInterface<bool>
+{
+};
+
+TEST_P(NothingNewTest, IsUpToDate)
+{
+    FiscalDataTestServer bare;
+    bare.addRecords(months('N', 2024, {1, 3}));
+    bare.setFaults({.emptyIs400 = GetParam()});
+    auto updater = makeUpdater();
+    updater->setServiceRoot(bare.root());
+    const QString before = fingerprint();
+    ASSERT_TRUE(run(*updater, &PriceUpdater::checkForUpdates));
+    EXPECT_EQ(statuses.last(), UpToDate);
+    EXPECT_FALSE(updater->updateAvailable());
+    ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData));
+    EXPECT_EQ(statuses.last(), UpToDate);
+    EXPECT_EQ(fingerprint(), before);
+}
+INSTANTIATE_TEST_SUITE_P(EmptyOr400, NothingNewTest, ::testing::Bool());
+
+// Whatever goes wrong on whichever page, nothing is installed and the status says why.
+struct FailureCase
+{
+    const char *name;
+    FiscalDataTestServer::Faults faults;
+    QList<QJsonObject> extraRows;
+    const char *why;
+};
+
+class FailureTest : public FiscalDataUpdateTest, public ::testing::WithParamInterface<FailureCase>
+{
+};
+
+// An I record of 08/2024 with fields changed; an undefined value removes the field.
+QJsonObject rowWith(std::initializer_list<std::pair<const char *, QJsonValue>> changes)
+{
+    QJsonObject row = FiscalDataTestServer::row(month('I', 2024, 8).first(), 0);
+    for (const auto &[key, value] : changes) {
+        if (value.isUndefined())
+            row.remove(key);
+        else
+            row.insert(key, value);
+    }
+    return row;
+}
+
+// A first page holding only that row.
+QByteArray pageOf(const QJsonObject &row)
+{
+    const QJsonObject top{{"data", QJsonArray{row}}, {"meta", QJsonObject{{"total-pages", "1"}, {"total-count", "1"}}}};
+    return QJsonDocument(top).toJson();
+}
+
+TEST_P(FailureTest, InstallsNothingAndSaysWhy)
+{
+    service.setFaults(GetParam().faults);
+    for (const QJsonObject &row : GetParam().extraRows)
+        service.addRow(row);
+    auto updater = makeUpdater();
+    const QString before = fingerprint();
+    EXPECT_FALSE(run(*updater, &PriceUpdater::updatePriceData));
+    ASSERT_FALSE(statuses.isEmpty());
+    EXPECT_TRUE(statuses.last().startsWith(SomeFailed + '\n')) << statuses.last().toStdString();
+    EXPECT_TRUE(statuses.last().contains(QLatin1String(GetParam().why))) << statuses.last().toStdString();
+    EXPECT_EQ(fingerprint(), before);
+    EXPECT_FALSE(updater->availableUpdates().has_value());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Replies, FailureTest,
+    ::testing::Values(
+        FailureCase{"SecondPageFails", {.pageCap = 3, .failingPage = 2}, {}, "page 2: the server answered with status 500"},
+        FailureCase{"SecondPageNotJson", {.pageCap = 3, .failingPage = 2, .replacedBody = "<html>busy</html>"}, {}, "not JSON"},
+        FailureCase{"NoPageCount", {.failingPage = 1, .replacedBody = R"({"data": []})"}, {}, "page count"},
+        FailureCase{"ShortPage", {.pageCap = 3, .failingPage = 2, .replacedBody = R"({"data": [], "meta": {"total-pages": "5", "total-count": "12"}})"},
+                    {}, "changed while it was read"},
+        FailureCase{"MalformedAmount", {}, {rowWith({{"issue_mar_amt", "12,50"}})}, "issue_mar_amt \"12,50\" is not an amount"},
+        FailureCase{"NegativeAmount", {}, {rowWith({{"issue_mar_amt", "-3.00"}})}, "is not an amount"},
+        FailureCase{"ThreeDecimals", {}, {rowWith({{"issue_mar_amt", "3.125"}})}, "is not an amount"},
+        FailureCase{"MissingIssueYear", {}, {rowWith({{"issue_year", QJsonValue::Undefined}})}, "issue_year nothing is not a year"},
+        FailureCase{"MissingAmounts", {}, {rowWith({{"issue_jan_amt", QJsonValue::Undefined}})}, "issue_jan_amt nothing is not an amount"},
+        FailureCase{"MonthOutOfRange", {.failingPage = 1, .replacedBody = pageOf(rowWith({{"redemp_period", "2024-13"}, {"redemption_month", QJsonValue::Undefined}}))},
+                    {}, "redemption month 2024-13 is out of range"},
+        FailureCase{"YearBeyondNext", {.failingPage = 1, .replacedBody = pageOf(rowWith({{"redemp_period", "2090-01"}, {"redemption_year", "2090"}, {"redemption_month", "1"}}))},
+                    {}, "redemption month 2090-01 is out of range"},
+        FailureCase{"PeriodsDisagree", {}, {rowWith({{"redemption_month", "9"}})}, "disagrees with redemp_period"},
+        FailureCase{"UnknownSeries", {.failingPage = 1, .replacedBody = pageOf(rowWith({{"series_cd", "X"}}))}, {},
+                    "series_cd \"X\" is not E, N, I or S"},
+        FailureCase{"SameRecordTwiceDiffering", {}, {rowWith({{"issue_jan_amt", "1.00"}}), rowWith({{"issue_jan_amt", "2.00"}})},
+                    "twice with different values"}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+// Values that another program installed while the pages were read, and that the service
+// contradicts, refuse the whole update, naming the series, issue month and redemption month.
+TEST_F(FiscalDataUpdateTest, ContradictionRefusesTheWholeUpdate)
+{
+    QString before;
+    service.setFaults({.beforeFirstPage = [this, &before] {
+        QList<PriceRecord> april = month('I', 2024, 4);
+        april[0].value[4] += 1;
+        sqlite3 *db = nullptr;
+        sqlite3_open(database.toUtf8().constData(), &db);
+        OfficialSourceInstaller::install(db, {"sb202404.asc", april});
+        sqlite3_close(db);
+        before = fingerprint();
+    }});
+    auto updater = makeUpdater();
+    EXPECT_FALSE(run(*updater, &PriceUpdater::updatePriceData));
+    EXPECT_EQ(fingerprint(), before);
+    EXPECT_TRUE(statuses.last().endsWith("series I, issue month 2000-05, redemption month 2024-04: $52.48 differs from "
+                                         "the installed official value $52.49")) << statuses.last().toStdString();
+}
+
+// More pages or bytes than a sane reply needs are refused before anything is installed.
+TEST_F(FiscalDataUpdateTest, RefusesRunawayReplies)
+{
+    service.setFaults({.pageCap = 1});
+    const QList<FiscalDataRequest> requests{{"NI", MonthIndex::of(2024, 4), 0}};
+    FiscalDataClient::Limits pages;
+    pages.maximumPages = 11;
+    FiscalDataClient client(service.root(), pages);
+    EXPECT_FALSE(client.fetch(requests).has_value());
+    EXPECT_EQ(client.lastError(), QStringLiteral("Fiscal Data (series NI, 2024-04 to the latest): the reply runs to 12 pages, more than 11"));
+    pages.maximumPages = 13;
+    FiscalDataClient enough(service.root(), pages);
+    ASSERT_TRUE(enough.fetch(requests).has_value());
+    EXPECT_EQ(enough.fetch(requests)->size(), 12);
+
+    FiscalDataClient::Limits bytes;
+    bytes.maximumBytes = 4 * 1024;
+    FiscalDataClient small(service.root(), bytes);
+    EXPECT_FALSE(small.fetch(requests).has_value());
+    EXPECT_TRUE(small.lastError().contains("larger than")) << small.lastError().toStdString();
+}
+
+// What is asked for: each series' months after its last official one and inside its range, with
+// series that lack the same months asked together; derived values do not count.
+TEST(FiscalDataPlan, AsksForWhatEachSeriesLacks)
+{
+    const int may92 = MonthIndex::of(1992, 5), aug01 = MonthIndex::of(2001, 8), mar02 = MonthIndex::of(2002, 3);
+    const int nov21 = MonthIndex::of(2021, 11), nov26 = MonthIndex::of(2026, 11);
+    QHash<char, QList<int>> official;
+    for (int m = may92; m <= nov21; ++m) {
+        if (m > aug01 && m < mar02)
+            continue;
+        official['E'] << m;
+        official['N'] << m;
+    }
+    for (int m = MonthIndex::of(1999, 3); m <= nov26; ++m)
+        official['I'] << m;
+    const QList<FiscalDataRequest> plan = FiscalDataQuery::plan(official);
+    EXPECT_EQ(plan, (QList<FiscalDataRequest>{{"S", 0, 0}, {"EN", aug01 + 1, mar02 - 1}, {"EN", nov21 + 1, 0}, {"I", nov26 + 1, 0}}));
+}
+
+} // namespace

@@ -1,0 +1,185 @@
+#pragma once
+// A stand-in for the Treasury's Fiscal Data service on 127.0.0.1: the savings bond value data set
+// with the query subset the updater uses (filter with eq, lt, lte, gt, gte and in; sort; page size
+// and number; JSON replies), and scripted faults: a cap on the page size, a failing page, a reply
+// replaced on one page, and 400 for a filter that matches nothing.
+#include "LocalHttpServer.h"
+#include "update/PriceDataFile.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUrlQuery>
+#include <algorithm>
+
+class FiscalDataTestServer
+{
+public:
+    static constexpr const char *Root = "/services/api/fiscal_service";
+    static constexpr const char *DataSet = "/services/api/fiscal_service/v2/accounting/od/sb_value";
+
+    struct Faults
+    {
+        int pageCap = 0;            // the largest page the service sends (0: as asked)
+        bool emptyIs400 = false;    // a filter that matches nothing answers 400
+        int failingPage = 0;        // this page number of a full read answers failingStatus
+        int failingStatus = 500;
+        QByteArray replacedBody;    // sent instead of the failing page, with status 200, when set
+        std::function<void()> beforeFirstPage; // runs once, before the first full page is answered
+    };
+
+    FiscalDataTestServer()
+    {
+        m_server.setHandler([this](const QString &pathAndQuery) { return answer(pathAndQuery); });
+    }
+
+    QUrl root() const { return m_server.url(QString::fromLatin1(Root)); }
+    LocalHttpServer &http() { return m_server; }
+    void setFaults(const Faults &faults)
+    {
+        QMutexLocker locker(&m_mutex);
+        m_faults = faults;
+    }
+    // Each value: cents of a $25 bond, -1 not redeemable (written as each of the service's forms
+    // in turn), -2 not issued ("null").
+    void addRecords(const QList<PriceRecord> &records)
+    {
+        QMutexLocker locker(&m_mutex);
+        for (const PriceRecord &r : records)
+            m_rows.append(row(r, m_rows.size()));
+    }
+    void clear()
+    {
+        QMutexLocker locker(&m_mutex);
+        m_rows.clear();
+    }
+    void addRow(const QJsonObject &raw)
+    {
+        QMutexLocker locker(&m_mutex);
+        m_rows.append(raw);
+    }
+    static QJsonObject row(const PriceRecord &r, int line)
+    {
+        static const char *const months[12] = {"jan", "feb", "mar", "apr", "may", "jun",
+                                               "jul", "aug", "sep", "oct", "nov", "dec"};
+        static const char *const notRedeemable[3] = {"NO PAY", "0", "0.00"};
+        QJsonObject o;
+        o.insert("series_cd", QString(QLatin1Char(r.series)));
+        o.insert("redemp_period", QStringLiteral("%1-%2").arg(r.ryr).arg(r.rmo, 2, 10, QLatin1Char('0')));
+        o.insert("redemption_year", QString::number(r.ryr));
+        o.insert("redemption_month", QString::number(r.rmo));
+        o.insert("issue_year", QString::number(r.iyr));
+        for (int k = 0; k < 12; ++k) {
+            const qint32 v = r.value[k];
+            const QString text = v == -2 ? QStringLiteral("null")
+                : v == -1               ? QString::fromLatin1(notRedeemable[(line + k) % 3])
+                                        : QStringLiteral("%1.%2").arg(v / 100).arg(v % 100, 2, 10, QLatin1Char('0'));
+            o.insert(QStringLiteral("issue_%1_amt").arg(QLatin1String(months[k])), text);
+        }
+        o.insert("src_line_nbr", QString::number(line + 1));
+        return o;
+    }
+
+private:
+    struct Filter
+    {
+        QString field, op;
+        QStringList values;
+        bool matches(const QJsonObject &row) const
+        {
+            const QString have = row.value(field).toString();
+            if (op == QLatin1String("in"))
+                return values.contains(have);
+            const QString want = values.value(0);
+            const int order = QString::compare(have, want);
+            return op == QLatin1String("eq") ? order == 0 : op == QLatin1String("lt") ? order < 0
+                 : op == QLatin1String("lte") ? order <= 0 : op == QLatin1String("gt") ? order > 0
+                 : op == QLatin1String("gte") ? order >= 0 : false;
+        }
+    };
+
+    static QList<Filter> filters(const QString &text)
+    {
+        QList<Filter> result;
+        QString part;
+        int depth = 0;
+        auto flush = [&] {
+            const QStringList bits = part.split(QLatin1Char(':'));
+            if (bits.size() >= 3) {
+                QString value = bits.mid(2).join(QLatin1Char(':'));
+                if (value.startsWith(QLatin1Char('(')) && value.endsWith(QLatin1Char(')')))
+                    value = value.mid(1).chopped(1);
+                result.append({bits[0], bits[1], value.split(QLatin1Char(','))});
+            }
+            part.clear();
+        };
+        for (const QChar c : text) {
+            depth += c == QLatin1Char('(') ? 1 : c == QLatin1Char(')') ? -1 : 0;
+            if (c == QLatin1Char(',') && depth == 0)
+                flush();
+            else
+                part += c;
+        }
+        flush();
+        return result;
+    }
+
+    std::optional<LocalHttpServer::Response> answer(const QString &pathAndQuery)
+    {
+        const QUrl url(pathAndQuery);
+        if (url.path() != QLatin1String(DataSet))
+            return std::nullopt;
+        QMutexLocker locker(&m_mutex);
+        const QUrlQuery query(url);
+        const QList<Filter> wanted = filters(query.queryItemValue("filter", QUrl::FullyDecoded));
+        QList<QJsonObject> rows;
+        for (const QJsonObject &r : m_rows) {
+            if (std::all_of(wanted.begin(), wanted.end(), [&](const Filter &f) { return f.matches(r); }))
+                rows.append(r);
+        }
+        const QStringList sortKeys = query.queryItemValue("sort", QUrl::FullyDecoded).split(',', Qt::SkipEmptyParts);
+        std::stable_sort(rows.begin(), rows.end(), [&](const QJsonObject &a, const QJsonObject &b) {
+            for (QString key : sortKeys) {
+                const bool descending = key.startsWith(QLatin1Char('-'));
+                if (descending)
+                    key.remove(0, 1);
+                const int order = QString::compare(a.value(key).toString(), b.value(key).toString());
+                if (order != 0)
+                    return descending ? order > 0 : order < 0;
+            }
+            return false;
+        });
+        if (rows.isEmpty() && m_faults.emptyIs400)
+            return LocalHttpServer::Response{400, R"({"error":"Invalid Query Param","message":"no data"})"};
+
+        int size = query.queryItemValue("page[size]", QUrl::FullyDecoded).toInt();
+        size = size > 0 ? size : 100;
+        if (m_faults.pageCap > 0)
+            size = std::min(size, m_faults.pageCap);
+        const int number = std::max(1, query.queryItemValue("page[number]", QUrl::FullyDecoded).toInt());
+        if (size > 1 && m_faults.beforeFirstPage) {
+            m_faults.beforeFirstPage();
+            m_faults.beforeFirstPage = {};
+        }
+        if (size > 1 && number == m_faults.failingPage) {
+            if (!m_faults.replacedBody.isEmpty())
+                return LocalHttpServer::Response{200, m_faults.replacedBody};
+            return LocalHttpServer::Response{m_faults.failingStatus, "failure"};
+        }
+        const int pages = int((rows.size() + size - 1) / size);
+        const QList<QJsonObject> slice = rows.mid(qsizetype(number - 1) * size, size);
+
+        QJsonArray data;
+        for (const QJsonObject &r : slice)
+            data.append(r);
+        QJsonObject meta{{"count", int(slice.size())}, {"total-count", int(rows.size())}, {"total-pages", pages}};
+        QJsonObject links{{"self", QStringLiteral("&page%5Bnumber%5D=%1").arg(number)}};
+        const QJsonObject top{{"data", data}, {"meta", meta}, {"links", links}};
+        return LocalHttpServer::Response{200, QJsonDocument(top).toJson(QJsonDocument::Compact)};
+    }
+
+    LocalHttpServer m_server;
+    mutable QMutex m_mutex;
+    Faults m_faults;
+    QList<QJsonObject> m_rows;
+};
