@@ -86,8 +86,6 @@ const ValueCase neverSold[] = {
      "Note:            Series I bonds were first issued in 09/1998; no values exist for this issue month\n"},
     {{"EE", "50", "1979-12", "2021-11"}, "$25.00", "no pricing data", "$0.00", "Series EE bonds were first issued in 01/1980;"},
     {{"E", "50", "1980-07", "2021-11"}, "$37.50", "no pricing data", "$0.00", "Series E bonds were last issued in 06/1980;"},
-    {{"E", "50", "1941-04", "2021-11"}, "$37.50", "no pricing data", "$0.00", "Series E bonds were first issued in 05/1941;"},
-    {{"SN", "50", "1970-11", "2021-11"}, "$40.50", "no pricing data", "$0.00", "Savings Notes were last issued in 10/1970;"},
     {{"SN", "50", "1967-04", "2021-11"}, "$40.50", "no pricing data", "$0.00", "Savings Notes were first issued in 05/1967;"}};
 INSTANTIATE_TEST_SUITE_P(NeverSold, CliValueOf, testing::ValuesIn(neverSold));
 
