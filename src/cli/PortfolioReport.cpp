@@ -1,5 +1,7 @@
 #include "PortfolioReport.h"
 
+#include "HoldingNotes.h"
+
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
 #include "model/Money.h"
@@ -57,6 +59,7 @@ QString text(const BondPortfolio &portfolio)
                  "Registration"});
     const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     QSet<QString> remarks;
+    QStringList missing; // why bonds lack pricing data, each reason once
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
         QString series = h.series()->label();
@@ -67,6 +70,8 @@ QString text(const BondPortfolio &portfolio)
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         remarks.insert(why);
+        if (const QString note = HoldingNotes::noPricingData(h); !note.isEmpty() && !missing.contains(note))
+            missing << note;
         out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
                      formatDollars(h.issuePrice()), formatDollars(h.interestEarned()), formatDollars(h.value()),
                      percentText(h.currentYield()), percentText(h.compoundAnnualGrowthRate()), registration.trimmed()});
@@ -74,11 +79,13 @@ QString text(const BondPortfolio &portfolio)
     out += line({"Total", QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
                  formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
                  QString(), QString(), QString()});
+    if (const QString left = HoldingNotes::notInTotals(totals.withoutPricingData); !left.isEmpty())
+        out += QStringLiteral("(%1)\n").arg(left);
     out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
     if (remarks.contains(QStringLiteral("computed")))
         out += QStringLiteral("([computed] %1)\n").arg(Holding::derivedValueNote());
-    if (remarks.contains(QStringLiteral("no pricing data")))
-        out += QStringLiteral("([no pricing data] %1)\n").arg(Holding::noPricingDataAdvice());
+    for (const QString &note : std::as_const(missing))
+        out += QStringLiteral("([no pricing data] %1)\n").arg(note);
 
     out += QStringLiteral("\nInterest earned by tax year (%1):\n").arg(summaryTitle(portfolio));
     const QList<InterestSummaryRow> summary = portfolio.interestSummary();
@@ -134,7 +141,7 @@ QByteArray json(const BondPortfolio &portfolio)
         {"holdings", holdings},
         {"totals", QJsonObject{{"quantity", totals.quantity}, {"faceValue", totals.faceValue},
                                {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interestEarned},
-                               {"value", totals.value}}},
+                               {"value", totals.value}, {"withoutPricingData", totals.withoutPricingData}}},
         {"summaryMode", summaryTitle(portfolio)},
         {"interestSummary", summary},
     };

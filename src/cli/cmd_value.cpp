@@ -1,6 +1,7 @@
 // quillmere-cli value: the value of one bond in one month, its issue price and the interest earned.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
+#include "HoldingNotes.h"
 #include "model/Holding.h"
 #include "model/Money.h"
 #include "model/PeopleStore.h"
@@ -99,8 +100,8 @@ int run(const QStringList &arguments)
              << "Interest earned: " << formatDollars(bond->interestEarned()) << '\n';
     if (bond->isValueDerived())
         cliOut() << "Computed:        " << Holding::derivedValueNote() << '\n';
-    else if (!bond->isValidIssue())
-        cliOut() << "Note:            " << Holding::noPricingDataAdvice() << '\n';
+    else if (const QString note = HoldingNotes::noPricingData(*bond); !note.isEmpty())
+        cliOut() << "Note:            " << note << '\n';
     return 0;
 }
 

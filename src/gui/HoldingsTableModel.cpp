@@ -1,6 +1,7 @@
 #include "HoldingsTableModel.h"
 
 #include "HoldingColumns.h"
+#include "HoldingExplanations.h"
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
 
@@ -81,7 +82,7 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
         return {};
     case Qt::ToolTipRole:
         if (column == Value || column == InterestEarned)
-            return HoldingPresentation::remarkExplanation(holding);
+            return HoldingExplanations::valueTip(holding);
         return {};
     case Qt::FontRole:
         // Values the program computed rather than the Treasury published are set in italics.

@@ -162,6 +162,8 @@ QWidget *PortfolioWindow::createBondTable()
     m_totals->setObjectName(QStringLiteral("totals"));
     m_totals->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_totals->setContentsMargins(4, 2, 4, 2);
+    // Wraps rather than holding the window wider than a small screen, where the sums would be cut off.
+    m_totals->setWordWrap(true);
     layout->addWidget(m_bondTable, 1);
     layout->addWidget(m_totals);
     return panel;

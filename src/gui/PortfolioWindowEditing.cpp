@@ -3,6 +3,7 @@
 #include "Alerts.h"
 #include "BondClipboard.h"
 #include "BondTableView.h"
+#include "HoldingExplanations.h"
 #include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
 #include "PeoplePickerDialog.h"
@@ -182,10 +183,14 @@ void PortfolioWindow::updateTotals()
     m_totalsPending = false;
     const QList<HoldingRef> shown = m_portfolio->shownHoldings();
     const HoldingTotals totals = HoldingTotals::of(*m_portfolio, shown);
-    m_totals->setText(tr("Total of %n bond(s) shown: face value %1 · issue price %2 · interest %3 · value %4", nullptr,
-                         int(totals.quantity))
-                          .arg(formatDollars(totals.faceValue), formatDollars(totals.issuePrice),
-                               formatDollars(totals.interestEarned), formatDollars(totals.value)));
+    QString text = tr("Total of %n bond(s) shown: face value %1 · issue price %2 · interest %3 · value %4", nullptr,
+                      int(totals.quantity))
+                       .arg(formatDollars(totals.faceValue), formatDollars(totals.issuePrice),
+                            formatDollars(totals.interestEarned), formatDollars(totals.value));
+    // On a line of its own, so that a narrow window need not clip the sums to fit it.
+    if (const QString left = HoldingExplanations::notInTotals(totals.withoutPricingData); !left.isEmpty())
+        text += u'\n' + left;
+    m_totals->setText(text);
 }
 
 QString PortfolioWindow::totalsText() const

@@ -1,5 +1,6 @@
 // value, show and database as the user runs them: official figures to the cent, computed figures
-// told from published ones, bonds without a value pointed to the Treasury's newer files.
+// told from published ones, bonds without a value pointed to "update" unless their issue month was
+// never sold.
 #include "../core/QtPrinters.h"
 #include "TestSupport.h"
 
@@ -35,7 +36,7 @@ struct ValueCase
 {
     QStringList bond; // series, face, issue month, valuation month, and any further option
     const char *issuePrice, *value, *interest;
-    const char *remark; // "Computed", "install-treasury-file", or "" for neither
+    const char *note; // what the "Computed:" or "Note:" line says, "" for no such line
 };
 
 void PrintTo(const ValueCase &c, std::ostream *out) { *out << c.bond.join(u' ').toStdString(); }
@@ -52,19 +53,20 @@ TEST_P(CliValueOf, IsPrintedWithItsProvenance)
     EXPECT_TRUE(out.contains(QStringLiteral("Issue price:     %1\nValue:           %2\nInterest earned: %3\n")
                                  .arg(QLatin1String(c.issuePrice), QLatin1String(c.value), QLatin1String(c.interest)).toUtf8()))
         << out.toStdString();
-    for (const char *remark : {"Computed:        computed by this program", "install-treasury-file"})
-        EXPECT_EQ(out.contains(remark), *c.remark && QByteArray(remark).startsWith(c.remark)) << remark << '\n' << out.toStdString();
+    const bool noted = out.contains("\nComputed:        ") || out.contains("\nNote:            ");
+    EXPECT_EQ(noted, *c.note != 0) << out.toStdString();
+    EXPECT_TRUE(out.contains(c.note)) << c.note << '\n' << out.toStdString();
 }
 
 // Every spelling of each series, per $25 in November 2026, matured values carried forward.
 const ValueCase seriesNames[] = {
-    {{"E", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed"},
-    {{"e", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed"},
-    {{"SN", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed"},
-    {{"Savings Note", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed"},
-    {{"S", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed"},
-    {{"N", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed"},
-    {{"EE", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed"},
+    {{"E", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed:        computed by this program"},
+    {{"e", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed:        computed by this program"},
+    {{"SN", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed:        computed by this program"},
+    {{"Savings Note", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed:        computed by this program"},
+    {{"S", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed:        computed by this program"},
+    {{"N", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed:        computed by this program"},
+    {{"EE", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed:        computed by this program"},
     {{"I", "25", "2010-01", "2026-11"}, "$25.00", "$40.83", "$15.83", ""},
     {{"I", "25", "2026-06", "2026-11"}, "$25.00", "not yet redeemable", "$0.00", ""}};
 INSTANTIATE_TEST_SUITE_P(SeriesNames, CliValueOf, testing::ValuesIn(seriesNames));
@@ -73,10 +75,19 @@ const ValueCase provenance[] = {
     {{"EE", "100", "1990-01", "2021-11"}, "$50.00", "$207.36", "$157.36", ""}, // published
     {{"EE", "100", "1990-01", "2021-11", "--electronic"}, "$100.00", "$414.72", "$314.72", ""},
     {{"EE", "100", "2005-05", "2021-11"}, "$50.00", "$88.56", "$38.56", ""},
-    {{"EE", "100", "2005-05", "2026-11"}, "$50.00", "$105.36", "$55.36", "Computed"}, // from its fixed rate
-    {{"E", "100", "1980-06", "2026-11"}, "$75.00", "$447.00", "$372.00", "Computed"}, // matured, carried forward
-    {{"EE", "100", "1995-05", "2026-11"}, "$50.00", "no pricing data", "$0.00", "install-treasury-file"}};
+    {{"EE", "100", "2005-05", "2026-11"}, "$50.00", "$105.36", "$55.36", "Computed:        computed by this program"}, // from its fixed rate
+    {{"E", "100", "1980-06", "2026-11"}, "$75.00", "$447.00", "$372.00", "Computed:        computed by this program"}, // matured, carried forward
+    {{"EE", "100", "1995-05", "2026-11"}, "$50.00", "no pricing data", "$0.00", "Note:            the database has no "
+                                                                                "value for this bond in that month; \"quillmere-cli update\" installs"}};
 INSTANTIATE_TEST_SUITE_P(Provenance, CliValueOf, testing::ValuesIn(provenance));
+// Issue months in which a series was never sold: no update will bring a value.
+const ValueCase neverSold[] = {
+    {{"I", "50", "1998-08", "2021-11"}, "$50.00", "no pricing data", "$0.00",
+     "Note:            Series I bonds were first issued in 09/1998; no values exist for this issue month\n"},
+    {{"EE", "50", "1979-12", "2021-11"}, "$25.00", "no pricing data", "$0.00", "Series EE bonds were first issued in 01/1980;"},
+    {{"E", "50", "1980-07", "2021-11"}, "$37.50", "no pricing data", "$0.00", "Series E bonds were last issued in 06/1980;"},
+    {{"SN", "50", "1967-04", "2021-11"}, "$40.50", "no pricing data", "$0.00", "Savings Notes were first issued in 05/1967;"}};
+INSTANTIATE_TEST_SUITE_P(NeverSold, CliValueOf, testing::ValuesIn(neverSold));
 
 TEST(CliValue, RefusesBadArgumentsWithAMessage)
 {
@@ -138,6 +149,55 @@ TEST(CliShow, SampleShowsItsPeopleFiguresAndSummary)
     for (const char *text : {"Margaret Whitfield OR Thomas Whitfield", "Thomas Whitfield POD Eleanor Whitfield", "$414.72", "[no pricing data]"})
         EXPECT_TRUE(result.standardOutput.contains(text)) << text << '\n' << result.standardOutput.toStdString();
 }
+
+// The sample's 1997 I bond was never sold and its 2026 I bond is valued before its issue; EE bonds
+// of May 1995 are appended (one bond per line) where the database has no value for them.
+struct GapCase
+{
+    const char *asOf;
+    int ee1995Bonds;
+    qint64 left;
+    QList<const char *> shown, absent;
+};
+
+void PrintTo(const GapCase &c, std::ostream *out) { *out << c.asOf << " +" << c.ee1995Bonds; }
+
+class CliShowGaps : public testing::TestWithParam<GapCase> {};
+
+TEST_P(CliShowGaps, TextAndJsonCountTheBondsLeftOutOfTheTotals)
+{
+    const GapCase &c = GetParam();
+    const QString dir = TestSupport::temporaryDirectory(), portfolio = dir + QStringLiteral("/gaps.bondportfolio");
+    ASSERT_TRUE(QFile::copy(sample(), portfolio));
+    const QStringList environment = withDatabase(shipped().constFirst().section(u'=', 1))
+        + QStringList{QStringLiteral("QUILLMERE_PEOPLE=") + dir + QStringLiteral("/people.vcf")};
+    ASSERT_TRUE(QFile::copy(TestSupport::sourcePath(QStringLiteral("examples/people.vcf")), dir + QStringLiteral("/people.vcf")));
+    if (c.ee1995Bonds) {
+        QByteArray csv = "Series,Denomination,Serial Number,Issue Date\r\n";
+        for (int i = 0; i < c.ee1995Bonds; ++i)
+            csv += "EE,100,Q" + QByteArray::number(i) + ",05/1995\r\n";
+        const QString file = TestSupport::writeFile(dir + QStringLiteral("/ee.csv"), csv);
+        ASSERT_EQ(TestSupport::runCli({"import-csv", portfolio, file, "--format", "wizard"}, environment).exitCode, 0);
+    }
+    const auto text = TestSupport::runCli({"show", portfolio, "--as-of", c.asOf}, environment);
+    ASSERT_EQ(text.exitCode, 0) << text.standardError.toStdString();
+    for (const char *line : c.shown)
+        EXPECT_TRUE(text.standardOutput.contains(line)) << line << '\n' << text.standardOutput.toStdString();
+    for (const char *line : c.absent)
+        EXPECT_FALSE(text.standardOutput.contains(line)) << line << '\n' << text.standardOutput.toStdString();
+    const auto json = TestSupport::runCli({"show", portfolio, "--as-of", c.asOf, "--json"}, environment);
+    const QJsonObject totals = QJsonDocument::fromJson(json.standardOutput).object().value("totals").toObject();
+    EXPECT_EQ(totals.value("withoutPricingData").toInteger(-1), c.left);
+    EXPECT_EQ(totals.value("quantity").toInteger(), 13 + c.ee1995Bonds) << "the existing fields stay";
+}
+
+const char *const NeverSoldNote = "\n([no pricing data] Series I bonds were first issued in 09/1998; no values exist for this issue month)\n";
+const char *const UpdateNote = "\n([no pricing data] the database has no value for this bond in that month; \"quillmere-cli update\"";
+const char *const NotIssuedNote = "\n([no pricing data] this bond was issued in 03/2026, after the valuation month; it has no value before then)\n";
+INSTANTIATE_TEST_SUITE_P(Sample, CliShowGaps, testing::Values(
+    GapCase{"2026-11", 0, 1, {"\n(1 bond without pricing data is not in these totals)\n", NeverSoldNote}, {UpdateNote, NotIssuedNote, "bonds without"}},
+    GapCase{"2021-11", 0, 2, {"\n(2 bonds without pricing data are not in these totals)\n", NeverSoldNote, NotIssuedNote}, {UpdateNote}},
+    GapCase{"2026-11", 3, 4, {"\n(4 bonds without pricing data are not in these totals)\n", NeverSoldNote, UpdateNote}, {NotIssuedNote}}));
 
 TEST(CliShow, JsonHasTheOfficialValuesInPennies)
 {

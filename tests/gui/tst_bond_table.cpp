@@ -1,11 +1,12 @@
 // The bond table and its values as the user meets them: the column settings and identifiers,
 // walking the editable cells, refused issue and valuation months, how computed and missing values
-// show, the valuation picker's range, and the ovals of the people table's counts.
+// explain themselves, the valuation picker's range, and the ovals of the people table's counts.
 #include "GuiTestMain.h"
 #include "BondTableColumns.h"
 #include "BondTableView.h"
 #include "ColorCircleDelegate.h"
 #include "HoldingColumns.h"
+#include "HoldingsTableModel.h"
 #include "ValuationMonthPicker.h"
 #include "model/UserDefaults.h"
 #include "update/RedemptionDateRangeNotifier.h"
@@ -69,19 +70,50 @@ private slots:
         QVERIFY(!window->isWindowModified());
     }
 
-    // The sample's 2005 EE bond is valued from its fixed rate past the Treasury's files; its 1997
-    // I bond (never issued) has no value at all. Both say so.
-    void computedAndMissingValuesSayWhy()
+    // How a value cell explains itself: the sample's 2005 EE bond is valued from its fixed rate past
+    // the Treasury's files; an issue month the series was never sold in has no value and never
+    // will, nor one valued before its issue; a bond the database has no value for yet points to the
+    // updater.
+    void valuesSayWhy_data()
     {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QDate>("issued"); // null: as the sample has it
+        QTest::addColumn<QDate>("valuedAsOf");
+        QTest::addColumn<QString>("tip");
+        const QDate latest(2026, 11, 1);
+        const QString neverSold = QStringLiteral("no pricing data: %1; no values exist for this issue month.");
+        QTest::newRow("computed") << 1 << QDate() << latest
+                                  << QStringLiteral("computed: computed by this program, not published by the Treasury");
+        QTest::newRow("I before 09/1998") << 6 << QDate() << latest << neverSold.arg("Series I bonds were first issued in 09/1998");
+        QTest::newRow("EE before 01/1980") << 0 << QDate(1979, 12, 1) << latest
+                                           << neverSold.arg("Series EE bonds were first issued in 01/1980");
+        QTest::newRow("E after 06/1980") << 2 << QDate(1980, 7, 1) << latest
+                                         << neverSold.arg("Series E bonds were last issued in 06/1980");
+        QTest::newRow("Savings Note after 10/1970") << 5 << QDate(1970, 11, 1) << latest
+                                                    << neverSold.arg("Savings Notes were last issued in 10/1970");
+        QTest::newRow("valued before its issue") << 7 << QDate() << QDate(2021, 11, 1)
+                                                 << QStringLiteral("no pricing data: this bond was issued in 03/2026, after the "
+                                                                   "valuation month; it has no value before then.");
+        QTest::newRow("not priced yet") << 0 << QDate(1995, 5, 1) << latest
+                                        << QStringLiteral("no pricing data: the database has no value for this bond in that "
+                                                          "month. Tools ▸ Update Redemption Values… installs newer values");
+        QTest::newRow("not yet redeemable") << 7 << QDate() << latest << QStringLiteral("not yet redeemable");
+    }
+    void valuesSayWhy()
+    {
+        QFETCH(int, row);
+        QFETCH(QDate, issued);
+        QFETCH(QDate, valuedAsOf);
+        QFETCH(QString, tip);
         PortfolioWindow *window = GuiTest::openSample();
         const QAbstractItemModel *model = window->bondTable()->model();
-        const QModelIndex computed = model->index(1, HoldingColumns::Value);
-        const QModelIndex missing = model->index(6, HoldingColumns::Value);
-        QCOMPARE(model->index(1, HoldingColumns::IssueDate).data().toString(), QStringLiteral("05/2005"));
-        QVERIFY(computed.data(Qt::FontRole).value<QFont>().italic());
-        QVERIFY(computed.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("computed: ")));
-        QVERIFY(!missing.data(Qt::FontRole).value<QFont>().italic());
-        QVERIFY(missing.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("no pricing data: ")));
+        if (issued.isValid())
+            model->index(row, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>()->setIssueDate(
+                QDateTime(issued, QTime(12, 0), Qt::UTC));
+        window->valuationPicker()->setDate(valuedAsOf);
+        const QModelIndex value = model->index(row, HoldingColumns::Value);
+        QVERIFY2(value.data(Qt::ToolTipRole).toString().startsWith(tip), qPrintable(value.data(Qt::ToolTipRole).toString()));
+        QCOMPARE(value.data(Qt::FontRole).value<QFont>().italic(), tip.startsWith(QLatin1String("computed")));
     }
 
     void aValuationMonthWithoutValuesIsRefused()

@@ -4,6 +4,7 @@
 #include "BondTableView.h"
 #include "HoldingColumns.h"
 #include "HoldingsTableModel.h"
+#include "ValuationMonthPicker.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -75,6 +76,41 @@ private slots:
         // The summary and the totals line cover exactly the rows shown.
         QCOMPARE(window->portfolio()->shownHoldings().size(), rowsShown);
         QTRY_COMPARE(window->totalsText() == allTotals, people.isEmpty());
+    }
+
+    // The totals line says how many bonds shown it leaves out for lack of pricing data: the
+    // sample's 1997 I bond (never sold) always, its 2026 I bond before it was issued.
+    void totalsLineCountsBondsWithoutPricingData_data()
+    {
+        QTest::addColumn<QStringList>("people");
+        QTest::addColumn<int>("quantityOf1997Bond");
+        QTest::addColumn<QDate>("valuedAsOf");
+        QTest::addColumn<int>("bondsShown");
+        QTest::addColumn<QString>("note");
+        const QDate latest(2026, 11, 1);
+        QTest::newRow("none shown") << QStringList{"Margaret Whitfield"} << 1 << latest << 6 << QString();
+        QTest::newRow("one") << QStringList() << 1 << latest << 13
+                             << QStringLiteral("1 bond without pricing data is not in these totals");
+        QTest::newRow("one holding of three") << QStringList() << 3 << latest << 15
+                                              << QStringLiteral("3 bonds without pricing data are not in these totals");
+        QTest::newRow("two holdings") << QStringList() << 3 << QDate(2021, 11, 1) << 15
+                                      << QStringLiteral("4 bonds without pricing data are not in these totals");
+    }
+    void totalsLineCountsBondsWithoutPricingData()
+    {
+        QFETCH(QStringList, people);
+        QFETCH(int, quantityOf1997Bond);
+        QFETCH(QDate, valuedAsOf);
+        QFETCH(int, bondsShown);
+        QFETCH(QString, note);
+        PortfolioWindow *window = GuiTest::openSample();
+        window->portfolio()->holdings().at(6)->setQuantity(quantityOf1997Bond);
+        window->valuationPicker()->setDate(valuedAsOf);
+        selectPeople(window, people);
+        QTRY_VERIFY2(window->totalsText().startsWith(QStringLiteral("Total of %1 bond(s) shown:").arg(bondsShown)),
+                     qPrintable(window->totalsText()));
+        const QStringList lines = window->totalsText().split(u'\n');
+        QCOMPARE(lines.mid(1), note.isEmpty() ? QStringList() : QStringList{note});
     }
 
     void aNewBondStaysVisibleUnderAFilter()

@@ -16,11 +16,10 @@ QString monthText(const QDateTime &month)
 
 QString statusText(const Holding &holding)
 {
-    if (holding.value() != 0)
-        return {};
-    if (!holding.isValidIssue())
+    const HoldingStatus status = holding.status();
+    if (lacksPricingData(status))
         return QStringLiteral("no pricing data");
-    if (!holding.isRedeemableIssue())
+    if (status == HoldingStatus::NotYetRedeemable)
         return QStringLiteral("not yet redeemable");
     return {};
 }
@@ -33,16 +32,6 @@ QString remarkText(const Holding &holding)
     return holding.isValueDerived() ? QString::fromLatin1(ComputedRemark) : QString();
 }
 
-QString remarkExplanation(const Holding &holding)
-{
-    const QString remark = remarkText(holding);
-    if (remark == QLatin1String(ComputedRemark))
-        return remark + QStringLiteral(": ") + Holding::derivedValueNote();
-    if (remark == QLatin1String("no pricing data"))
-        return remark + QStringLiteral(": ") + Holding::noPricingDataAdvice();
-    return remark;
-}
-
 QString percentText(float rate)
 {
     return QString::asprintf("%.2f%%", double(rate));
@@ -53,6 +42,8 @@ QString percentText(float rate)
 void HoldingTotals::add(const Holding &holding)
 {
     quantity += holding.quantity();
+    if (lacksPricingData(holding.status()))
+        withoutPricingData += holding.quantity();
     faceValue += holding.faceValue() * holding.quantity();
     issuePrice += holding.issuePrice() * holding.quantity();
     interestEarned += holding.interestEarned();

@@ -19,14 +19,12 @@ QString issueMonthText(const QDateTime &month);
 // "MM/yyyy" of a valuation month; empty for no date.
 QString monthText(const QDateTime &month);
 // Why a holding shows no value ("no pricing data", "not yet redeemable"); empty when it has one.
+// Every status lacking pricing data reads "no pricing data"; the window and the command line say why.
 QString statusText(const Holding &holding);
 // The remark a holding's line carries: its status, else "computed" when its value was computed
 // rather than published; empty for neither.
 QString remarkText(const Holding &holding);
 inline constexpr const char *ComputedRemark = "computed";
-// The remark with what it means for the user ("computed: computed by this program, ..."); empty
-// when there is no remark.
-QString remarkExplanation(const Holding &holding);
 // A rate as "3.94%".
 QString percentText(float rate);
 }
@@ -36,6 +34,8 @@ QString percentText(float rate);
 struct HoldingTotals
 {
     qint64 quantity = 0;
+    // Bonds (not holdings) that lack pricing data: their value counts as $0 in the sums.
+    qint64 withoutPricingData = 0;
     Pennies faceValue = 0;
     Pennies issuePrice = 0;
     Pennies interestEarned = 0;

@@ -42,6 +42,23 @@ QStringList observedKeys();
 bool affectsDerivedValues(const QString &key);
 }
 
+// Why a holding shows no value, for the window and the command line to put in their own words.
+// Valued also covers a holding without issue date, which has no month to look up.
+enum class HoldingStatus {
+    Valued,
+    NotYetRedeemable,
+    NoPricingData,     // the database lacks the month; a newer update may bring it
+    BeforeSeriesBegan, // issued before its series was first sold: no value can ever exist
+    AfterSeriesEnded,  // issued after its series was last sold
+    NotIssuedYet,      // valued as of a month before its issue month
+};
+// The statuses of a holding shown at $0.00 in red, whose value no total can include.
+constexpr bool lacksPricingData(HoldingStatus status)
+{
+    return status == HoldingStatus::NoPricingData || status == HoldingStatus::BeforeSeriesBegan
+        || status == HoldingStatus::AfterSeriesEnded || status == HoldingStatus::NotIssuedYet;
+}
+
 class Holding : public QObject
 {
     Q_OBJECT
@@ -108,6 +125,7 @@ public:
     float compoundAnnualGrowthRate() const;
     bool isValidIssue() const;         // false when the database has no value
     bool isRedeemableIssue() const;    // false for a bond that cannot be cashed yet
+    HoldingStatus status() const;
     LineColor myColor() const;
     qint32 monthsHeld() const;
     Pennies absoluteValueAsOfDate(const QDateTime &date) const; // one bond, markers as 0
@@ -125,9 +143,8 @@ public:
     // True when the value shown as of the valuation date was computed by the program rather than
     // published by the Treasury (see derivedValueNote()).
     bool isValueDerived() const;
-    // What such a value is, and what a user whose bond has no pricing data can do, in words.
+    // What such a value is, in words.
     static QString derivedValueNote();
-    static QString noPricingDataAdvice();
 
     // Security symbol of the price history: issue month, issue year, series code ("031995N").
     QString security() const;

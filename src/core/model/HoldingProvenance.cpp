@@ -1,4 +1,4 @@
-// Where a holding's value comes from, and what to tell a user whose bond has none.
+// Where a holding's value comes from.
 #include "model/Holding.h"
 
 #include "valuation/ValueHistoryCache.h"
@@ -14,10 +14,4 @@ QString Holding::derivedValueNote()
 {
     return QStringLiteral("computed by this program, not published by the Treasury: Series EE bonds issued since "
                           "May 2005 from their fixed rate, matured bonds from their value at final maturity");
-}
-
-QString Holding::noPricingDataAdvice()
-{
-    return QStringLiteral("the database has no value for this bond in that month; the Treasury publishes newer "
-                          "value files (sbYYYYMM.asc), which \"quillmere-cli install-treasury-file FILE\" installs");
 }

@@ -129,6 +129,26 @@ bool Holding::isRedeemableIssue() const
     return rawValueAsOfValuationDate() != RedemptionMarker::NotRedeemable;
 }
 
+HoldingStatus Holding::status() const
+{
+    if (value() != 0)
+        return HoldingStatus::Valued;
+    if (!isValidIssue()) {
+        // The series' dates and the valuation month tell a value no update will ever bring from one
+        // not published yet.
+        const QDate issued = m_issueDate.isValid() ? m_issueDate.date() : QDate();
+        if (!series()->wasIssuedIn(issued))
+            return issued < series()->firstIssue() ? HoldingStatus::BeforeSeriesBegan : HoldingStatus::AfterSeriesEnded;
+        const int valued = valuationMonth();
+        if (issued.isValid() && valued != MonthIndex::None && issueMonth() > valued)
+            return HoldingStatus::NotIssuedYet;
+        return HoldingStatus::NoPricingData;
+    }
+    if (!isRedeemableIssue())
+        return HoldingStatus::NotYetRedeemable;
+    return HoldingStatus::Valued;
+}
+
 Holding::LineColor Holding::myColor() const
 {
     if (value() != 0)

@@ -3,6 +3,7 @@
 // identity is pointer identity, and archives store the one-letter code.
 #include "model/Money.h"
 
+#include <QDate>
 #include <QList>
 #include <QString>
 
@@ -24,6 +25,12 @@ public:
     // Dollars for one $25 unit of face value; a fixed constant per code, used by the Quicken export.
     double sharePrice() const;
     Pennies issuePriceForFaceValue(Pennies faceValue, bool paperIssue) const;
+    // The first and the last month the Treasury sold this series in (day 1); lastIssue() is null
+    // while the series is still sold. No values can exist for an issue month outside them.
+    QDate firstIssue() const;
+    QDate lastIssue() const;
+    // False for a month outside those; true for a null date, which has no month to judge.
+    bool wasIssuedIn(const QDate &month) const;
     // Case-insensitive comparison of labels: negative, zero or positive.
     int compare(const Series *other) const;
 

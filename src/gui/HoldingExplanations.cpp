@@ -1,0 +1,68 @@
+#include "HoldingExplanations.h"
+
+#include "document/HoldingPresentation.h"
+#include "model/Holding.h"
+
+namespace {
+
+QString seriesBonds(const Series *series)
+{
+    if (series->code() == QLatin1String("S"))
+        return HoldingExplanations::tr("Savings Notes");
+    if (series == Series::eeBond())
+        return HoldingExplanations::tr("Series EE bonds");
+    if (series->code() == QLatin1String("I"))
+        return HoldingExplanations::tr("Series I bonds");
+    return HoldingExplanations::tr("Series E bonds");
+}
+
+QString monthOf(const QDate &month)
+{
+    return HoldingPresentation::monthText(QDateTime(month, QTime(0, 0)));
+}
+
+// Why the holding has no value and what the user can do; empty when it does not lack one.
+QString whyNoValue(const Holding &holding)
+{
+    const Series *series = holding.series();
+    switch (holding.status()) {
+    case HoldingStatus::NoPricingData:
+        return HoldingExplanations::tr("the database has no value for this bond in that month. Tools ▸ Update "
+                                       "Redemption Values… installs newer values once the Treasury has published them.");
+    case HoldingStatus::BeforeSeriesBegan:
+        return HoldingExplanations::tr("%1 were first issued in %2; no values exist for this issue month.")
+            .arg(seriesBonds(series), monthOf(series->firstIssue()));
+    case HoldingStatus::AfterSeriesEnded:
+        return HoldingExplanations::tr("%1 were last issued in %2; no values exist for this issue month.")
+            .arg(seriesBonds(series), monthOf(series->lastIssue()));
+    case HoldingStatus::NotIssuedYet:
+        return HoldingExplanations::tr("this bond was issued in %1, after the valuation month; it has no value before then.")
+            .arg(HoldingPresentation::issueMonthText(holding.issueDate()));
+    case HoldingStatus::Valued:
+    case HoldingStatus::NotYetRedeemable:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+QString HoldingExplanations::valueTip(const Holding &holding)
+{
+    const QString remark = HoldingPresentation::remarkText(holding);
+    if (remark == QLatin1String(HoldingPresentation::ComputedRemark))
+        return remark + QStringLiteral(": ") + Holding::derivedValueNote();
+    if (const QString why = whyNoValue(holding); !why.isEmpty())
+        return remark + QStringLiteral(": ") + why;
+    return remark;
+}
+
+QString HoldingExplanations::notInTotals(qint64 bonds)
+{
+    if (bonds <= 0)
+        return {};
+    // Two texts rather than "bond(s)": without a translation loaded Qt does not make English plurals.
+    if (bonds == 1)
+        return tr("1 bond without pricing data is not in these totals");
+    return tr("%n bonds without pricing data are not in these totals", nullptr, int(bonds));
+}
