@@ -23,12 +23,10 @@ UpdateCheckScheduler::UpdateCheckScheduler()
 
 void UpdateCheckScheduler::start()
 {
-    if (m_started)
+    const QDateTime now = QDateTime::currentDateTime();
+    if (m_started || !AutomaticUpdateCheck::isTimeForCheck(now))
         return;
     m_started = true;
-    const QDateTime now = QDateTime::currentDateTime();
-    if (!AutomaticUpdateCheck::isTimeForCheck(now))
-        return;
     m_checking = true;
     // Reading what the database lacks takes a moment: off the main thread, like the check itself.
     const QString database = RedemptionDatabase::path();

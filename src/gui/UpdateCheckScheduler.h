@@ -13,7 +13,7 @@ class UpdateCheckScheduler : public QObject
 public:
     static UpdateCheckScheduler &instance();
 
-    // Starts the check if it is due (once per start of the program). Returns at once.
+    // Starts the check if it is due; one check at most in the life of the process. Returns at once.
     void start();
 
     // New values were found and are not yet installed.
