@@ -1,13 +1,19 @@
 // The preferences hold their edits until OK: Cancel keeps the stored defaults, and new bonds
-// start from whatever OK stored.
+// start from whatever OK stored; so does the update source, refused without a usable address.
 #include "GuiTestMain.h"
 #include "PreferencesDialog.h"
 #include "model/Holding.h"
 #include "model/Series.h"
 #include "model/UserDefaults.h"
+#include "update/AutomaticUpdateCheck.h"
+#include "update/UpdateLocation.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QRadioButton>
+#include <QTimer>
 
 class PreferencesDialogTest : public QObject
 {
@@ -42,6 +48,47 @@ private slots:
         QCOMPARE(fresh.series()->code(), series);
         QCOMPARE(fresh.isPaper(), paper);
         QCOMPARE(dialog.seriesChoice()->currentData().toString(), series);
+    }
+
+    void updateSourceWaitsForOkAndAUsableAddress_data()
+    {
+        QTest::addColumn<bool>("confirm");
+        QTest::addColumn<QString>("directory");
+        QTest::addColumn<bool>("stored"); // else the window stays open with an alert, or was cancelled
+        QTest::newRow("Cancel") << false << "https://example.org/bonds/" << false;
+        QTest::newRow("no address") << true << "" << false;
+        QTest::newRow("not an address") << true << "bonds" << false;
+        QTest::newRow("OK with an address") << true << "https://example.org/bonds/" << true;
+    }
+    void updateSourceWaitsForOkAndAUsableAddress()
+    {
+        QFETCH(bool, confirm);
+        QFETCH(QString, directory);
+        QFETCH(bool, stored);
+        PreferencesDialog::showPreferences();
+        PreferencesDialog &dialog = PreferencesDialog::instance();
+        QCOMPARE(dialog.updateSourceChoice()->currentData().toInt(), int(UpdateLocation::Source::FiscalData));
+        QVERIFY(dialog.automaticCheckChoice()->isChecked());
+        QVERIFY(!dialog.updateDirectoryField()->isEnabled());
+        dialog.updateSourceChoice()->setCurrentIndex(dialog.updateSourceChoice()->findData(int(UpdateLocation::Source::Catalogue)));
+        QVERIFY(dialog.updateDirectoryField()->isEnabled());
+        dialog.updateDirectoryField()->setText(directory);
+        dialog.automaticCheckChoice()->setChecked(false);
+        QTimer::singleShot(0, [] {
+            if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+                box->accept();
+        });
+        confirm ? dialog.accept() : dialog.reject();
+        QCOMPARE(UpdateLocation::source() == UpdateLocation::Source::Catalogue, stored);
+        QCOMPARE(AutomaticUpdateCheck::isEnabled(), !stored);
+        QCOMPARE(dialog.isVisible(), confirm && !stored);
+        if (stored) {
+            QCOMPARE(UserDefaults::settings().value(QString::fromLatin1(UpdateLocation::BaseUrlSettingsKey)).toString(), directory);
+            // Back as it was, for the next case.
+            UpdateLocation::setSource(UpdateLocation::Source::FiscalData);
+            AutomaticUpdateCheck::setEnabled(true);
+        }
+        dialog.reject();
     }
 };
 

@@ -39,6 +39,7 @@ public:
     {
         QMutexLocker locker(&m_mutex);
         m_faults = faults;
+        m_replies.clear();
     }
     // Each value: cents of a $25 bond, -1 not redeemable (written as each of the service's forms
     // in turn), -2 not issued ("null").
@@ -47,16 +48,19 @@ public:
         QMutexLocker locker(&m_mutex);
         for (const PriceRecord &r : records)
             m_rows.append(row(r, m_rows.size()));
+        m_replies.clear();
     }
     void clear()
     {
         QMutexLocker locker(&m_mutex);
         m_rows.clear();
+        m_replies.clear();
     }
     void addRow(const QJsonObject &raw)
     {
         QMutexLocker locker(&m_mutex);
         m_rows.append(raw);
+        m_replies.clear();
     }
     static QJsonObject row(const PriceRecord &r, int line)
     {
@@ -130,6 +134,9 @@ private:
         if (url.path() != QLatin1String(DataSet))
             return std::nullopt;
         QMutexLocker locker(&m_mutex);
+        // The same question gets the same answer: kept, so that a benchmark times the client.
+        if (const auto kept = m_replies.constFind(pathAndQuery); kept != m_replies.cend())
+            return *kept;
         const QUrlQuery query(url);
         const QList<Filter> wanted = filters(query.queryItemValue("filter", QUrl::FullyDecoded));
         QList<QJsonObject> rows;
@@ -175,11 +182,15 @@ private:
         QJsonObject meta{{"count", int(slice.size())}, {"total-count", int(rows.size())}, {"total-pages", pages}};
         QJsonObject links{{"self", QStringLiteral("&page%5Bnumber%5D=%1").arg(number)}};
         const QJsonObject top{{"data", data}, {"meta", meta}, {"links", links}};
-        return LocalHttpServer::Response{200, QJsonDocument(top).toJson(QJsonDocument::Compact)};
+        const LocalHttpServer::Response response{200, QJsonDocument(top).toJson(QJsonDocument::Compact)};
+        if (!m_faults.beforeFirstPage)
+            m_replies.insert(pathAndQuery, response);
+        return response;
     }
 
     LocalHttpServer m_server;
     mutable QMutex m_mutex;
     Faults m_faults;
     QList<QJsonObject> m_rows;
+    QHash<QString, LocalHttpServer::Response> m_replies;
 };
