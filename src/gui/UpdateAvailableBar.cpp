@@ -31,10 +31,7 @@ UpdateAvailableBar::UpdateAvailableBar(QWidget *parent)
     layout->addWidget(m_close);
 
     connect(m_update, &QPushButton::clicked, this, &UpdateAvailableBar::updateRequested);
-    connect(m_close, &QToolButton::clicked, this, [this] {
-        m_dismissed = true;
-        hide();
-    });
+    connect(m_close, &QToolButton::clicked, this, &QWidget::hide);
     connect(&UpdateCheckScheduler::instance(), &UpdateCheckScheduler::newValuesChanged, this, &UpdateAvailableBar::follow);
     follow();
 }
@@ -49,5 +46,5 @@ void UpdateAvailableBar::follow()
                                         .arg(MonthIndex::yearOf(through))));
     else
         m_message->setText(tr("New redemption values are available."));
-    setVisible(scheduler.hasNewValues() && !m_dismissed);
+    setVisible(scheduler.hasNewValues());
 }

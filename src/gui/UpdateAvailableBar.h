@@ -26,5 +26,4 @@ private:
     QLabel *m_message = nullptr;
     QPushButton *m_update = nullptr;
     QToolButton *m_close = nullptr;
-    bool m_dismissed = false;
 };

@@ -64,6 +64,7 @@ private slots:
         const int requests = int(m_service.http().requestedPaths().size());
         AutomaticUpdateCheck::noteCheck(QDateTime::currentDateTime().addDays(-2));
         UpdateCheckScheduler::instance().start();
+        QVERIFY(!UpdateCheckScheduler::instance().isChecking());
         QTest::qWait(200);
         QCOMPARE(int(m_service.http().requestedPaths().size()), requests);
 

@@ -229,6 +229,9 @@ INSTANTIATE_TEST_SUITE_P(
         FailureCase{"NoPageCount", {.failingPage = 1, .replacedBody = R"({"data": []})"}, {}, "page count"},
         FailureCase{"ShortPage", {.pageCap = 3, .failingPage = 2, .replacedBody = R"({"data": [], "meta": {"total-pages": "5", "total-count": "12"}})"},
                     {}, "changed while it was read"},
+        FailureCase{"RecordsMissing", {.pageCap = 3, .failingPage = 2, .replacedBody = R"({"data": [], "meta": {"total-pages": "4", "total-count": "12"}})"},
+                    {}, "9 records arrived where the service announced 12"},
+        FailureCase{"IssuedAfterRedemption", {}, {rowWith({{"issue_year", "2025"}})}, "issue_year 2025 is out of range for redemption month 2024-08"},
         FailureCase{"MalformedAmount", {}, {rowWith({{"issue_mar_amt", "12,50"}})}, "issue_mar_amt \"12,50\" is not an amount"},
         FailureCase{"NegativeAmount", {}, {rowWith({{"issue_mar_amt", "-3.00"}})}, "is not an amount"},
         FailureCase{"ThreeDecimals", {}, {rowWith({{"issue_mar_amt", "3.125"}})}, "is not an amount"},
@@ -244,6 +247,34 @@ INSTANTIATE_TEST_SUITE_P(
         FailureCase{"SameRecordTwiceDiffering", {}, {rowWith({{"issue_jan_amt", "1.00"}}), rowWith({{"issue_jan_amt", "2.00"}})},
                     "twice with different values"}),
     [](const auto &info) { return std::string(info.param.name); });
+
+// A service that ignored the filters sends months the database has, one of them differing: only
+// the months asked for are installed.
+TEST_F(FiscalDataUpdateTest, OnlyTheMonthsAskedForAreInstalled)
+{
+    QList<PriceRecord> changed = month('N', 2024, 1);
+    changed[0].value[0] += 1;
+    service.addRecords(changed);
+    FiscalDataTestServer::Faults faults;
+    faults.ignoreFilter = true;
+    service.setFaults(faults);
+    auto updater = makeUpdater();
+    ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData)) << statuses.join('\n').toStdString();
+    EXPECT_EQ(statuses.last(), QStringLiteral("Installed values for 02/2024 to 06/2024"));
+    EXPECT_EQ(value('N', 2024, 1, 2000, 1), month('N', 2024, 1).first().value[0]);
+}
+
+// Values of the same months that arrive later (a series the service adds) are recorded apart.
+TEST_F(FiscalDataUpdateTest, LaterValuesOfTheSameMonthsAreRecordedApart)
+{
+    auto updater = makeUpdater();
+    ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData));
+    service.addRecords(months('E', 2024, {2, 6}));
+    ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData)) << statuses.join('\n').toStdString();
+    EXPECT_EQ(queryColumn(database, "select name from data_file order by name"),
+              QStringList({"fiscaldata:2024-02..2024-06", "fiscaldata:2024-02..2024-06#2", "sb202401.asc"}));
+    EXPECT_EQ(value('E', 2024, 6, 2001, 3), month('E', 2024, 6).last().value[2]);
+}
 
 // Values that another program installed while the pages were read, and that the service
 // contradicts, refuse the whole update, naming the series, issue month and redemption month.
