@@ -119,7 +119,8 @@ int run(const QStringList &arguments)
         QStringLiteral("URL"));
     const QCommandLineOption timeoutOption(
         QStringLiteral("timeout"),
-        QStringLiteral("Give up on a server silent this long (default %1).").arg(limits.idleTimeoutMs / 1000),
+        QStringLiteral("Give up when the whole download takes longer than this (default: %1 seconds without a byte, "
+                       "%2 in all).").arg(limits.idleTimeoutMs / 1000).arg(limits.totalTimeoutMs / 1000),
         QStringLiteral("SECONDS"));
     parser.addOptions({checkOption, catalogueOption, fiscalDataOption, baseUrlOption, serviceUrlOption, timeoutOption});
     int status = 0;
@@ -137,6 +138,7 @@ int run(const QStringList &arguments)
         if (!ok || seconds <= 0 || seconds > 3600)
             return cliFail(QStringLiteral("--timeout needs a number of seconds up to 3600"));
         limits.idleTimeoutMs = static_cast<int>(seconds * 1000);
+        limits.totalTimeoutMs = limits.idleTimeoutMs;
     }
 
     const QString database = RedemptionDatabase::path();

@@ -8,6 +8,7 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QMap>
 #include <gtest/gtest.h>
@@ -105,17 +106,25 @@ TEST_F(UpdateCommands, EmptyDatabaseBecomesTheShippedOne)
     EXPECT_EQ(queryColumn(database, names), queryColumn(TestSupport::copyOfShippedDatabase(), names));
 }
 
-// The statuses of each failure are the updater's; here a server that never answers, given up
-// after the time asked for.
-TEST_F(UpdateCommands, FailureExitsNonZeroWithTheStatus)
+// The statuses of each failure are the updater's; here servers that never answer or send a byte
+// now and then, given up when the time asked for has passed in all.
+TEST_F(UpdateCommands, TimeOutIsADeadline)
 {
     server->setResponse(QStringLiteral("/silent/AvailableBondData.plist"),
                         LocalHttpServer::Response(200, {}, LocalHttpServer::Behaviour::NeverAnswer));
-    const auto result = update(TestSupport::copyOfShippedDatabase(), {"--timeout", "0.5"}, "/silent/");
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.standardOutput.endsWith("Update information unavailable. Check internet connections and try again.\n"
-                                               "the server fell silent for 0.5 seconds\n"))
-        << result.standardOutput.toStdString();
+    // 64 bytes every 5 ms: 100 KB would take 8 s.
+    server->setResponse(QStringLiteral("/drip/AvailableBondData.plist"),
+                        LocalHttpServer::Response(200, QByteArray(100000, ' '), LocalHttpServer::Behaviour::Trickle));
+    for (const char *path : {"/silent/", "/drip/"}) {
+        QElapsedTimer clock;
+        clock.start();
+        const auto result = update(TestSupport::copyOfShippedDatabase(), {"--timeout", "1", "--catalogue"}, path);
+        EXPECT_LT(clock.elapsed(), 4000) << path;
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.standardOutput.endsWith("Update information unavailable. Check internet connections and try again.\n"
+                                                   "the time allowed for the download ran out\n"))
+            << result.standardOutput.toStdString();
+    }
 }
 
 TEST_F(UpdateCommands, ReadOnlyDatabaseIsCheckedButNotUpdated)

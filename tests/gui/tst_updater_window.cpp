@@ -26,7 +26,7 @@ class UpdaterWindowTest : public QObject
     FiscalDataTestServer m_service;
     QString m_database;
 
-    static QString name(int month) { return QStringLiteral("i-2030-%1.bin").arg(month, 2, 10, QLatin1Char('0')); }
+    static QString name(int month) { return QStringLiteral("i-2027-%1.bin").arg(month, 2, 10, QLatin1Char('0')); }
 
 private slots:
     void initTestCase()
@@ -34,12 +34,12 @@ private slots:
         qputenv("QUILLMERE_UPDATE_URL", m_server.url(QStringLiteral("/updates/")).toString().toUtf8());
         qputenv("QUILLMERE_FISCAL_DATA_URL", m_service.root().toString().toUtf8());
         for (int month = 1; month <= 3; ++month)
-            m_server.setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2030, month, 2000, 25));
+            m_server.setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2027, month, 2000, 25));
         // January again with other values: the installer refuses to contradict what it has.
-        m_server.setBody(QStringLiteral("/updates/bad.bin"), priceFile('I', 2030, 1, 2000, 25, 9000));
+        m_server.setBody(QStringLiteral("/updates/bad.bin"), priceFile('I', 2027, 1, 2000, 25, 9000));
     }
 
-    // A fresh copy of the build's database that already holds January 2030, under a new name each
+    // A fresh copy of the build's database that already holds January 2027, under a new name each
     // time: journal files of the last test's database must not meet this one.
     void init()
     {
@@ -47,7 +47,7 @@ private slots:
         m_database = GuiTest::path(QStringLiteral("bondvalues-%1.bvdb").arg(++count));
         QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), m_database));
         QFile::setPermissions(m_database, QFile::ReadOwner | QFile::WriteOwner);
-        QVERIFY(PriceUpdateTestData::install(m_database, {{name(1), priceFile('I', 2030, 1, 2000, 25)}}));
+        QVERIFY(PriceUpdateTestData::install(m_database, {{name(1), priceFile('I', 2027, 1, 2000, 25)}}));
         qputenv("QUILLMERE_DATABASE", m_database.toUtf8());
     }
 

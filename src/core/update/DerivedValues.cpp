@@ -16,6 +16,10 @@ namespace DerivedValues {
 namespace {
 
 constexpr qint32 NoData = static_cast<qint32>(RedemptionMarker::NoPricingData);
+constexpr qint32 NotRedeemableMark = static_cast<qint32>(RedemptionMarker::NotRedeemable);
+// How far past the latest official month values are derived: the Treasury publishes six months
+// at a time, so a year covers every month a user can be shown before the next publication.
+constexpr int MonthsBeyondOfficial = 12;
 
 int monthIndex(int year, int month) { return year * 12 + month - 1; }
 
@@ -137,6 +141,35 @@ QString report(const QString &fileName, const QList<Difference> &differences)
         .arg(fileName).arg(differences.size()).arg(shown.join(QLatin1String("; ")));
 }
 
+// Lowers *last to a year past the latest official month and drops the records beyond it.
+static bool boundToOfficialMonths(sqlite3 *db, QHash<quint64, PriceRecord> &records, int *last, QString *error)
+{
+    QString loadError;
+    const QHash<quint64, qint32> derived = load(db, &loadError);
+    if (!loadError.isEmpty()) {
+        *error = loadError;
+        return false;
+    }
+    int latestOfficial = std::numeric_limits<int>::min();
+    for (const PriceRecord &record : std::as_const(records)) {
+        const int month = record.ryr * 12 + record.rmo - 1;
+        for (int k = 0; k < 12 && month > latestOfficial; ++k) {
+            if (record.value[k] >= NotRedeemableMark && !derived.contains(cellKey(record.series, record.iyr, k + 1, record.ryr, record.rmo)))
+                latestOfficial = month;
+        }
+    }
+    if (latestOfficial == std::numeric_limits<int>::min())
+        return true;
+    *last = std::min(*last, latestOfficial + MonthsBeyondOfficial);
+    for (auto record = records.begin(); record != records.end();) {
+        if (record->ryr * 12 + record->rmo - 1 > *last)
+            record = records.erase(record);
+        else
+            ++record;
+    }
+    return true;
+}
+
 bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error, Scope scope)
 {
     *added = {};
@@ -178,6 +211,12 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
     sqlite3_finalize(stmt);
     if (records.isEmpty())
         return true;
+
+    // Derived values reach at most a year past the latest official month: whatever a damaged
+    // source slipped in, the work and the rows stay bounded. (The build, which reads only EE rows
+    // here, derives from the repository's own sources.)
+    if (scope == Scope::Everything && !boundToOfficialMonths(db, records, &last, error))
+        return false;
 
     QList<Cell> cells;
     QHash<quint64, PriceRecord> completed = records;

@@ -135,26 +135,27 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
     return ok;
 }
 
-} // namespace
-
-Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &options)
+// Everything but the transaction around it, which the caller holds.
+void installWithin(sqlite3 *db, const NamedPriceRecords &source, PriceDataInstaller &installer, Outcome &outcome)
 {
-    Outcome outcome;
     if (source.name == QLatin1String(MaturedBondCarryForward::SourceName)) {
         outcome.error = QStringLiteral("%1: this name is reserved for the derived values").arg(source.name);
-        return outcome;
+        return;
     }
+    // Asked inside the write transaction: of two installations of one file at once, the second
+    // finds the first's.
     if (isRecorded(db, source.name)) {
         outcome.error = QStringLiteral("%1 is already installed").arg(source.name);
-        return outcome;
+        outcome.alreadyInstalled = true;
+        return;
     }
     const QHash<quint64, PriceRecord> installed = installedRecords(db, &outcome.error);
     if (!outcome.ok())
-        return outcome;
+        return;
 
     const QHash<quint64, qint32> derived = DerivedValues::load(db, &outcome.error);
     if (!outcome.ok())
-        return outcome;
+        return;
 
     // What the database is to hold: new records whole; a record it has already may only gain
     // issue months that held no data, and its derived months take the official values.
@@ -199,7 +200,7 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
                                     .arg(record.iyr).arg(k + 1, 2, 10, QLatin1Char('0'))
                                     .arg(record.ryr).arg(record.rmo, 2, 10, QLatin1Char('0'))
                                     .arg(valueText(given), valueText(had));
-                return outcome;
+                return;
             }
             fills << Fill{record, k + 1, given, Fill::Empty};
             filled = true;
@@ -211,7 +212,6 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
         return std::tie(a.ryr, a.rmo, a.series, a.iyr) < std::tie(b.ryr, b.rmo, b.series, b.iyr);
     });
 
-    PriceDataInstaller installer(db, options.feedback);
     installer.setExtendsDerivedValues(true);
     QString fillError;
     const bool installedFile = installer.updatePricingDataWithData(
@@ -219,14 +219,54 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
     if (!installedFile) {
         outcome.error = QStringLiteral("%1 was not installed: %2")
                             .arg(source.name, fillError.isEmpty() ? installer.lastError() : fillError);
-        return outcome;
+        return;
     }
     outcome.carriedValues = installer.derivedExtension().carried;
     outcome.computedValues = installer.derivedExtension().computed;
     outcome.derivedDifferences = DerivedValues::report(source.name, differences);
+    // Readers never see the rows without the summary of them.
+    if (!installer.rebuildSummaryTables())
+        outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
+}
+
+bool execute(sqlite3 *db, const char *sql, QString *error)
+{
+    char *message = nullptr;
+    if (sqlite3_exec(db, sql, nullptr, nullptr, &message) == SQLITE_OK)
+        return true;
+    if (error)
+        *error = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
+    sqlite3_free(message);
+    return false;
+}
+
+} // namespace
+
+Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &options)
+{
+    Outcome outcome;
+    if (const QString why = PriceDataFile::screen(source.records); !why.isEmpty()) {
+        outcome.error = QStringLiteral("%1: %2").arg(source.name, why);
+        return outcome;
+    }
+    // The write lock first, waiting for another writer: what is installed is read under it.
+    QString error;
+    if (!execute(db, "BEGIN IMMEDIATE", &error)) {
+        outcome.error = QStringLiteral("%1 was not installed: %2").arg(source.name, error);
+        return outcome;
+    }
+    PriceDataInstaller installer(db, options.feedback);
+    installWithin(db, source, installer, outcome);
+    if (outcome.ok() && !execute(db, "COMMIT", &error))
+        outcome.error = QStringLiteral("%1 was not installed: %2").arg(source.name, error);
+    if (!outcome.ok()) {
+        execute(db, "ROLLBACK", nullptr);
+        return outcome;
+    }
     if (!outcome.derivedDifferences.isEmpty())
         qWarning().noquote() << outcome.derivedDifferences;
-    if (options.updateSummary && !installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum))
+    if (options.updateSummary
+        && !installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum, true, false))
         outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
     return outcome;
 }

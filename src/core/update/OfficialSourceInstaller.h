@@ -20,6 +20,7 @@ namespace OfficialSourceInstaller {
 struct Outcome
 {
     QString error; // empty on success
+    bool alreadyInstalled = false; // refused because data_file records the name already
     int installedRecords = 0;
     int unchangedRecords = 0; // already in the database with the same values
     int filledRecords = 0;    // already there, with issue months that held no data filled in

@@ -71,7 +71,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     QTimer deadline;
     deadline.setSingleShot(true);
     QObject::connect(&deadline, &QTimer::timeout, &loop,
-                     [&] { abortWith(QStringLiteral("%1 took too long").arg(url.toString())); });
+                     [&] { abortWith(QStringLiteral("the time allowed for the download ran out")); });
     deadline.start(m_limits.totalTimeoutMs);
 
     if (!reply->isFinished())

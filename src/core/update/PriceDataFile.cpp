@@ -1,5 +1,7 @@
 #include "update/PriceDataFile.h"
 
+#include "update/sources/SourceText.h"
+
 #include <QtEndian>
 
 PriceRecord PriceRecord::decode(const char *bytes)
@@ -51,6 +53,39 @@ QByteArray encode(const QList<PriceRecord> &records)
     for (const PriceRecord &record : records)
         record.encodeTo(out);
     return out;
+}
+
+QString checkLength(const QByteArray &data)
+{
+    if (data.size() % PriceRecord::Size != 0)
+        return QStringLiteral("%1 bytes are not a whole number of %2-byte records").arg(data.size()).arg(PriceRecord::Size);
+    if (data.isEmpty())
+        return QStringLiteral("it holds no record");
+    return {};
+}
+
+QString screen(const QList<PriceRecord> &records)
+{
+    // The first month any bond was sold, and the last a source can hold values for.
+    constexpr int FirstYear = 1941;
+    const int lastYear = SourceText::latestRedemptionYear();
+    // Six digits of cents, as the Treasury's files write them; below -2 nothing is a marker.
+    constexpr qint32 LargestValue = 999999, SmallestMarker = -2;
+    for (qsizetype i = 0; i < records.size(); ++i) {
+        const PriceRecord &r = records.at(i);
+        auto refuse = [&](const QString &what) { return QStringLiteral("record %1: %2").arg(i + 1).arg(what); };
+        if (!SourceText::isSeriesCode(r.series))
+            return refuse(QStringLiteral("series code %1 is not E, N, I or S").arg(int(quint8(r.series))));
+        if (r.rmo < 1 || r.rmo > 12 || r.ryr < FirstYear || r.ryr > lastYear)
+            return refuse(QStringLiteral("redemption month %1-%2 is out of range").arg(r.ryr).arg(r.rmo));
+        if (r.iyr < FirstYear || r.iyr > r.ryr)
+            return refuse(QStringLiteral("issue year %1 is out of range for redemption year %2").arg(r.iyr).arg(r.ryr));
+        for (int k = 0; k < 12; ++k) {
+            if (r.value[k] < SmallestMarker || r.value[k] > LargestValue)
+                return refuse(QStringLiteral("the value %1 of issue month %2 is out of range").arg(r.value[k]).arg(k + 1));
+        }
+    }
+    return {};
 }
 
 } // namespace PriceDataFile

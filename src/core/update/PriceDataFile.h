@@ -3,6 +3,7 @@
 // the values of one series for one redemption month and the twelve issue months of one year.
 #include <QByteArray>
 #include <QList>
+#include <QString>
 #include <QtGlobal>
 #include <array>
 
@@ -27,4 +28,12 @@ namespace PriceDataFile {
 int recordCount(const QByteArray &data);
 QList<PriceRecord> decode(const QByteArray &data);
 QByteArray encode(const QList<PriceRecord> &records);
+
+// Why data downloaded as a price data file is none: not a whole number of records, or none at
+// all. Empty when it is one.
+QString checkLength(const QByteArray &data);
+// Why records cannot be installed: a record whose series, months, years or values no official
+// source could hold (a damaged download, say, whose years would have derived values computed up to
+// them). Empty when every record can be.
+QString screen(const QList<PriceRecord> &records);
 }

@@ -84,7 +84,11 @@ bool PriceDataInstaller::install(const QByteArray &data, const QString &fileName
     m_differences.clear();
     m_extension = {};
     m_lastError.clear();
-    if (!execute("BEGIN TRANSACTION", "updatePricingDataWithData >>: %1")) {
+    // A writer takes the write lock at once, so that it waits (the busy time-out) for another
+    // writer instead of failing when it finds its snapshot outdated. Inside a caller's
+    // transaction the file is a savepoint of it.
+    const bool outermost = sqlite3_get_autocommit(m_db) != 0;
+    if (!execute(outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT install_file", "updatePricingDataWithData >>: %1")) {
         setStatus(QStringLiteral("Unable to begin price update"));
         return false;
     }
@@ -102,7 +106,7 @@ bool PriceDataInstaller::install(const QByteArray &data, const QString &fileName
     }
     m_derived.clear();
     if (success) {
-        if (!execute("COMMIT", "<<updatePricingDataWithData: %1")) {
+        if (!execute(outermost ? "COMMIT" : "RELEASE install_file", "<<updatePricingDataWithData: %1")) {
             // The transaction stays open, as it always has: a busy database may yet let it commit.
             setStatus(QStringLiteral("Unable to commit price update"));
             success = false;
@@ -113,7 +117,7 @@ bool PriceDataInstaller::install(const QByteArray &data, const QString &fileName
         m_differences.clear();
         m_extension = {};
         const QString cause = m_lastError;
-        execute("ROLLBACK", "updatePricingDataWithData rb: %1");
+        execute(outermost ? "ROLLBACK" : "ROLLBACK TO install_file; RELEASE install_file", "updatePricingDataWithData rb: %1");
         m_lastError = cause;
         setStatus(QStringLiteral("Data inconsistency; update canceled"));
     }
@@ -206,17 +210,33 @@ bool PriceDataInstaller::updateDataFileTable(const QString &fileName)
     return ok;
 }
 
-bool PriceDataInstaller::updateRedemptionDateSummaryTables(QDateTime *minimum, QDateTime *maximum,
-                                                           bool postNotification)
+bool PriceDataInstaller::rebuildSummaryTables()
 {
-    setStatus(QStringLiteral("Optimizing pricing data..."));
     // Rows below −1 are fillers of blank cells: a month that only they reach holds no price data.
     static const char script[] =
         "drop table max_rdate; drop table min_rdate; "
         "create table max_rdate as select ryr,rmo from bond_value where value >= -1 and ryr = (select max(ryr) from bond_value where value >= -1) order by ryr desc, rmo desc limit 1; "
         "create table min_rdate as select ryr,rmo from bond_value where value >= -1 and ryr = (select min(ryr) from bond_value where value >= -1) order by ryr asc, rmo asc limit 1; ";
-    if (!execute(script, "Could not update summary tables: %1"))
-        return false;
+    return execute(script, "Could not update summary tables: %1");
+}
+
+bool PriceDataInstaller::updateRedemptionDateSummaryTables(QDateTime *minimum, QDateTime *maximum,
+                                                           bool postNotification, bool rebuild)
+{
+    setStatus(QStringLiteral("Optimizing pricing data..."));
+    if (rebuild) {
+        // Dropped and made again in one step: readers see the old tables or the new ones.
+        if (!execute("SAVEPOINT summary", "Could not update summary tables: %1"))
+            return false;
+        if (!rebuildSummaryTables()) {
+            const QString cause = m_lastError;
+            execute("ROLLBACK TO summary; RELEASE summary", nullptr);
+            m_lastError = cause;
+            return false;
+        }
+        if (!execute("RELEASE summary", "Could not update summary tables: %1"))
+            return false;
+    }
     // Packing only makes reading faster: a failure leaves the changed bonds read row by row.
     QString packingError;
     if (!ValueHistoryPacking::refresh(m_db, &packingError))

@@ -54,11 +54,15 @@ public:
     QList<DerivedValues::Difference> derivedDifferences() const { return m_differences; }
     DerivedValues::Extension derivedExtension() const { return m_extension; }
 
-    // Rebuilds min_rdate and max_rdate. On success *minimum and *maximum (if given) receive the
-    // new range as the assessor reads it, and the range is posted to the process-wide notifier
-    // when postNotification is set.
+    // Rebuilds min_rdate and max_rdate in one step, so that a reader never finds them missing,
+    // packs the changed value histories, and reads the range back. On success *minimum and
+    // *maximum (if given) receive the new range as the assessor reads it, and the range is posted
+    // to the process-wide notifier when postNotification is set. rebuild false: the tables were
+    // rebuilt already, inside the transaction that changed the rows.
     bool updateRedemptionDateSummaryTables(QDateTime *minimum = nullptr, QDateTime *maximum = nullptr,
-                                           bool postNotification = true);
+                                           bool postNotification = true, bool rebuild = true);
+    // Only the rebuilding, inside whatever transaction is open.
+    bool rebuildSummaryTables();
 
     // The text of the last failure, for callers without a status line.
     QString lastError() const { return m_lastError; }

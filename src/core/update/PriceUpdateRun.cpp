@@ -59,11 +59,13 @@ void PriceUpdateRun::updateSummary()
 
 bool PriceUpdateRun::checkForUpdates()
 {
+    m_deadline.setRemainingTime(m_settings.limits.totalTimeoutMs);
     return m_settings.source == UpdateLocation::Source::Catalogue ? checkCatalogue() : checkFiscalData();
 }
 
 bool PriceUpdateRun::updatePriceData(const QStringList &files)
 {
+    m_deadline.setRemainingTime(m_settings.limits.totalTimeoutMs);
     return m_settings.source == UpdateLocation::Source::Catalogue ? installCatalogueFiles(files) : installFiscalData();
 }
 
@@ -72,7 +74,9 @@ std::optional<QByteArray> PriceUpdateRun::downloadUrl(const QUrl &url, const QSt
     setStatus(label);
     if (m_observer.downloading)
         m_observer.downloading(true);
-    PriceDataDownloader downloader(m_settings.limits);
+    PriceDataDownloader::Limits limits = m_settings.limits;
+    limits.totalTimeoutMs = int(std::max<qint64>(1, m_deadline.remainingTime()));
+    PriceDataDownloader downloader(limits);
     std::optional<QByteArray> data = downloader.fetch(url);
     if (!data) {
         *error = downloader.lastError();
@@ -101,6 +105,13 @@ bool PriceUpdateRun::checkCatalogue()
         return false;
     case UpdateCatalogue::Status::Valid:
         break;
+    }
+    for (const QString &entry : catalogue.entries()) {
+        if (const QString problem = UpdateCatalogue::entryProblem(entry); !problem.isEmpty()) {
+            qWarning().noquote() << QStringLiteral("Refused catalogue: %1").arg(problem);
+            setStatus(UpdateStatus::failed("Download corrupt; unable to update", problem));
+            return false;
+        }
     }
 
     QStringList known;
@@ -134,9 +145,13 @@ bool PriceUpdateRun::installCatalogueFiles(const QStringList &files)
             const std::optional<QByteArray> data =
                 downloadUrl(UpdateLocation::fileUrl(m_settings.baseUrl, name),
                             QStringLiteral("Downloading update %1 of %2").arg(i + 1).arg(count), &why);
-            if (!data || data->isEmpty()) {
-                if (data)
-                    why = QStringLiteral("%1 is empty").arg(name);
+            if (!data) {
+                allInstalled = false;
+                break;
+            }
+            // A cut or foreign download is no price data file: nothing of it goes in.
+            if (const QString problem = PriceDataFile::checkLength(*data); !problem.isEmpty()) {
+                why = QStringLiteral("Download corrupt: %1: %2").arg(name, problem);
                 allInstalled = false;
                 break;
             }
@@ -151,7 +166,10 @@ bool PriceUpdateRun::installCatalogueFiles(const QStringList &files)
             // Rows equal to installed official ones pass over; a contradiction refuses the file.
             const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(
                 m_connection->handle(), {name, PriceDataFile::decode(*data)}, options);
-            if (!outcome.ok()) {
+            if (outcome.alreadyInstalled) {
+                // Another program (a second updater, say) installed it meanwhile.
+                setStatus(outcome.error);
+            } else if (!outcome.ok()) {
                 why = outcome.error;
                 allInstalled = false;
             }

@@ -7,6 +7,7 @@
 #include "update/UpdateLocation.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QStringList>
 #include <QUrl>
 #include <functional>
@@ -68,6 +69,8 @@ private:
     std::shared_ptr<UpdateConnection> m_connection;
     Settings m_settings;
     Observer m_observer;
+    // The limits' total time bounds a whole action, all its downloads together.
+    QDeadlineTimer m_deadline;
 };
 
 // The status texts both sources end in.

@@ -129,6 +129,12 @@ bool PriceUpdateRun::installFiscalData()
     };
     const QString name = freeName(fiscalDataName(first, last), m_connection->knownDataSets());
     const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(db, {name, *records}, options);
+    if (outcome.alreadyInstalled) {
+        // Another updater installed the same months meanwhile.
+        setAvailable(QStringList());
+        setStatus(QString::fromLatin1(UpdateStatus::UpToDate));
+        return true;
+    }
     if (!outcome.ok())
         return fail(outcome.error);
     updateSummary();

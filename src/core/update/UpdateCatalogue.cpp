@@ -1,5 +1,7 @@
 #include "update/UpdateCatalogue.h"
 
+#include <algorithm>
+
 #include "document/PlistInputGuard.h"
 
 #include <QSet>
@@ -93,6 +95,16 @@ QByteArray UpdateCatalogue::encode(const QStringList &entries)
     QByteArray result(xml, static_cast<qsizetype>(length));
     plist_to_xml_free(xml);
     return result;
+}
+
+QString UpdateCatalogue::entryProblem(const QString &entry)
+{
+    // A name is resolved against the directory and recorded as it stands: only a plain one can
+    // neither leave the directory nor be recorded under two spellings.
+    static const QString forbidden = QStringLiteral("/\\?#:%");
+    const bool plain = !entry.isEmpty() && entry != QLatin1String(".") && entry != QLatin1String("..")
+                       && std::none_of(entry.cbegin(), entry.cend(), [](QChar c) { return forbidden.contains(c) || c < QChar(0x20); });
+    return plain ? QString() : QStringLiteral("the entry \"%1\" is not a file of the update directory").arg(entry);
 }
 
 QStringList UpdateCatalogue::determineUpdateDataDelta(const QStringList &catalogue, const QStringList &known)

@@ -23,6 +23,10 @@ public:
     // Why a corrupt catalogue was refused.
     QString error() const { return m_error; }
 
+    // Why an entry cannot be fetched: anything but a plain file name inside the update directory
+    // (a path, "..", a scheme, a host or a query). Empty for a plain name.
+    static QString entryProblem(const QString &entry);
+
     // The entries not yet installed, in catalogue order. An entry listed twice stays twice.
     static QStringList determineUpdateDataDelta(const QStringList &catalogue, const QStringList &known);
 

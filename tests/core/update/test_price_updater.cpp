@@ -27,9 +27,9 @@ const QString SomeFailed = QStringLiteral("Some updates could not be performed")
 const QString Catalogue = QStringLiteral("/updates/AvailableBondData.plist");
 
 // Three months of Series I values; the database starts with the first.
-const QString January = QStringLiteral("i-2030-01.bin");
-const QString February = QStringLiteral("i-2030-02.bin");
-const QString March = QStringLiteral("i-2030-03.bin");
+const QString January = QStringLiteral("i-2027-01.bin");
+const QString February = QStringLiteral("i-2027-02.bin");
+const QString March = QStringLiteral("i-2027-03.bin");
 
 std::optional<QStringList> offered(const QStringList &names)
 {
@@ -61,10 +61,10 @@ protected:
     void SetUp() override
     {
         database = TestSupport::emptyDatabase();
-        ASSERT_TRUE(install(database, {{January, priceFile('I', 2030, 1, 2000, 25)}}));
+        ASSERT_TRUE(install(database, {{January, priceFile('I', 2027, 1, 2000, 25)}}));
         const QStringList months{January, February, March};
         for (int m = 0; m < 3; ++m)
-            server.setBody(QStringLiteral("/updates/") + months[m], priceFile('I', 2030, m + 1, 2000, 25));
+            server.setBody(QStringLiteral("/updates/") + months[m], priceFile('I', 2027, m + 1, 2000, 25));
         QObject::connect(RedemptionDateRangeNotifier::instance(), &RedemptionDateRangeNotifier::redemptionDateRangeDidChange,
                          &context, [this](const QObject *sender, const QVariantMap &userInfo) {
                              recorder.ranges << userInfo;
@@ -134,16 +134,13 @@ TEST_F(PriceUpdaterTest, NothingNewIsUpToDate)
     EXPECT_EQ(recorder.statuses, QStringList({Optimizing, AllInstalled}));
     EXPECT_EQ(server.requestedPaths(), QStringList{Catalogue});
     ASSERT_EQ(recorder.ranges.size(), 1);
-    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2030, 1));
+    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2027, 1));
 }
 
-// Entries resolve against the base, or stand alone; the catalogue's order is kept.
+// Entries are files of the update directory; the catalogue's order is kept.
 TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
 {
-    server.setBody(QStringLiteral("/updates/more/") + February, priceFile('I', 2030, 2, 2000, 25));
-    server.setBody(QStringLiteral("/elsewhere/") + March, priceFile('I', 2030, 3, 2000, 25));
-    const QString march = server.url(QStringLiteral("/elsewhere/") + March).toString();
-    const QString february = QStringLiteral("more/") + February;
+    const QString march = March, february = February;
     setCatalogue({march, January, february});
     auto updater = makeUpdater();
     QList<bool> availability;
@@ -156,35 +153,37 @@ TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
     installAll(*updater);
     EXPECT_EQ(recorder.statuses, QStringList({downloading(1, 2), Installing, downloading(2, 2), Installing, Optimizing, AllInstalled}));
     EXPECT_EQ(installed(), QStringList({January, march, february}));
-    EXPECT_TRUE(server.requestedPaths().contains(QStringLiteral("/updates/more/") + February));
-    EXPECT_EQ(latestMonth(), QStringLiteral("2030-3"));
+    EXPECT_TRUE(server.requestedPaths().contains(QStringLiteral("/updates/") + February));
+    EXPECT_EQ(latestMonth(), QStringLiteral("2027-3"));
     EXPECT_EQ(updater->availableUpdates(), offered({}));
     EXPECT_EQ(availability, QList<bool>({true, false}));
 
     ASSERT_EQ(recorder.ranges.size(), 1);
-    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2030, 3));
-    EXPECT_EQ(announced(QBMinimumRedemptionDateKey), BondAssessor::monthDate(2030, 1));
+    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2027, 3));
+    EXPECT_EQ(announced(QBMinimumRedemptionDateKey), BondAssessor::monthDate(2027, 1));
     EXPECT_EQ(recorder.rangeSenders[0], updater.get());
 
     // 25 records: a bar of 2 steps, stepped after records 0, 10 and 20, then set to its maximum.
     const QList<QPair<double, double>> oneFile = {{0, 2}, {1, 2}, {2, 2}, {3, 2}, {2, 2}};
     EXPECT_EQ(recorder.progress, oneFile + oneFile);
     EXPECT_EQ(recorder.downloading, QList<bool>({true, false, true, false}));
-    EXPECT_TRUE(BondAssessor(database).isValidValueOfDate(BondAssessor::monthDate(2030, 3)));
+    EXPECT_TRUE(BondAssessor(database).isValidValueOfDate(BondAssessor::monthDate(2027, 3)));
 }
 
-TEST_F(PriceUpdaterTest, FileListedTwiceIsOfferedTwiceAndTheSecondIsRefused)
+// A file listed twice is offered twice; the second time it is found installed and passed over, as
+// when another updater installed it meanwhile.
+TEST_F(PriceUpdaterTest, FileListedTwiceIsInstalledOnce)
 {
     setCatalogue({January, February, February});
     auto updater = makeUpdater();
     check(*updater);
     EXPECT_EQ(updater->availableUpdates(), offered({February, February}));
     installAll(*updater);
-    EXPECT_EQ(recorder.statuses, QStringList({downloading(1, 2), Installing, downloading(2, 2), Optimizing,
-                                              SomeFailed + "\ni-2030-02.bin is already installed"}));
+    EXPECT_EQ(recorder.statuses, QStringList({downloading(1, 2), Installing, downloading(2, 2),
+                                              "i-2027-02.bin is already installed", Optimizing, AllInstalled}));
     EXPECT_EQ(installed(), QStringList({January, February}));
-    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where rmo = 2")), 25 * 12);
-    EXPECT_FALSE(updater->availableUpdates().has_value());
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where rmo = 2 and series = 'I'")), 25 * 12);
+    EXPECT_EQ(updater->availableUpdates(), offered({}));
 }
 
 TEST_F(PriceUpdaterTest, RefusesASecondActionWhileOneRuns)
@@ -286,10 +285,10 @@ TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
     EXPECT_FALSE(updater->availableUpdates().has_value());
     EXPECT_FALSE(updater->updateAvailable());
     EXPECT_EQ(installed(), QStringList({January, February}));
-    EXPECT_EQ(latestMonth(), QStringLiteral("2030-2"));
+    EXPECT_EQ(latestMonth(), QStringLiteral("2027-2"));
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), 2 * 25 * 12);
     ASSERT_EQ(recorder.ranges.size(), 1);
-    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2030, 2));
+    EXPECT_EQ(announced(QBMaximumRedemptionDateKey), BondAssessor::monthDate(2027, 2));
 
     check(*updater);
     EXPECT_EQ(updater->availableUpdates(), offered({broken, March}));
@@ -300,12 +299,12 @@ INSTANTIATE_TEST_SUITE_P(
     Replies, FileFailureTest,
     ::testing::Values(
         ReplyCase{"Missing", Response{404, "no such file"}, "the server answered with status 404"},
-        ReplyCase{"EmptyReply", Response{200, ""}, "broken.bin is empty"},
+        ReplyCase{"EmptyReply", Response{200, ""}, "Download corrupt: broken.bin: it holds no record"},
         ReplyCase{"ClosedWithoutReply", Response{200, "", Behaviour::CloseWithoutReply}, "Connection closed"},
         ReplyCase{"NeverAnswers", Response{200, "", Behaviour::NeverAnswer}, "the server fell silent for 2 seconds"},
-        ReplyCase{"TooLarge", Response{200, priceFile('I', 2030, 4, 2000, 100)}, "the reply is larger than 4096 bytes"},
-        ReplyCase{"ContradictsInstalledRows", Response{200, priceFile('I', 2030, 1, 2000, 25, 2600)},
-                  "broken.bin: series I, issue month 2000-01, redemption month 2030-01: $26.00 differs from the "
+        ReplyCase{"TooLarge", Response{200, priceFile('I', 2027, 4, 2000, 100)}, "the reply is larger than 4096 bytes"},
+        ReplyCase{"ContradictsInstalledRows", Response{200, priceFile('I', 2027, 1, 2000, 25, 2600)},
+                  "broken.bin: series I, issue month 2000-01, redemption month 2027-01: $26.00 differs from the "
                   "installed official value $25.00"}),
     replyCaseName);
 
@@ -313,9 +312,9 @@ INSTANTIATE_TEST_SUITE_P(
 // say) installs what is new and passes over the rest.
 TEST_F(PriceUpdaterTest, RepeatedOfficialRowsPassOver)
 {
-    const QString repeating = QStringLiteral("sb203002.bin");
-    QByteArray file = priceFile('I', 2030, 1, 2000, 25);
-    file += priceFile('N', 2030, 2, 2000, 5);
+    const QString repeating = QStringLiteral("sb202702.bin");
+    QByteArray file = priceFile('I', 2027, 1, 2000, 25);
+    file += priceFile('N', 2027, 2, 2000, 5);
     server.setBody(QStringLiteral("/updates/") + repeating, file);
     setCatalogue({January, repeating});
     auto updater = makeUpdater();
@@ -326,6 +325,90 @@ TEST_F(PriceUpdaterTest, RepeatedOfficialRowsPassOver)
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where series = 'N' and rmo = 2 and value > 0 and iyr < 2005")), 5 * 12);
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value where series = 'I' and rmo = 1")), 25 * 12);
 }
+
+// An entry that would leave the update directory refuses the catalogue, naming the entry; nothing
+// but the catalogue is fetched.
+class CatalogueEntryTest : public PriceUpdaterTest, public ::testing::WithParamInterface<const char *>
+{
+};
+
+TEST_P(CatalogueEntryTest, OutsideTheDirectoryIsRefused)
+{
+    const QString entry = QString::fromUtf8(GetParam());
+    server.setBody(QStringLiteral("/outside/x"), priceFile('I', 2027, 2, 2000, 25));
+    setCatalogue({January, entry});
+    auto updater = makeUpdater();
+    check(*updater);
+    EXPECT_EQ(updater->statusText(), QStringLiteral("Download corrupt; unable to update\nthe entry \"%1\" is not a file of "
+                                                    "the update directory").arg(entry));
+    EXPECT_FALSE(updater->updateAvailable());
+    EXPECT_EQ(server.requestedPaths(), QStringList{Catalogue});
+    EXPECT_EQ(installed(), QStringList{January});
+}
+
+INSTANTIATE_TEST_SUITE_P(Entries, CatalogueEntryTest,
+                         ::testing::Values("../../outside/x", "../outside/x", "/outside/x", "http://other-host/outside/x",
+                                           "//other-host/outside/x", "x?y=1", "sub/x", "..", "%2e%2e/outside/x", "c:x"));
+
+// A download that is no price data file (cut short, empty, foreign) or holds records no source
+// could hold installs nothing, is not recorded, and says why.
+struct CorruptCase
+{
+    const char *name;
+    QByteArray body;
+    const char *why;
+};
+
+class CorruptFileTest : public PriceUpdaterTest, public ::testing::WithParamInterface<CorruptCase>
+{
+};
+
+TEST_P(CorruptFileTest, InstallsNothing)
+{
+    server.setBody(QStringLiteral("/updates/") + February, GetParam().body);
+    setCatalogue({January, February});
+    auto updater = makeUpdater();
+    check(*updater);
+    const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
+    installAll(*updater);
+    EXPECT_EQ(updater->statusText(), SomeFailed + '\n' + QLatin1String(GetParam().why));
+    EXPECT_EQ(installed(), QStringList{January});
+    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), rows);
+}
+
+// Field 0: redemption year, 1: issue year, 2: redemption month, 3: the May value, 4: series.
+PriceRecord withField(PriceRecord r, int field, int value)
+{
+    switch (field) {
+    case 0: r.ryr = quint16(value); break;
+    case 1: r.iyr = quint16(value); break;
+    case 2: r.rmo = quint8(value); break;
+    case 3: r.value[4] = value; break;
+    default: r.series = char(value); break;
+    }
+    return r;
+}
+
+const PriceRecord Good = PriceUpdateTestData::record('I', 2027, 2, 2000, 2600);
+
+INSTANTIATE_TEST_SUITE_P(
+    Downloads, CorruptFileTest,
+    ::testing::Values(
+        CorruptCase{"CutShort", priceFile('I', 2027, 2, 2000, 25).left(1000),
+                    "Download corrupt: i-2027-02.bin: 1000 bytes are not a whole number of 56-byte records"},
+        CorruptCase{"ShortReply", QByteArray(30, 'x'), "Download corrupt: i-2027-02.bin: 30 bytes are not a whole number of 56-byte records"},
+        CorruptCase{"NoRecord", QByteArray(), "Download corrupt: i-2027-02.bin: it holds no record"},
+        CorruptCase{"HtmlPage", QByteArray("<html><body>Maintenance</body></html>").leftJustified(112, ' '),
+                    "i-2027-02.bin: record 1: series code 60 is not E, N, I or S"},
+        CorruptCase{"FarFutureYear", PriceDataFile::encode({Good, withField(Good, 0, 17487)}),
+                    "i-2027-02.bin: record 2: redemption month 17487-2 is out of range"},
+        CorruptCase{"IssuedAfterRedemption", PriceDataFile::encode({withField(Good, 1, 2027), withField(Good, 1, 2028)}),
+                    "i-2027-02.bin: record 2: issue year 2028 is out of range for redemption year 2027"},
+        CorruptCase{"MonthThirteen", PriceDataFile::encode({withField(Good, 2, 13)}), "i-2027-02.bin: record 1: redemption month 2027-13 is out of range"},
+        CorruptCase{"ValueOutOfRange", PriceDataFile::encode({withField(Good, 3, -5)}),
+                    "i-2027-02.bin: record 1: the value -5 of issue month 5 is out of range"},
+        CorruptCase{"UnknownSeries", PriceDataFile::encode({withField(Good, 4, 'X')}), "i-2027-02.bin: record 1: series code 88 is not E, N, I or S"}),
+    [](const auto &info) { return std::string(info.param.name); });
 
 // canPerformUpdate follows the file's (and its folder's) write permission.
 TEST(PriceUpdaterPermissions, CanPerformUpdateOnlyOnAWritableDatabase)

@@ -45,6 +45,7 @@ std::optional<FiscalDataPage> FiscalDataClient::page(const FiscalDataRequest &re
     }
     PriceDataDownloader::Limits limits = m_limits.download;
     limits.maximumBytes = std::max<qint64>(0, m_limits.maximumBytes - m_bytes);
+    limits.totalTimeoutMs = int(std::max<qint64>(1, m_deadline.remainingTime()));
     PriceDataDownloader downloader(limits);
     const std::optional<QByteArray> body =
         downloader.fetch(FiscalDataQuery::pageUrl(m_root, request, number, pageSize, ascending));
@@ -74,6 +75,7 @@ std::optional<FiscalDataClient::Span> FiscalDataClient::available(const QList<Fi
     m_lastError.clear();
     m_bytes = 0;
     m_pages = 0;
+    m_deadline.setRemainingTime(m_limits.download.totalTimeoutMs);
     Span span;
     for (const FiscalDataRequest &request : requests) {
         for (const bool ascending : {true, false}) {
@@ -101,6 +103,7 @@ std::optional<QList<PriceRecord>> FiscalDataClient::fetch(const QList<FiscalData
     m_lastError.clear();
     m_bytes = 0;
     m_pages = 0;
+    m_deadline.setRemainingTime(m_limits.download.totalTimeoutMs);
     QList<PriceRecord> records;
     QHash<quint64, qsizetype> seen;
     int fetched = 0;

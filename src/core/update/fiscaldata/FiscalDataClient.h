@@ -8,6 +8,7 @@
 #include "update/PriceDataFile.h"
 #include "update/fiscaldata/FiscalDataRequest.h"
 
+#include <QDeadlineTimer>
 #include <QList>
 #include <QString>
 #include <QUrl>
@@ -53,6 +54,8 @@ private:
 
     QUrl m_root;
     Limits m_limits;
+    // The download limits' total time bounds all pages of one call together.
+    QDeadlineTimer m_deadline;
     qint64 m_bytes = 0;
     int m_pages = 0;
     QString m_lastError;
