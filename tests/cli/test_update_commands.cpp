@@ -8,9 +8,12 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMap>
+#include <QProcess>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace PriceUpdateTestData;
@@ -173,6 +176,45 @@ TEST(UpdateFromFiscalData, BringsTheMonthsTheDatabaseLacks)
     const auto again = TestSupport::runCli({"update"}, env);
     EXPECT_EQ(again.exitCode, 0);
     EXPECT_TRUE(again.standardOutput.endsWith("Your redemption values are up to date\n")) << again.standardOutput.toStdString();
+}
+
+// Two installations at once: the second waits for the first instead of failing, and one of the
+// same file finds it installed. Meanwhile show never finds the database without its months.
+TEST(ConcurrentInstallations, WaitForEachOtherWhileShowReads)
+{
+    const QString database = buildDatabase(TestSupport::repositorySources({"sb202012.asc", "sb202106.asc"}));
+    QStringList env = QProcess::systemEnvironment();
+    env << environment(database);
+    auto start = [&](const QStringList &arguments) {
+        auto process = std::make_unique<QProcess>();
+        process->setEnvironment(env);
+        process->start(QStringLiteral(QUILLMERE_CLI_PATH), arguments);
+        return process;
+    };
+    const QString december = TestSupport::sourcePath("data/treasury/sb202012.asc");
+    const QString june = TestSupport::sourcePath("data/treasury/sb202106.asc");
+    std::vector<std::unique_ptr<QProcess>> installs;
+    for (const QString &file : {december, june, june})
+        installs.push_back(start({"install-treasury-file", file}));
+    int shows = 0;
+    const QString sample = TestSupport::sourcePath("examples/sample.bondportfolio");
+    while (std::any_of(installs.begin(), installs.end(), [](const auto &p) { return p->state() != QProcess::NotRunning; })) {
+        const auto shown = TestSupport::runCli({"show", sample, "--people", TestSupport::sourcePath("examples/people.vcf")},
+                                               environment(database));
+        EXPECT_EQ(shown.exitCode, 0) << shown.standardError.toStdString();
+        ++shows;
+        QCoreApplication::processEvents();
+    }
+    QStringList outcomes;
+    for (const auto &process : installs) {
+        process->waitForFinished(120000);
+        outcomes << QStringLiteral("%1 %2").arg(process->exitCode()).arg(QString::fromUtf8(process->readAllStandardError()).trimmed());
+    }
+    std::sort(outcomes.begin(), outcomes.end());
+    EXPECT_EQ(outcomes, QStringList({"0 ", "0 ", "1 quillmere-cli: sb202106.asc is already installed"})) << shows << " shows";
+    EXPECT_GT(shows, 0);
+    EXPECT_EQ(queryInt(database, "select count(*) from data_file where name in ('sb202012.asc', 'sb202106.asc')"), 2);
+    expectShippedValues(database);
 }
 
 TEST(InstallTreasuryFile, InstallsANewerFileOnce)

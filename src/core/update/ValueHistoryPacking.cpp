@@ -125,11 +125,16 @@ bool hasEveryTrigger(sqlite3 *db)
 
 bool refresh(sqlite3 *db, QString *error)
 {
-    if (!execute(db, "savepoint pack_histories", error))
+    // On its own, the write lock is taken first: it reads before it writes, and another writer
+    // committing in between would otherwise make it fail instead of wait.
+    const bool outermost = sqlite3_get_autocommit(db) != 0;
+    if (!execute(db, outermost ? "begin immediate" : "savepoint pack_histories", error))
         return false;
     const bool ok = ((RedemptionDatabase::hasTable(db, TableName) && hasEveryTrigger(db))
                      || (DerivedValues::ensureTable(db, error) && execute(db, Schema, error)))
                     && pack(db, changedBonds(db), error);
+    if (outermost)
+        return execute(db, ok ? "commit" : "rollback", ok ? error : nullptr) && ok;
     if (!ok)
         execute(db, "rollback to pack_histories", nullptr);
     execute(db, "release pack_histories", nullptr);
