@@ -11,11 +11,15 @@
 #include <QtDebug>
 #include <algorithm>
 #include <tuple>
+#include "valuation/RedemptionDatabase.h"
+
 #include <sqlite3.h>
 
 namespace OfficialSourceInstaller {
 
 namespace {
+
+using RedemptionDatabase::execute;
 
 using MaturedValueCompletion::recordKey;
 
@@ -229,16 +233,6 @@ void installWithin(sqlite3 *db, const NamedPriceRecords &source, PriceDataInstal
         outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
 }
 
-bool execute(sqlite3 *db, const char *sql, QString *error)
-{
-    char *message = nullptr;
-    if (sqlite3_exec(db, sql, nullptr, nullptr, &message) == SQLITE_OK)
-        return true;
-    if (error)
-        *error = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
-    sqlite3_free(message);
-    return false;
-}
 
 } // namespace
 

@@ -14,6 +14,8 @@ using namespace PackedValueHistories;
 
 namespace {
 
+using RedemptionDatabase::execute;
+
 // The SQL form of key(); unicode() of a one-letter series code is its character code.
 #define QUILLMERE_BOND_KEY(row) \
     "((unicode(" row ".series) << 24) | ((" row ".iyr * 12 + " row ".imo - 1) & 16777215))"
@@ -46,16 +48,6 @@ constexpr const char *Schema =
 #undef QUILLMERE_MARK_CHANGED
 #undef QUILLMERE_BOND_KEY
 
-bool execute(sqlite3 *db, const char *sql, QString *error)
-{
-    char *message = nullptr;
-    if (sqlite3_exec(db, sql, nullptr, nullptr, &message) == SQLITE_OK)
-        return true;
-    if (error)
-        *error = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
-    sqlite3_free(message);
-    return false;
-}
 
 QList<quint32> changedBonds(sqlite3 *db)
 {

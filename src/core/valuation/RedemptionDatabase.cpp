@@ -92,6 +92,17 @@ void configureWriter(sqlite3 *db)
         sqlite3_exec(db, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
 }
 
+bool execute(sqlite3 *db, const char *sql, QString *error)
+{
+    char *message = nullptr;
+    if (sqlite3_exec(db, sql, nullptr, nullptr, &message) == SQLITE_OK)
+        return true;
+    if (error)
+        *error = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
+    sqlite3_free(message);
+    return false;
+}
+
 bool hasTable(sqlite3 *db, const char *name)
 {
     sqlite3_stmt *probe = nullptr;

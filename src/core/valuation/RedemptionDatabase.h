@@ -32,6 +32,9 @@ void configureReader(sqlite3 *db);
 // state while a file is installed.
 void configureWriter(sqlite3 *db);
 
+// Runs statements; on failure *error (if given) receives SQLite's message.
+bool execute(sqlite3 *db, const char *sql, QString *error);
+
 // Whether the database has a table of this name (tables are added as the program grows, so older
 // files lack some).
 bool hasTable(sqlite3 *db, const char *name);

@@ -19,15 +19,8 @@ const char *const BuildSettings = "pragma journal_mode = memory; pragma synchron
 
 namespace {
 
-bool execute(sqlite3 *db, const char *sql, QString *error)
-{
-    char *message = nullptr;
-    if (sqlite3_exec(db, sql, nullptr, nullptr, &message) == SQLITE_OK)
-        return true;
-    *error = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
-    sqlite3_free(message);
-    return false;
-}
+using RedemptionDatabase::execute;
+
 
 // The first column of the first row of a query, as text; empty when there is none.
 QString firstText(sqlite3 *db, const char *sql)
