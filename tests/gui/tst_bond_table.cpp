@@ -149,6 +149,24 @@ private slots:
         }
     }
 
+    // A damaged file's quantity below 1: the row says so, and the totals count it as no bonds.
+    void aQuantityBelowOneIsMarkedAndCountsAsNoBonds()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        const QAbstractItemModel *model = window->bondTable()->model();
+        const HoldingRef odd = model->index(0, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>();
+        qint64 others = 0;
+        for (const HoldingRef &holding : window->portfolio()->holdings())
+            others += holding == odd ? 0 : holding->quantity();
+        odd->setQuantity(-2);
+        QCOMPARE(model->index(0, HoldingColumns::Quantity).data(Qt::ToolTipRole).toString(),
+                 QStringLiteral("quantity below 1: counts as no bonds"));
+        QVERIFY(model->index(1, HoldingColumns::Quantity).data(Qt::ToolTipRole).toString().isEmpty());
+        QTRY_VERIFY2(window->totalsText().startsWith(QStringLiteral("Total of %1 bond(s) shown:").arg(others)),
+                     qPrintable(window->totalsText()));
+        QVERIFY2(!window->totalsText().contains(QLatin1Char('-')), qPrintable(window->totalsText()));
+    }
+
     void tabWalksTheEditableCells_data()
     {
         QTest::addColumn<int>("from");
