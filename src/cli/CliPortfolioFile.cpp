@@ -120,6 +120,8 @@ QString saveFailureText(const QString &path, const PortfolioSaveFailure &failure
     switch (failure.file.failure) {
     case FileWriteFailure::None:
         why = failure.encodeError;
+        if (why.endsWith(u'.'))
+            why.chop(1);
         break;
     case FileWriteFailure::DiskFull:
         why = QStringLiteral("the disk is full");

@@ -53,9 +53,11 @@ void removeStaleCopies(const QString &path)
     const QFileInfo info(path);
     QDir folder = info.absoluteDir();
     const QString prefix = QFileInfo(DocumentFileWriter::temporaryPrefix(path)).fileName();
-    const QStringList stale = folder.entryList({prefix + QLatin1Char('*')}, QDir::Files | QDir::Hidden | QDir::System);
-    for (const QString &name : stale)
-        folder.remove(name);
+    // Compared as text, not as a wildcard pattern: a document's name may hold "[" or "*".
+    const QStringList names = folder.entryList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString &name : names)
+        if (name.startsWith(prefix))
+            folder.remove(name);
 }
 
 } // namespace

@@ -37,7 +37,9 @@ protected:
     QStringList temporaryCopies(const QString &path) const
     {
         const QString prefix = QFileInfo(DocumentFileWriter::temporaryPrefix(path)).fileName();
-        return QFileInfo(path).dir().entryList({prefix + QLatin1Char('*')}, QDir::Files | QDir::Hidden);
+        QStringList copies = QFileInfo(path).dir().entryList(QDir::Files | QDir::Hidden);
+        copies.removeIf([&](const QString &name) { return !name.startsWith(prefix); });
+        return copies;
     }
     void expectRefusedAndKept(const QString &path, const QByteArray &before, FileWriteFailure expected)
     {
@@ -114,8 +116,8 @@ TEST_F(PortfolioSaveFailure_, ReadOnlyFolder)
 
 TEST_F(PortfolioSaveFailure_, NextGoodSaveRemovesStaleCopiesOfThatDocumentOnly)
 {
-    const QString path = folder + QStringLiteral("/mine.bondportfolio");
-    const QString other = folder + QStringLiteral("/other.bondportfolio");
+    const QString path = folder + QStringLiteral("/mine[1].bondportfolio");
+    const QString other = folder + QStringLiteral("/mine1.bondportfolio");
     const QByteArray before = saveThenEdit(path);
     // What a save killed before its rename leaves behind.
     const QString stale = DocumentFileWriter::temporaryPrefix(path) + QStringLiteral("a1b2c3");
