@@ -30,9 +30,9 @@ QString generatedPortfolio(int holdings)
     if (made.contains(holdings))
         return made.value(holdings);
     const QString path = DatabaseLayouts::scratchFile(QStringLiteral("generated-%1.bondportfolio").arg(holdings));
-    QString error;
-    if (!PortfolioGenerator::make(holdings)->saveToFile(path, &error))
-        qFatal("%s", qPrintable(error));
+    if (PortfolioSaveFailure failure; !PortfolioGenerator::make(holdings)->saveToFile(path, &failure))
+        qFatal("cannot save %s: %s", qPrintable(path),
+               qPrintable(failure.encodeError.isEmpty() ? qt_error_string(failure.file.systemError) : failure.encodeError));
     made.insert(holdings, path);
     return path;
 }

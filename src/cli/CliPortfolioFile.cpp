@@ -113,3 +113,29 @@ std::unique_ptr<BondPortfolio> openValuedPortfolio(const QString &path, const QC
                  << "that holds them with --people FILE)\n";
     return portfolio;
 }
+
+QString saveFailureText(const QString &path, const PortfolioSaveFailure &failure)
+{
+    QString why;
+    switch (failure.file.failure) {
+    case FileWriteFailure::None:
+        why = failure.encodeError;
+        if (why.endsWith(u'.'))
+            why.chop(1);
+        break;
+    case FileWriteFailure::DiskFull:
+        why = QStringLiteral("the disk is full");
+        break;
+    case FileWriteFailure::PermissionDenied:
+        why = QStringLiteral("permission denied");
+        break;
+    case FileWriteFailure::ReadOnlyFileSystem:
+        why = QStringLiteral("read-only file system");
+        break;
+    case FileWriteFailure::Other:
+        why = qt_error_string(failure.file.systemError);
+        break;
+    }
+    const QString kept = QFileInfo::exists(path) ? QStringLiteral("; the file is unchanged") : QString();
+    return QStringLiteral("%1: cannot save the portfolio: %2%3").arg(path, why, kept);
+}

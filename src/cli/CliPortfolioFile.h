@@ -22,6 +22,8 @@ QCommandLineOption peopleFileOption();
 // command: --people, else QUILLMERE_PEOPLE, else a people.vcf beside the portfolio (how examples
 // travel), else the user's own.
 QString peopleFilePath(const QCommandLineParser &parser, const QCommandLineOption &option, const QString &portfolioPath);
+// "PATH: cannot save the portfolio: the disk is full" and the like.
+QString saveFailureText(const QString &path, const PortfolioSaveFailure &failure);
 // "N people named in FILE are not in PEOPLE", or empty when the store knew everyone the file names.
 QString missingPeopleText(const BondPortfolio &portfolio);
 

@@ -69,6 +69,8 @@ QString text(const BondPortfolio &portfolio)
         const QString why = remarkText(h);
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
+        if (h.hasQuantityBelowOne())
+            registration = QStringLiteral("[quantity below 1: counts as no bonds] %1").arg(registration);
         remarks.insert(why);
         if (const QString note = HoldingNotes::noPricingData(h); !note.isEmpty() && !missing.contains(note))
             missing << note;
@@ -109,6 +111,7 @@ QByteArray json(const BondPortfolio &portfolio)
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
             {"quantity", h.quantity()},
+            {"countsAsNoBonds", h.hasQuantityBelowOne()},
             {"issueDate", h.issueDate().isValid() ? QJsonValue(monthKey(h.issueDate())) : QJsonValue()},
             {"faceValue", h.faceValue()},
             {"paper", h.isPaper()},

@@ -58,8 +58,8 @@ int run(const QStringList &arguments)
     const CsvImportOutcome outcome = PortfolioCsvImport::importCSVFileAtPath(*portfolio, paths.at(1), format);
     if (!outcome.succeeded)
         return cliFail(QStringLiteral("%1: %2 (%3)").arg(outcome.title, outcome.message, outcome.detail));
-    if (!portfolio->saveToFile(paths.at(0), &error))
-        return cliFail(QStringLiteral("%1: cannot save the portfolio: %2").arg(paths.at(0), error));
+    if (PortfolioSaveFailure failure; !portfolio->saveToFile(paths.at(0), &failure))
+        return cliFail(saveFailureText(paths.at(0), failure));
     cliOut() << outcome.title << ": " << outcome.message << '\n';
     if (creating)
         cliOut() << "Created " << paths.at(0) << '\n';

@@ -1,5 +1,6 @@
 // quillmere-cli make-sample: writes the example portfolio and the people file that names its people.
 #include "CliCommand.h"
+#include "CliPortfolioFile.h"
 #include "document/BondPortfolio.h"
 #include "model/PeopleStore.h"
 
@@ -104,8 +105,8 @@ int run(const QStringList &arguments)
     }
     portfolio.setHoldings(holdings);
     const QString portfolioFile = folder.filePath(QStringLiteral("sample.") + QLatin1String(PortfolioFile::Extension));
-    if (!portfolio.saveToFile(portfolioFile, &error))
-        return cliFail(error);
+    if (PortfolioSaveFailure failure; !portfolio.saveToFile(portfolioFile, &failure))
+        return cliFail(saveFailureText(portfolioFile, failure));
     cliOut() << "Wrote " << portfolioFile << " and " << peopleFile << Qt::endl;
     return 0;
 }

@@ -81,6 +81,8 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
         }
         return {};
     case Qt::ToolTipRole:
+        if (column == Quantity && holding.hasQuantityBelowOne())
+            return tr("quantity below 1: counts as no bonds");
         if (column == Value || column == InterestEarned)
             return HoldingExplanations::valueTip(holding);
         return {};

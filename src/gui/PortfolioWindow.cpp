@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -206,13 +207,7 @@ bool PortfolioWindow::save()
         return saveAs();
     if (!confirmSaveWithoutMissingPeople())
         return false;
-    QString error;
-    if (!m_portfolio->saveToFile(m_portfolio->fileName(), &error)) {
-        QApplication::beep();
-        Alerts::warn(this, tr("The portfolio could not be saved"), error);
-        return false;
-    }
-    return true;
+    return saveTo(m_portfolio->fileName());
 }
 
 bool PortfolioWindow::saveAs(const QString &given)
@@ -232,14 +227,43 @@ bool PortfolioWindow::saveAs(const QString &given)
         if (QFileInfo(path).suffix().isEmpty())
             path += QLatin1Char('.') + extension;
     }
-    QString error;
-    if (!m_portfolio->saveToFile(path, &error)) {
-        QApplication::beep();
-        Alerts::warn(this, tr("The portfolio could not be saved"), error);
+    if (!saveTo(path))
         return false;
-    }
     DocumentManager::instance().noteRecentFile(path);
     return true;
+}
+
+bool PortfolioWindow::saveTo(const QString &path)
+{
+    PortfolioSaveFailure failure;
+    if (m_portfolio->saveToFile(path, &failure))
+        return true;
+    QString why;
+    switch (failure.file.failure) {
+    case FileWriteFailure::None:
+        why = failure.encodeError;
+        if (why.endsWith(QLatin1Char('.')))
+            why.chop(1);
+        break;
+    case FileWriteFailure::DiskFull:
+        why = tr("the disk is full");
+        break;
+    case FileWriteFailure::PermissionDenied:
+        why = tr("permission denied");
+        break;
+    case FileWriteFailure::ReadOnlyFileSystem:
+        why = tr("read-only file system");
+        break;
+    case FileWriteFailure::Other:
+        why = qt_error_string(failure.file.systemError);
+        break;
+    }
+    QString message = tr("Could not save the portfolio to %1: %2.").arg(QDir::toNativeSeparators(path), why);
+    if (QFileInfo::exists(path))
+        message += QLatin1Char(' ') + tr("The file on disk is unchanged.");
+    QApplication::beep();
+    Alerts::warn(this, tr("The portfolio could not be saved"), message);
+    return false;
 }
 
 void PortfolioWindow::revertToSaved()

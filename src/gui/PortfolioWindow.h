@@ -103,6 +103,8 @@ private:
     void addPeople();
     // In PortfolioWindowExchange.cpp.
     bool confirmSaveWithoutMissingPeople();
+    // Saves to path; on failure beeps and says why in an alert.
+    bool saveTo(const QString &path);
     // In PortfolioWindowPrinting.cpp: false, with a beep, when the page holds no band.
     bool printOn(QPrinter &printer);
     void scheduleTotals();

@@ -247,7 +247,9 @@ void PortfolioWindow::createToolbar()
     m_picker->setObjectName(QStringLiteral("Value As Of Date Toolbar Item Identifier"));
     m_picker->setToolTip(item->toolTip());
     m_picker->setFixedSize(80, 32);
-    m_picker->setLimits(m_portfolio->assessor().minimumRedemptionDate(), m_portfolio->assessor().maximumRedemptionDate());
+    m_picker->followRange([portfolio = m_portfolio.get()] {
+        return std::pair{portfolio->assessor().minimumRedemptionDate(), portfolio->assessor().maximumRedemptionDate()};
+    });
     m_picker->showMonth(m_portfolio->valueOfDate());
     auto *label = new QLabel(tr("Value as of"), item);
     label->setAlignment(Qt::AlignCenter);

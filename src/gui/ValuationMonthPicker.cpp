@@ -3,6 +3,8 @@
 #include "update/RedemptionDateRangeNotifier.h"
 #include "valuation/BondAssessor.h"
 
+#include <QGuiApplication>
+
 ValuationMonthPicker::ValuationMonthPicker(QWidget *parent)
     : QDateEdit(parent)
 {
@@ -13,6 +15,11 @@ ValuationMonthPicker::ValuationMonthPicker(QWidget *parent)
     connect(this, &QDateEdit::dateChanged, this, [this](QDate date) {
         if (!m_showing)
             emit monthPicked(BondAssessor::monthDate(date.year(), date.month()));
+    });
+    connect(&m_rangeCheck, &QTimer::timeout, this, &ValuationMonthPicker::checkRange);
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive)
+            checkRange();
     });
     connect(RedemptionDateRangeNotifier::instance(), &RedemptionDateRangeNotifier::redemptionDateRangeDidChange,
             this, [this](const QObject *, const QVariantMap &userInfo) { redemptionDateRangeDidChange(userInfo); });
@@ -26,6 +33,25 @@ void ValuationMonthPicker::setLimits(const QDateTime &earliest, const QDateTime 
     if (earliest.isValid())
         setMinimumDate(QDate(earliest.date().year(), earliest.date().month(), 1));
     m_showing = false;
+}
+
+void ValuationMonthPicker::followRange(RangeSource source)
+{
+    m_rangeSource = std::move(source);
+    m_range = m_rangeSource();
+    setLimits(m_range.first, m_range.second);
+    m_rangeCheck.start(RangeCheckInterval);
+}
+
+void ValuationMonthPicker::checkRange()
+{
+    if (!m_rangeSource)
+        return;
+    const std::pair<QDateTime, QDateTime> range = m_rangeSource();
+    if (range == m_range)
+        return;
+    m_range = range;
+    setLimits(range.first, range.second);
 }
 
 void ValuationMonthPicker::showMonth(const QDateTime &month)

@@ -39,7 +39,7 @@ ValueChartDialog::ValueChartDialog(const BondPortfolio &portfolio, HoldingRef ho
     const int valuation = MonthIndex::of(portfolio.valueOfDate());
     qreal top = 0;
     for (int month = first; first != MonthIndex::None && month <= last; ++month) {
-        const Pennies value = holding->absoluteValueAsOfMonth(month) * holding->quantity();
+        const Pennies value = holding->absoluteValueAsOfMonth(month) * holding->countedQuantity();
         // Months without a price (not yet redeemable, or missing data) are left out, not drawn as 0.
         if (value <= 0)
             continue;

@@ -3,6 +3,8 @@
 // never sold.
 #include "../core/QtPrinters.h"
 #include "TestSupport.h"
+#include "document/BondPortfolio.h"
+#include "model/PeopleStore.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -233,6 +235,32 @@ TEST(CliShow, MarksComputedHoldings)
             computed << holding.toObject().value("issueDate").toString();
     }
     EXPECT_EQ(computed, QStringList({"1990-01", "2005-05", "1980-06", "1967-05"}));
+}
+
+// A quantity below 1 (from a damaged file or another program) is marked and counts as no bonds.
+TEST(CliShow, MarksAQuantityBelowOneAndLeavesItOutOfTheTotals)
+{
+    const QString portfolio = TestSupport::temporaryDirectory() + QStringLiteral("/odd.bondportfolio");
+    PeopleStore people(shipped().constLast().section(u'=', 1));
+    BondPortfolio odd(&people, shipped().constFirst().section(u'=', 1));
+    ASSERT_TRUE(odd.readFromFile(sample()));
+    const qint64 left = odd.holdings().at(0)->quantity();
+    odd.holdings().at(0)->setQuantity(-2);
+    ASSERT_TRUE(odd.saveToFile(portfolio));
+
+    const auto text = TestSupport::runCli({"show", portfolio, "--as-of", "2021-11"}, shipped());
+    ASSERT_EQ(text.exitCode, 0) << text.standardError.toStdString();
+    EXPECT_EQ(text.standardOutput.count("[quantity below 1: counts as no bonds]"), 1) << text.standardOutput.toStdString();
+    const auto json = TestSupport::runCli({"show", portfolio, "--as-of", "2021-11", "--json"}, shipped());
+    const QJsonObject root = QJsonDocument::fromJson(json.standardOutput).object();
+    const QJsonArray holdings = root.value("holdings").toArray();
+    EXPECT_TRUE(holdings.at(0).toObject().value("countsAsNoBonds").toBool());
+    EXPECT_FALSE(holdings.at(1).toObject().value("countsAsNoBonds").toBool(true));
+    EXPECT_EQ(holdings.at(0).toObject().value("value").toInteger(-1), 0);
+    const QJsonObject totals = root.value("totals").toObject();
+    EXPECT_EQ(totals.value("quantity").toInteger(), 13 - left);
+    for (const char *key : {"faceValue", "issuePrice", "interestEarned", "value"})
+        EXPECT_GT(totals.value(key).toInteger(-1), 0) << key;
 }
 
 TEST(CliShow, RefusesWhatItCannotShow)

@@ -1,5 +1,7 @@
 #include "../core/exchange/ExchangeFixture.h"
 
+#include "ScratchMount.h"
+
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -63,6 +65,28 @@ TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)
     }
     EXPECT_EQ(contents(emptyPortfolio), before);
     EXPECT_FALSE(QFile::exists(x));
+}
+
+// A full disk and a read-only one, for real: the system's reason in words, the old file kept.
+TEST_F(ExchangeCommands, ImportThatCannotSaveSaysWhy)
+{
+    ScratchMount disk(dir + QStringLiteral("/disk"), 64);
+    if (!disk.mounted())
+        GTEST_SKIP() << disk.reason();
+    const QString csv = write(dir + QStringLiteral("/wizard.csv"), WizardCsv);
+    const QString onDisk = disk.path(QStringLiteral("bonds.bondportfolio"));
+    ASSERT_TRUE(portfolio->saveToFile(onDisk));
+    const QByteArray before = contents(onDisk);
+    disk.fill();
+    const auto full = run({"import-csv", onDisk, csv, "--format", "wizard"});
+    EXPECT_NE(full.exitCode, 0);
+    EXPECT_TRUE(full.standardError.contains(": cannot save the portfolio: the disk is full; the file is unchanged\n"))
+        << full.standardError.toStdString();
+    ASSERT_TRUE(disk.makeReadOnly());
+    const auto frozen = run({"import-csv", onDisk, csv, "--format", "wizard"});
+    EXPECT_TRUE(frozen.standardError.contains(": cannot save the portfolio: read-only file system"))
+        << frozen.standardError.toStdString();
+    EXPECT_EQ(contents(onDisk), before);
 }
 
 // Every command finds a portfolio's people as show does; a saving command refuses to drop those

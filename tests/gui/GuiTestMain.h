@@ -30,6 +30,12 @@ inline QString writeFile(const QString &name, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size() ? file.fileName() : QString();
 }
 
+inline QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 inline QString samplePath()
 {
     return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio");

@@ -149,6 +149,61 @@ private slots:
         }
     }
 
+    // Another process installs a later month and sends this one no notice: the picker follows
+    // within its periodic check, or at once when the application becomes active again.
+    void thePickerFollowsAnotherProcessesInstallation_data()
+    {
+        QTest::addColumn<bool>("activate");
+        QTest::newRow("periodic check") << false;
+        QTest::newRow("application activated") << true;
+    }
+    void thePickerFollowsAnotherProcessesInstallation()
+    {
+        QFETCH(bool, activate);
+        const QString path = GuiTest::path(activate ? QStringLiteral("later-a.bvdb") : QStringLiteral("later-b.bvdb"));
+        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path));
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        PortfolioWindow window(new BondPortfolio(nullptr, path));
+        window.show();
+        ValuationMonthPicker *picker = window.valuationPicker();
+        const QDate latest = picker->maximumDate(), later = latest.addMonths(1);
+        sqlite3 *db = nullptr;
+        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
+        const QByteArray install = QStringLiteral(
+            "begin immediate; insert into bond_value select series, %1, %2, iyr, imo, value from bond_value where ryr = %3 "
+            "and rmo = %4; delete from max_rdate; insert into max_rdate values (%1, %2); commit;")
+            .arg(later.year()).arg(later.month()).arg(latest.year()).arg(latest.month()).toUtf8();
+        QCOMPARE(sqlite3_exec(db, install.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(db);
+        QCOMPARE(picker->maximumDate(), latest);
+        if (activate) {
+            emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
+            QCOMPARE(picker->maximumDate(), later);
+        } else {
+            QTRY_COMPARE_WITH_TIMEOUT(picker->maximumDate(), later, 3 * ValuationMonthPicker::RangeCheckInterval);
+        }
+        picker->setDate(later);
+        QCOMPARE(window.portfolio()->valueOfDate().date(), later);
+    }
+
+    // A damaged file's quantity below 1: the row says so, and the totals count it as no bonds.
+    void aQuantityBelowOneIsMarkedAndCountsAsNoBonds()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        const QAbstractItemModel *model = window->bondTable()->model();
+        const HoldingRef odd = model->index(0, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>();
+        qint64 others = 0;
+        for (const HoldingRef &holding : window->portfolio()->holdings())
+            others += holding == odd ? 0 : holding->quantity();
+        odd->setQuantity(-2);
+        QCOMPARE(model->index(0, HoldingColumns::Quantity).data(Qt::ToolTipRole).toString(),
+                 QStringLiteral("quantity below 1: counts as no bonds"));
+        QVERIFY(model->index(1, HoldingColumns::Quantity).data(Qt::ToolTipRole).toString().isEmpty());
+        QTRY_VERIFY2(window->totalsText().startsWith(QStringLiteral("Total of %1 bond(s) shown:").arg(others)),
+                     qPrintable(window->totalsText()));
+        QVERIFY2(!window->totalsText().contains(QLatin1Char('-')), qPrintable(window->totalsText()));
+    }
+
     void tabWalksTheEditableCells_data()
     {
         QTest::addColumn<int>("from");

@@ -5,6 +5,7 @@
 #include "HoldingColumns.h"
 #include "HoldingsTableModel.h"
 #include "ValuationMonthPicker.h"
+#include "document/DocumentFileWriter.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -12,6 +13,8 @@
 #include <QMimeData>
 #include <QTimer>
 #include <QUndoStack>
+
+#include <cerrno>
 
 using Id = PortfolioWindow::ActionId;
 
@@ -300,6 +303,34 @@ private slots:
             QTRY_VERIFY(guard.isNull());
         else
             QVERIFY(window->isVisible());
+    }
+
+    // The save alert gives the system's reason, and the file on disk stays as it was.
+    void aFailedSaveSaysWhy_data()
+    {
+        QTest::addColumn<int>("systemError");
+        QTest::addColumn<QString>("why");
+        QTest::newRow("full disk") << int(ENOSPC) << QStringLiteral("the disk is full");
+        QTest::newRow("permission") << int(EACCES) << QStringLiteral("permission denied");
+        QTest::newRow("read-only") << int(EROFS) << QStringLiteral("read-only file system");
+    }
+    void aFailedSaveSaysWhy()
+    {
+        QFETCH(int, systemError);
+        QFETCH(QString, why);
+        PortfolioWindow *window = GuiTest::openSample();
+        const QString path = GuiTest::path(QStringLiteral("failing.bondportfolio"));
+        QVERIFY(window->saveAs(path));
+        const QByteArray before = GuiTest::readFile(path);
+        window->portfolio()->holdings().at(0)->setQuantity(5);
+        DocumentFileWriter::failWritesForTesting(systemError);
+        const bool saved = window->save();
+        DocumentFileWriter::failWritesForTesting(0);
+        QVERIFY(!saved);
+        QCOMPARE(GuiTest::alertTexts(window),
+                 QStringList{QStringLiteral("Could not save the portfolio to %1: %2. The file on disk is unchanged.").arg(path, why)});
+        QCOMPARE(GuiTest::readFile(path), before);
+        QVERIFY(window->portfolio()->isEdited());
     }
 
     void filesOpenOnceAndWhatIsNoPortfolioIsRefused()

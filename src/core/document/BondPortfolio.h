@@ -5,6 +5,7 @@
 // The document observes the holdings and people it holds and records the inverse of every change
 // on its undo stack ("Edit", "Insert Holding", "Delete Holding", "Edit People"); the edited state
 // follows the stack's clean state. No widgets: windows and the command line use the same object.
+#include "document/DocumentFileWriter.h"
 #include "model/Holding.h"
 #include "model/Money.h"
 #include "model/Person.h"
@@ -27,6 +28,14 @@ class PeopleStore;
 class PortfolioRecorder;
 class QUndoStack;
 class Series;
+
+// Why a save failed: the portfolio could not be encoded (encodeError, a sentence of the
+// encoder), or its file could not be written (file).
+struct PortfolioSaveFailure
+{
+    QString encodeError;
+    FileWriteResult file;
+};
 
 struct InterestSummaryRow
 {
@@ -140,7 +149,7 @@ public:
     // anything it cannot decode, leaving the document as it was. Clears the undo history.
     bool loadDataRepresentation(const QByteArray &data, QString *error = nullptr);
     // Atomic: the old file stays whole when writing fails. Marks the document saved.
-    bool saveToFile(const QString &path, QString *error = nullptr);
+    bool saveToFile(const QString &path, PortfolioSaveFailure *failure = nullptr);
     bool readFromFile(const QString &path, QString *error = nullptr);
 
 signals:

@@ -5,7 +5,6 @@
 #include "document/PortfolioArchive.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QUndoStack>
 
 namespace {
@@ -55,15 +54,19 @@ bool BondPortfolio::loadDataRepresentation(const QByteArray &data, QString *erro
     return true;
 }
 
-bool BondPortfolio::saveToFile(const QString &path, QString *error)
+bool BondPortfolio::saveToFile(const QString &path, PortfolioSaveFailure *failure)
 {
-    const QByteArray data = dataRepresentation(QString::fromLatin1(PortfolioFile::TypeName), error);
-    if (data.isEmpty())
+    PortfolioSaveFailure result;
+    const QByteArray data = dataRepresentation(QString::fromLatin1(PortfolioFile::TypeName), &result.encodeError);
+    if (data.isEmpty()) {
+        if (failure)
+            *failure = result;
         return false;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
-        if (error)
-            *error = QStringLiteral("Could not save the portfolio to %1: %2").arg(path, file.errorString());
+    }
+    result.file = DocumentFileWriter::replaceFile(path, data);
+    if (!result.file.ok()) {
+        if (failure)
+            *failure = result;
         return false;
     }
     setFileName(path);

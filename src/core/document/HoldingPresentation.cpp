@@ -41,11 +41,12 @@ QString percentText(float rate)
 
 void HoldingTotals::add(const Holding &holding)
 {
-    quantity += holding.quantity();
+    const qint64 bonds = holding.countedQuantity();
+    quantity += bonds;
     if (lacksPricingData(holding.status()))
-        withoutPricingData += holding.quantity();
-    faceValue += holding.faceValue() * holding.quantity();
-    issuePrice += holding.issuePrice() * holding.quantity();
+        withoutPricingData += bonds;
+    faceValue += holding.faceValue() * bonds;
+    issuePrice += holding.issuePrice() * bonds;
     interestEarned += holding.interestEarned();
     value += holding.value();
 }

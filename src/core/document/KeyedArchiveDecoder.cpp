@@ -10,6 +10,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <unordered_map>
@@ -215,6 +216,12 @@ private:
             }
         } else {
             result.hierarchy = {result.name};
+        }
+        // Such a name could not be written back: the copy would name no class at all.
+        if (result.name.contains(QChar(0))
+            || std::any_of(result.hierarchy.cbegin(), result.hierarchy.cend(), [](const QString &n) { return n.contains(QChar(0)); })) {
+            fail(damaged(QStringLiteral("the class of object %1 has a name with a null character").arg(uid)));
+            return nullptr;
         }
         return &m_classes.emplace(classUid, std::move(result)).first->second;
     }

@@ -110,36 +110,45 @@ public:
         return true;
     }
 
+    enum class Text { NotText, Clean, OneByteWithNull, TwoByteWithNull, Broken };
+
     // libplist aborts the whole program on a dictionary key with a null character in it, so
     // such keys must never reach it.
     bool keyIsUsable(quint64 index) const
     {
+        const Text text = textAt(index);
+        return text == Text::NotText || text == Text::Clean; // not text: libplist refuses it by itself
+    }
+
+    // Whether the object is a text, and whether it holds a null character.
+    Text textAt(quint64 index) const
+    {
         quint64 offset = 0;
         if (!readNumber(m_tableOffset + qint64(index) * m_offsetWidth, m_offsetWidth, &offset)
             || offset < HeaderSize || offset >= quint64(m_tableOffset))
-            return false;
+            return Text::Broken;
         const int kind = m_bytes[offset] >> 4;
         if (kind != 0x5 && kind != 0x6)
-            return true; // not text; libplist refuses it as a key by itself
+            return Text::NotText;
         quint64 length = m_bytes[offset] & 0x0F;
         qint64 start = qint64(offset) + 1;
         if (length == 0x0F) {
             if (start >= m_tableOffset || (m_bytes[start] >> 4) != 0x1)
-                return false;
+                return Text::Broken;
             const int width = 1 << (m_bytes[start] & 0x0F);
             if (width > 8 || !readNumber(start + 1, width, &length))
-                return false;
+                return Text::Broken;
             start += 1 + width;
         }
         const int unit = kind == 0x6 ? 2 : 1;
         if (length > quint64(m_tableOffset - start) / unit)
-            return false;
+            return Text::Broken;
         for (qint64 i = 0; i < qint64(length); ++i) {
             const uchar *character = m_bytes + start + i * unit;
             if (character[0] == 0 && (unit == 1 || character[1] == 0))
-                return false;
+                return unit == 1 ? Text::OneByteWithNull : Text::TwoByteWithNull;
         }
-        return true;
+        return Text::Clean;
     }
 
 private:
@@ -204,6 +213,12 @@ bool checkBinary(const QByteArray &data, int maximumDepth, qint64 maximumNodes, 
             return false;
         }
         if (references == 0) {
+            // libplist cuts a one-byte text at its first null without a word; the decoder sees
+            // the two-byte ones whole and refuses them itself.
+            if (layout.textAt(index) == BinaryLayout::Text::OneByteWithNull) {
+                setProblem(problem, QStringLiteral("it holds a text with a null character"));
+                return false;
+            }
             state[index] = Done;
             weight[index] = 1;
             height[index] = 1;

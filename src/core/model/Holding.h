@@ -80,6 +80,11 @@ public:
     void setSeries(const Series *series);
     qint32 quantity() const { return m_quantity; }
     void setQuantity(qint32 quantity);
+    // A damaged file, or another program, may carry a quantity below 1. Such a holding counts as
+    // no bonds in every figure and total (so none goes negative); the window and the command line
+    // mark it.
+    bool hasQuantityBelowOne() const { return m_quantity < 1; }
+    qint64 countedQuantity() const { return m_quantity < 1 ? 0 : m_quantity; }
     Pennies faceValue() const { return m_faceValue; }
     void setFaceValue(Pennies faceValue);
     QDateTime issueDate() const { return m_issueDate; } // invalid: none

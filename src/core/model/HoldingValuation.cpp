@@ -81,13 +81,13 @@ qint64 Holding::rawValueAsOfValuationDate() const
 
 Pennies Holding::value() const
 {
-    return absoluteValueAsOfMonth(valuationMonth()) * static_cast<qint64>(m_quantity);
+    return absoluteValueAsOfMonth(valuationMonth()) * countedQuantity();
 }
 
 Pennies Holding::cumulativeInterestEarnedAsOfMonth(int month) const
 {
-    const Pennies cost = issuePrice() * static_cast<qint64>(m_quantity);
-    const Pennies worth = absoluteValueAsOfMonth(month) * static_cast<qint64>(m_quantity);
+    const Pennies cost = issuePrice() * countedQuantity();
+    const Pennies worth = absoluteValueAsOfMonth(month) * countedQuantity();
     return cost < worth ? worth - cost : 0;
 }
 
@@ -104,7 +104,7 @@ void Holding::addCumulativeInterestByDecember(int fromYear, int toYear, Pennies 
     // One history and one cost for every year: the same figures as asking year by year.
     const ValueHistory &values = reader->history(series(), issueMonth());
     const int factor = pricingCorrectionFactor();
-    const qint64 quantity = m_quantity;
+    const qint64 quantity = countedQuantity();
     const Pennies cost = issuePrice() * quantity;
     for (int year = toYear; year >= fromYear; --year) {
         const qint64 perBond = BondAssessor::scaled(BondAssessor::adjusted(values.at(MonthIndex::of(year, 12)), factor),
@@ -186,10 +186,10 @@ float Holding::currentYield() const
 
 float Holding::compoundAnnualGrowthRate() const
 {
-    if (m_quantity == 0)
+    if (countedQuantity() == 0)
         return 0.0f;
     const Pennies price = issuePrice();
-    const Pennies perBond = value() / static_cast<qint64>(m_quantity);
+    const Pennies perBond = value() / countedQuantity();
     const float years = static_cast<float>(monthsHeld()) / 12.0f;
     if (price <= 0 || perBond <= 0)
         return 0.0f;

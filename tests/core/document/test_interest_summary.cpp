@@ -2,8 +2,11 @@
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
 #include "document/BondPortfolio.h"
+#include "document/HoldingPresentation.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace {
 
@@ -99,5 +102,49 @@ TEST_F(InterestSummary, ValuationDateIsValidatedAndDefaultsToTheLatestMonth)
     EXPECT_EQ(error.domain, QStringLiteral("ValueOfDate"));
     EXPECT_EQ(error.message, QStringLiteral("No pricing data available for bonds with that valuation date"));
 }
+
+// A holding whose quantity is below 1 (from a damaged file, or another program) still opens and
+// counts as no bonds: every total is that of the other holdings alone, and none goes negative.
+class QuantityBelowOne : public InterestSummary, public ::testing::WithParamInterface<qint32>
+{
+};
+
+TEST_P(QuantityBelowOne, CountsAsNoBondsInEveryTotal)
+{
+    ValueTable values;
+    values.add("E", 2001, 12, 2001, 1, 1900).add("E", 2002, 12, 2001, 1, 2000);
+    const QString database = values.finish();
+    BondPortfolio portfolio(&people.store, database);
+    portfolio.setValueOfDate(BondAssessor::monthDate(2002, 12));
+    const HoldingRef sound = add(portfolio, "E", 2001, 1);
+    const Rows summary = portfolio.interestSummary();
+    const HoldingTotals alone = HoldingTotals::of(portfolio, portfolio.holdings());
+
+    const HoldingRef odd = add(portfolio, "E", 2001, 1);
+    odd->setQuantity(GetParam());
+    BondPortfolio opened(&people.store, database);
+    ASSERT_TRUE(opened.loadDataRepresentation(portfolio.dataRepresentation()));
+    opened.setValueOfDate(BondAssessor::monthDate(2002, 12));
+    for (BondPortfolio *each : {&portfolio, &opened}) {
+        const Holding &h = *each->holdings().at(1);
+        EXPECT_EQ(h.quantity(), GetParam());
+        EXPECT_TRUE(h.hasQuantityBelowOne());
+        EXPECT_EQ(h.value(), 0);
+        EXPECT_EQ(h.interestEarned(), 0);
+        EXPECT_EQ(h.compoundAnnualGrowthRate(), 0.0f);
+        EXPECT_EQ(each->interestSummary(), summary);
+        const HoldingTotals totals = HoldingTotals::of(*each, each->holdings());
+        EXPECT_EQ(totals.quantity, alone.quantity);
+        EXPECT_EQ(totals.faceValue, alone.faceValue);
+        EXPECT_EQ(totals.issuePrice, alone.issuePrice);
+        EXPECT_EQ(totals.interestEarned, alone.interestEarned);
+        EXPECT_EQ(totals.value, alone.value);
+    }
+    EXPECT_EQ(alone.quantity, 1);
+    EXPECT_GT(alone.value, 0);
+    EXPECT_FALSE(sound->hasQuantityBelowOne());
+}
+
+INSTANTIATE_TEST_SUITE_P(Quantities, QuantityBelowOne, ::testing::Values(0, -1, -3, std::numeric_limits<qint32>::min()));
 
 } // namespace

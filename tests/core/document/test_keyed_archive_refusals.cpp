@@ -236,6 +236,15 @@ TEST(KeyedArchiveRefusal, DamagedOrHostileFilesAreRefused)
         // Both in the two-byte form libplist keeps whole; the key one would abort libplist itself.
         {"dictionary key with a null character", soundArchivePatched(QByteArray("r\0\xef", 3), QByteArray("r\0\0", 3)), "dictionary key"},
         {"text with a null character", soundArchivePatched(QByteArray("C\0\xe9", 3), QByteArray("C\0\0", 3)), "null character"},
+        // libplist would cut this one-byte text at its null without a word: "Q1".
+        {"one-byte text with a null character", soundArchiveWith([](plist_t a) {
+             plist_array_set_item(plist_dict_get_item(a, "$objects"), plist_new_string("Q1x00"), 4); }).replace("Q1x00", QByteArray("Q1\0" "00", 5)),
+         "it holds a text with a null character"},
+        // Read, it would be written back with no class name at all.
+        {"class name with a null character", soundArchiveWith([](plist_t a) {
+             plist_array_set_item(plist_dict_get_item(a, "$objects"), classDictionary({"H\u00e9"}), 6); })
+             .replace(QByteArray("\0H\0\xe9", 4), QByteArray("\0\0\0\xe9", 4)),
+         "the class of object 2 has a name with a null character"},
         {"object with 101 entries", soundArchiveWith([](plist_t a) { for (int i = 0; i < 97; ++i) setField(a, 2, QByteArray::number(i).constData(), plist_new_bool(1)); }), "more than 100 entries"},
     };
     for (const auto &testCase : cases) {

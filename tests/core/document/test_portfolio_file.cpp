@@ -61,7 +61,7 @@ TEST_F(PortfolioFileTest, SaveThenOpenGivesBackEveryFieldAndOnePersonObject)
     const auto original = makePortfolio();
     const QString path = folder + QStringLiteral("/family.bondportfolio");
     QString error;
-    ASSERT_TRUE(original->saveToFile(path, &error)) << error.toStdString();
+    ASSERT_TRUE(original->saveToFile(path));
     EXPECT_FALSE(original->isEdited());
     EXPECT_EQ(original->displayName(), QStringLiteral("family"));
 
@@ -158,9 +158,9 @@ TEST_F(PortfolioFileTest, FailedSaveKeepsTheOldFileAndTheEditedState)
     const QByteArray saved = TestSupport::readFile(path);
     portfolio->holdings().at(0)->setQuantity(9);
     EXPECT_TRUE(portfolio->isEdited());
-    QString error;
-    EXPECT_FALSE(portfolio->saveToFile(folder + QStringLiteral("/missing/folder/x.bondportfolio"), &error));
-    EXPECT_FALSE(error.isEmpty());
+    PortfolioSaveFailure failure;
+    EXPECT_FALSE(portfolio->saveToFile(folder + QStringLiteral("/missing/folder/x.bondportfolio"), &failure));
+    EXPECT_EQ(failure.file.failure, FileWriteFailure::Other);
     EXPECT_TRUE(portfolio->isEdited());
     EXPECT_EQ(portfolio->fileName(), path);
     EXPECT_EQ(TestSupport::readFile(path), saved);
