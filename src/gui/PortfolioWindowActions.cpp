@@ -257,6 +257,8 @@ void PortfolioWindow::createToolbar()
     layout->addWidget(label);
     toolbar->addWidget(item);
     connect(m_picker, &ValuationMonthPicker::monthPicked, this, &PortfolioWindow::requestValueOfDate);
+    // Values another process installed: the figures follow the range.
+    connect(m_picker, &ValuationMonthPicker::rangeMoved, m_portfolio.get(), &BondPortfolio::redemptionValuesChanged);
     connect(m_portfolio.get(), &BondPortfolio::valueOfDateChanged, this,
             [this] { m_picker->showMonth(m_portfolio->valueOfDate()); });
 }

@@ -52,6 +52,7 @@ void ValuationMonthPicker::checkRange()
         return;
     m_range = range;
     setLimits(range.first, range.second);
+    emit rangeMoved();
 }
 
 void ValuationMonthPicker::showMonth(const QDateTime &month)

@@ -29,6 +29,8 @@ public:
 signals:
     // The user settled on a month (not emitted by showMonth).
     void monthPicked(const QDateTime &month);
+    // The database's range moved under the picker (another process installed values, say).
+    void rangeMoved();
 
 private:
     void redemptionDateRangeDidChange(const QVariantMap &userInfo);

@@ -2,6 +2,8 @@
 // walking the editable cells, refused issue and valuation months, how computed and missing values
 // explain themselves, the valuation picker's range, and the ovals of the people table's counts.
 #include "GuiTestMain.h"
+
+#include <QSignalSpy>
 #include "BondTableColumns.h"
 #include "BondTableView.h"
 #include "ColorCircleDelegate.h"
@@ -176,12 +178,14 @@ private slots:
         QCOMPARE(sqlite3_exec(db, install.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
         sqlite3_close(db);
         QCOMPARE(picker->maximumDate(), latest);
+        QSignalSpy figures(window.portfolio(), &BondPortfolio::figuresChanged);
         if (activate) {
             emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
             QCOMPARE(picker->maximumDate(), later);
         } else {
             QTRY_COMPARE_WITH_TIMEOUT(picker->maximumDate(), later, 3 * ValuationMonthPicker::RangeCheckInterval);
         }
+        QVERIFY(!figures.isEmpty()); // the table and the summary read their figures again
         picker->setDate(later);
         QCOMPARE(window.portfolio()->valueOfDate().date(), later);
     }

@@ -20,15 +20,18 @@ BondPortfolio::BondPortfolio(PeopleStore *people, const QString &databasePath, Q
     connect(this, &BondPortfolio::valueOfDateChanged, this, &BondPortfolio::figuresChanged);
     // Figures are read afresh from the database; an installation only has to say so.
     connect(RedemptionDateRangeNotifier::instance(), &RedemptionDateRangeNotifier::redemptionDateRangeDidChange,
-            this, [this] {
-                emit figuresChanged();
-                emit interestSummaryChanged();
-            });
+            this, &BondPortfolio::redemptionValuesChanged);
     setTitleHolders(Person::family(*m_people));
     m_summaryMode = 0;
     storeValueOfDate(initialValueOfDate());
     // Nothing done so far can be undone: a new document is not edited.
     m_undoStack->clear();
+}
+
+void BondPortfolio::redemptionValuesChanged()
+{
+    emit figuresChanged();
+    emit interestSummaryChanged();
 }
 
 BondPortfolio::~BondPortfolio()

@@ -152,6 +152,11 @@ public:
     bool saveToFile(const QString &path, PortfolioSaveFailure *failure = nullptr);
     bool readFromFile(const QString &path, QString *error = nullptr);
 
+public:
+    // The database changed under the document (values installed, here or by another process):
+    // every figure and the interest summary are read again.
+    void redemptionValuesChanged();
+
 signals:
     // Every change of the lists is announced before and after, as item models need.
     void holdingsAboutToBeReset();
