@@ -103,6 +103,21 @@ TEST_F(DerivedValuesTest, ANewLatestMonthGetsItsDerivedValues)
     EXPECT_TRUE(derived('E', 1980, 6, 2026, 12));
 }
 
+// Rows far beyond the official months (blank-cell fillers a damaged source left in 2090) do not
+// drag the derived values along: they stop a year past the latest official month.
+TEST_F(DerivedValuesTest, DerivedValuesStopAYearPastTheLatestOfficialMonth)
+{
+    ASSERT_EQ(sqlite3_exec(m_db, "insert into bond_value values ('E', 2090, 1, 1980, 1, -2)", nullptr, nullptr, nullptr), SQLITE_OK);
+    DerivedValues::Extension added;
+    QString error;
+    sqlite3_exec(m_db, "begin", nullptr, nullptr, nullptr);
+    ASSERT_TRUE(DerivedValues::extend(m_db, EeFixedRates::shipped(), &added, &error)) << error.toStdString();
+    sqlite3_exec(m_db, "commit", nullptr, nullptr, nullptr);
+    // The shipped Series I values reach 11/2026.
+    EXPECT_EQ(queryText(m_path, QStringLiteral("select max(ryr * 100 + rmo) from derived_value")), QStringLiteral("202711"));
+    EXPECT_EQ(stored('E', 1980, 6, 2026, 11), 11175);
+}
+
 TEST_F(DerivedValuesTest, ANewerRateTableExtendsTheComputedBonds)
 {
     QByteArray table = TestSupport::readFile(TestSupport::sourcePath(QStringLiteral("data/rates/ee-fixed-rates.csv")));
