@@ -4,6 +4,24 @@
 
 namespace UpdateLocation {
 
+namespace {
+
+// The first usable address of: the environment variable, the setting, the compiled-in default.
+QUrl firstUsable(const char *variable, const char *settingsKey, const char *fallback, QUrl (*normalise)(const QString &))
+{
+    const QByteArray environment = qgetenv(variable);
+    const QString configured = UserDefaults::settings().value(QString::fromLatin1(settingsKey)).toString();
+    for (const QString &text : {QString::fromLocal8Bit(environment), configured}) {
+        if (text.isEmpty())
+            continue;
+        if (const QUrl url = normalise(text); url.isValid())
+            return url;
+    }
+    return QUrl(QString::fromLatin1(fallback));
+}
+
+} // namespace
+
 QUrl normalisedBaseUrl(const QString &text)
 {
     QUrl url(text.trimmed(), QUrl::StrictMode);
@@ -17,19 +35,7 @@ QUrl normalisedBaseUrl(const QString &text)
 
 QUrl baseUrl()
 {
-    const QByteArray environment = qgetenv(BaseUrlEnvironmentVariable);
-    if (!environment.isEmpty()) {
-        const QUrl url = normalisedBaseUrl(QString::fromLocal8Bit(environment));
-        if (url.isValid())
-            return url;
-    }
-    const QString configured = UserDefaults::settings().value(QString::fromLatin1(BaseUrlSettingsKey)).toString();
-    if (!configured.isEmpty()) {
-        const QUrl url = normalisedBaseUrl(configured);
-        if (url.isValid())
-            return url;
-    }
-    return QUrl(QString::fromLatin1(DefaultBaseUrl));
+    return firstUsable(BaseUrlEnvironmentVariable, BaseUrlSettingsKey, DefaultBaseUrl, normalisedBaseUrl);
 }
 
 Source source()
@@ -56,19 +62,8 @@ QUrl normalisedServiceRoot(const QString &text)
 
 QUrl fiscalDataRoot()
 {
-    const QByteArray environment = qgetenv(FiscalDataRootEnvironmentVariable);
-    if (!environment.isEmpty()) {
-        const QUrl url = normalisedServiceRoot(QString::fromLocal8Bit(environment));
-        if (url.isValid())
-            return url;
-    }
-    const QString configured = UserDefaults::settings().value(QString::fromLatin1(FiscalDataRootSettingsKey)).toString();
-    if (!configured.isEmpty()) {
-        const QUrl url = normalisedServiceRoot(configured);
-        if (url.isValid())
-            return url;
-    }
-    return QUrl(QString::fromLatin1(DefaultFiscalDataRoot));
+    return firstUsable(FiscalDataRootEnvironmentVariable, FiscalDataRootSettingsKey, DefaultFiscalDataRoot,
+                       normalisedServiceRoot);
 }
 
 QUrl catalogueUrl(const QUrl &base)
