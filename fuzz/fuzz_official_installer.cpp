@@ -61,7 +61,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const sqlite3_int64 derivedBefore = number(db, "select count(*) from derived_value");
 
     const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
-    const bool wellFormed = PriceDataFile::checkLength(bytes).isEmpty();
     const OfficialSourceInstaller::Outcome outcome =
         OfficialSourceInstaller::install(db, {"fuzzed.bin", PriceDataFile::decode(bytes)}, options);
     const sqlite3_int64 recorded = number(db, "select count(*) from data_file where name = 'fuzzed.bin'");
@@ -79,7 +78,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
                || number(db, "select count(*) from derived_value") != derivedBefore) {
         std::abort();
     }
-    (void)wellFormed;
     sqlite3_close(db);
     return 0;
 }

@@ -39,6 +39,7 @@ int run(const QStringList &arguments)
     if (!PriceUpdater::canPerformUpdate(database))
         return cliFail(QStringLiteral("the redemption value database %1 cannot be written").arg(database));
     UpdateConnection connection(database);
+    connection.prepareForWriting();
     if (!connection.handle())
         return cliFail(QStringLiteral("cannot open the redemption value database %1").arg(database));
 

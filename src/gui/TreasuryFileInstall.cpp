@@ -26,6 +26,7 @@ Result installNow(const QString &database, const QString &path)
     if (!contents.ok())
         return {false, contents.error};
     UpdateConnection connection(database);
+    connection.prepareForWriting();
     if (!connection.handle())
         return {false, QApplication::translate("TreasuryFileInstall", "The redemption value database %1 cannot be opened.")
                            .arg(database)};

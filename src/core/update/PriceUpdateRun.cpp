@@ -136,6 +136,7 @@ bool PriceUpdateRun::installCatalogueFiles(const QStringList &files)
     QString why;
 
     if (m_connection->handle()) {
+        m_connection->prepareForWriting();
         OfficialSourceInstaller::Options options;
         options.feedback.status = m_observer.status;
         options.feedback.progress = m_observer.progress;

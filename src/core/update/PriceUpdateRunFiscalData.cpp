@@ -97,6 +97,7 @@ bool PriceUpdateRun::installFiscalData()
     });
     if (!records)
         return fail(client.lastError());
+    m_connection->prepareForWriting();
     if (records->isEmpty()) {
         setAvailable(QStringList());
         setStatus(QString::fromLatin1(UpdateStatus::UpToDate));

@@ -20,8 +20,15 @@ UpdateConnection::UpdateConnection(const QString &databasePath)
         m_state = State::Unopenable;
         return;
     }
-    RedemptionDatabase::configureWriter(m_db);
+    RedemptionDatabase::configureReader(m_db);
     m_state = State::Open;
+}
+
+void UpdateConnection::prepareForWriting()
+{
+    if (m_db && !m_writing)
+        RedemptionDatabase::configureWriter(m_db);
+    m_writing = true;
 }
 
 UpdateConnection::~UpdateConnection()

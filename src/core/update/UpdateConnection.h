@@ -24,6 +24,11 @@ public:
     sqlite3 *handle() const { return m_db; }
     QMutex &mutex() { return m_mutex; }
 
+    // Before the first write: the working copy switched to write-ahead logging, so that open
+    // portfolios keep reading while values go in. A check only reads, and leaves the file's
+    // journal as it is (the seed the build made keeps its rollback journal).
+    void prepareForWriting();
+
     // The names recorded in data_file, in the order the database returns them.
     QStringList knownDataSets() const;
 
@@ -31,5 +36,6 @@ private:
     QString m_path;
     State m_state = State::Missing;
     sqlite3 *m_db = nullptr;
+    bool m_writing = false;
     QMutex m_mutex;
 };

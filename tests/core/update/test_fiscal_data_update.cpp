@@ -111,9 +111,12 @@ TEST_F(FiscalDataUpdateTest, CheckThenInstallFollowsEveryPage)
     ASSERT_TRUE(run(*updater, &PriceUpdater::checkForUpdates));
     EXPECT_EQ(statuses, QStringList({"Checking for updates...", "Values for 02/2024 to 06/2024 are available"}));
     EXPECT_EQ(updater->availableUpdates(), std::optional<QStringList>(QStringList{"fiscaldata:2024-02..2024-06"}));
+    // A check only reads: the file keeps its journal (the seed the build made must).
+    EXPECT_EQ(queryText(database, "pragma journal_mode"), QStringLiteral("delete"));
 
     ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData));
     EXPECT_EQ(statuses.last(), QStringLiteral("Installed values for 02/2024 to 06/2024"));
+    EXPECT_EQ(queryText(database, "pragma journal_mode"), QStringLiteral("wal"));
     // Three requests: E and S (nothing), EE 02/2024 (2 records, 1 page), EE and I from 04/2024
     // (12 records, 4 pages, known once the first has come).
     EXPECT_TRUE(statuses.contains(QStringLiteral("Downloading page 2 of 3")));
