@@ -53,6 +53,7 @@ TEST(InstallationWhileReading, PortfoliosReadTheCommittedStateThroughout)
 
     UpdateConnection connection(database);
     ASSERT_EQ(connection.state(), UpdateConnection::State::Open);
+    connection.prepareForWriting();
     int readsDuringInstallation = 0;
     PriceDataInstaller::Feedback feedback;
     feedback.progress = [&](double value, double maximum) {
@@ -80,6 +81,7 @@ TEST(KilledInstallationChild, InstallsAndReportsHalfway)
     const QByteArray data = TestSupport::readFile(QString::fromLocal8Bit(qgetenv(ChildFileVariable)));
     ASSERT_FALSE(data.isEmpty());
     UpdateConnection connection(QString::fromLocal8Bit(database));
+    connection.prepareForWriting();
     bool reported = false;
     PriceDataInstaller::Feedback feedback;
     feedback.progress = [&](double value, double maximum) {
