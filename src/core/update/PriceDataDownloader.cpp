@@ -26,6 +26,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
 {
     m_lastError.clear();
     m_lastStatus = 0;
+    m_tooLarge = false;
     if (!url.isValid() || !isSupportedScheme(url)) {
         m_lastError = QStringLiteral("unsupported address %1").arg(url.toString());
         return std::nullopt;
@@ -48,6 +49,10 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     QString failure;
     QEventLoop loop;
 
+    auto tooLarge = [this] {
+        m_tooLarge = true;
+        return QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes);
+    };
     auto abortWith = [&](const QString &why) {
         if (failure.isEmpty())
             failure = why;
@@ -60,12 +65,12 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     QObject::connect(reply.get(), &QNetworkReply::metaDataChanged, &loop, [&] {
         const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
         if (length.isValid() && length.toLongLong() > m_limits.maximumBytes)
-            abortWith(QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes));
+            abortWith(tooLarge());
     });
     QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, [&] {
         body += reply->readAll();
         if (body.size() > m_limits.maximumBytes)
-            abortWith(QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes));
+            abortWith(tooLarge());
     });
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
     QTimer deadline;
@@ -98,7 +103,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     }
     body += reply->readAll();
     if (body.size() > m_limits.maximumBytes) {
-        m_lastError = QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes);
+        m_lastError = tooLarge();
         return std::nullopt;
     }
     return body;

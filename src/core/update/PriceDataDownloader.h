@@ -29,6 +29,8 @@ public:
 
     // Why the last fetch gave nothing.
     QString lastError() const { return m_lastError; }
+    // Whether the last fetch gave up because the reply outgrew the size limit.
+    bool lastWasTooLarge() const { return m_tooLarge; }
     // The HTTP status of the last reply (0 when none came).
     int lastStatus() const { return m_lastStatus; }
 
@@ -38,4 +40,5 @@ private:
     Limits m_limits;
     QString m_lastError;
     int m_lastStatus = 0;
+    bool m_tooLarge = false;
 };

@@ -55,9 +55,9 @@ std::optional<FiscalDataPage> FiscalDataClient::page(const FiscalDataRequest &re
         if (number == 1 && downloader.lastStatus() == 400)
             return FiscalDataPage{};
         // Each page may only use what the earlier ones left of the budget.
-        const bool overBudget = downloader.lastError().contains(QLatin1String("larger than"));
+        const bool overBudget = downloader.lastWasTooLarge();
         m_lastError = QStringLiteral("%1: %2").arg(
-            where, overBudget ? QStringLiteral("the reply is larger than %1 MiB in all").arg(m_limits.maximumBytes >> 20)
+            where, overBudget ? QStringLiteral("the reply is larger than %1 bytes in all").arg(m_limits.maximumBytes)
                               : downloader.lastError());
         return std::nullopt;
     }
