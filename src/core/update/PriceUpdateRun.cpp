@@ -48,12 +48,12 @@ void PriceUpdateRun::setAvailable(const std::optional<QStringList> &available)
         m_observer.availableUpdates(available);
 }
 
-void PriceUpdateRun::updateSummary()
+void PriceUpdateRun::updateSummary(bool rebuild)
 {
     PriceDataInstaller installer(m_connection->handle(), {m_observer.status, {}, {}});
     QDateTime minimum;
     QDateTime maximum;
-    if (installer.updateRedemptionDateSummaryTables(&minimum, &maximum, false) && m_observer.rangeChanged)
+    if (installer.updateRedemptionDateSummaryTables(&minimum, &maximum, false, rebuild) && m_observer.rangeChanged)
         m_observer.rangeChanged(minimum, maximum);
 }
 

@@ -63,8 +63,9 @@ private:
     std::optional<QByteArray> downloadUrl(const QUrl &url, const QString &label, QString *error);
     void setStatus(const QString &status);
     void setAvailable(const std::optional<QStringList> &available);
-    // Rebuilds the summary tables after an installation and announces the range.
-    void updateSummary();
+    // Rebuilds the summary tables after an installation (unless it did so itself) and announces
+    // the range.
+    void updateSummary(bool rebuild = true);
 
     std::shared_ptr<UpdateConnection> m_connection;
     Settings m_settings;

@@ -138,7 +138,8 @@ bool PriceUpdateRun::installFiscalData()
     }
     if (!outcome.ok())
         return fail(outcome.error);
-    updateSummary();
+    // The installation rebuilt the tables inside its transaction.
+    updateSummary(false);
     setAvailable(QStringList());
     setStatus(QStringLiteral("Installed values for %1").arg(UpdateStatus::monthsText(first, last)));
     return true;
