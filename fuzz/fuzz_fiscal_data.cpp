@@ -6,7 +6,7 @@
 #include "update/fiscaldata/FiscalDataRequest.h"
 
 #include <QByteArray>
-#include <QSet>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 
@@ -27,36 +27,48 @@ void checkPlan(const QByteArray &bytes)
 {
     static const char codes[4] = {'E', 'N', 'I', 'S'};
     QHash<char, QList<int>> official;
-    QSet<std::pair<char, int>> held;
+    constexpr int origin = 1941 * 12;
+    constexpr int span = 90 * 12;
+    // Flat tables rather than hashes: the check must cost less than the plan it checks.
+    std::array<std::array<bool, span>, 4> held{};
     for (qsizetype i = 0; i + 1 < bytes.size(); i += 2) {
-        const char series = codes[quint8(bytes[i]) & 3];
-        const int month = 1941 * 12 + ((quint8(bytes[i]) >> 2) * 256 + quint8(bytes[i + 1])) % (90 * 12);
-        official[series] << month;
-        held.insert({series, month});
+        const int code = quint8(bytes[i]) & 3;
+        const int month = origin + ((quint8(bytes[i]) >> 2) * 256 + quint8(bytes[i + 1])) % span;
+        official[codes[code]] << month;
+        held[code][month - origin] = true;
     }
     const QList<FiscalDataRequest> plan = FiscalDataQuery::plan(official);
-    for (const char series : codes) {
+    for (int code = 0; code < 4; ++code) {
+        const char series = codes[code];
         const QList<int> months = official.value(series);
         const int first = months.isEmpty() ? 0 : *std::min_element(months.begin(), months.end());
         const int last = months.isEmpty() ? 0 : *std::max_element(months.begin(), months.end());
+        // Marked month by month, so that each input costs time in the plan and not in this check.
+        std::array<bool, span> asked{};
         int open = 0;
+        int openFrom = 0;
         for (const FiscalDataRequest &request : plan) {
             if (!request.series.contains(series))
                 continue;
-            open += request.last == 0 ? 1 : 0;
-            if (request.last != 0 && request.first > request.last)
+            if (request.last == 0) {
+                ++open;
+                openFrom = request.first;
+                continue;
+            }
+            if (request.first > request.last)
                 std::abort();
-            // Never a month the series holds; every month between its first and last that it lacks.
-            for (int m = request.first; request.last != 0 && m <= request.last; ++m) {
-                if (held.contains({series, m}))
+            // Never a month the series holds, and never a month asked twice.
+            for (int m = request.first; m <= request.last; ++m) {
+                if (m < origin || m >= origin + span || held[code][m - origin] || asked[m - origin])
                     std::abort();
+                asked[m - origin] = true;
             }
         }
-        if (open != 1)
+        if (open != 1 || (last != 0 && openFrom <= last))
             std::abort();
+        // Every month between its first and last that it lacks.
         for (int m = first; first != 0 && m <= last; ++m) {
-            const bool asked = std::any_of(plan.begin(), plan.end(), [&](const FiscalDataRequest &r) { return r.covers(series, m); });
-            if (asked == held.contains({series, m}))
+            if (asked[m - origin] == held[code][m - origin])
                 std::abort();
         }
     }

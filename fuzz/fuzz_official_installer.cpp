@@ -3,6 +3,7 @@
 // (matured bonds carried forward, fixed-rate EE bonds computed). The installation must succeed
 // whole or change nothing, and derived values never reach more than a year past the latest
 // official month.
+#include "FuzzDatabase.h"
 #include "update/OfficialSourceInstaller.h"
 #include "update/PriceDataFile.h"
 #include "valuation/RedemptionDatabase.h"
@@ -48,14 +49,13 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    sqlite3 *db = nullptr;
-    if (sqlite3_open(":memory:", &db) != SQLITE_OK || !RedemptionDatabase::createSchema(db)) {
-        sqlite3_close(db);
-        return 0;
-    }
     OfficialSourceInstaller::Options options;
     options.updateSummary = false; // it reads the range through the file, which memory has not
-    if (!OfficialSourceInstaller::install(db, {"base.asc", base()}, options).ok())
+    static const FuzzDatabase installed([&options](sqlite3 *db) {
+        return RedemptionDatabase::createSchema(db) && OfficialSourceInstaller::install(db, {"base.asc", base()}, options).ok();
+    });
+    sqlite3 *db = installed.open();
+    if (!db)
         std::abort();
     const sqlite3_int64 rowsBefore = number(db, "select count(*) from bond_value");
     const sqlite3_int64 derivedBefore = number(db, "select count(*) from derived_value");

@@ -1,8 +1,10 @@
 // Arbitrary bytes as a downloaded price data file, installed into an in-memory database with the
 // real schema: the installation must succeed or roll back, never crash, and leave data_file in
 // step with bond_value.
+#include "FuzzDatabase.h"
 #include "update/PriceDataFile.h"
 #include "update/PriceDataInstaller.h"
+#include "update/ValueHistoryPacking.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include <QByteArray>
@@ -32,11 +34,13 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    sqlite3 *db = nullptr;
-    if (sqlite3_open(":memory:", &db) != SQLITE_OK || !RedemptionDatabase::createSchema(db)) {
-        sqlite3_close(db);
-        return 0;
-    }
+    // The schema with the packed histories' tables and triggers, as an installed database has them.
+    static const FuzzDatabase empty([](sqlite3 *db) {
+        return RedemptionDatabase::createSchema(db) && ValueHistoryPacking::refresh(db, nullptr);
+    });
+    sqlite3 *db = empty.open();
+    if (!db)
+        std::abort();
     const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
     // The first byte's low bit decides the file name's quote, so that both paths are exercised.
     const QString name = size > 0 && (data[0] & 1) ? QStringLiteral("it's.bin") : QStringLiteral("plain.bin");
