@@ -25,3 +25,5 @@ for name in sample thousand small; do
   mkdir -p "$out/$name-qif"
   "$cli" export-qif "$file" "$out/$name-qif" --people $people > /dev/null
 done
+# The JSON names the file it read; name the generated ones the same way whatever OUT is.
+sed -i "s|$out/|OUT/|g" "$out"/*.json

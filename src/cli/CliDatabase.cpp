@@ -2,7 +2,7 @@
 
 #include "valuation/RedemptionDatabase.h"
 
-#include <QRegularExpression>
+#include "base/Month.h"
 
 std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
 {
@@ -33,16 +33,11 @@ std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
 
 QString monthText(const QDateTime &date)
 {
-    return date.isValid() ? date.toString(QStringLiteral("yyyy-MM")) : QStringLiteral("none");
+    return date.isValid() ? Month::of(date).toString(Month::Style::Iso) : QStringLiteral("none");
 }
 
 QDateTime monthFromText(const QString &text, MonthSeparators separators)
 {
-    static const QRegularExpression dash(QStringLiteral("^\\s*(\\d{4})-(\\d{1,2})\\s*$"));
-    static const QRegularExpression dashOrSlash(QStringLiteral("^\\s*(\\d{4})[-/](\\d{1,2})\\s*$"));
-    const QRegularExpressionMatch match = (separators == MonthSeparators::Dash ? dash : dashOrSlash).match(text);
-    const int month = match.hasMatch() ? match.captured(2).toInt() : 0;
-    if (month < 1 || month > 12)
-        return {};
-    return BondAssessor::monthDate(match.captured(1).toInt(), month);
+    return Month::fromString(text, separators == MonthSeparators::Dash ? Month::Form::Iso : Month::Form::IsoOrSlash)
+        .toDateTime();
 }

@@ -1,5 +1,6 @@
 #include "HoldingNotes.h"
 
+#include "base/Month.h"
 #include "document/HoldingPresentation.h"
 #include "model/Holding.h"
 
@@ -16,7 +17,7 @@ QString seriesBonds(const Series *series)
 
 QString monthOf(const QDate &month)
 {
-    return HoldingPresentation::monthText(QDateTime(month, QTime(0, 0)));
+    return Month::of(month).toString(Month::Style::Slash);
 }
 
 } // namespace

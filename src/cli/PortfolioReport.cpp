@@ -1,5 +1,6 @@
 #include "PortfolioReport.h"
 
+#include "base/Month.h"
 #include "HoldingNotes.h"
 
 #include "document/BondPortfolio.h"
@@ -15,7 +16,7 @@ namespace {
 
 QString monthKey(const QDateTime &date)
 {
-    return date.toString(QStringLiteral("yyyy-MM"));
+    return Month::of(date).toString(Month::Style::Iso);
 }
 
 // A rate as JSON shows it: the float's own digits, not its double expansion (3.94, not 3.9400000572).
@@ -26,7 +27,7 @@ double rateNumber(float rate)
 
 QString summaryTitle(const BondPortfolio &portfolio)
 {
-    return portfolio.summaryMode() == 0 ? QStringLiteral("cumulative") : QStringLiteral("yearly");
+    return portfolio.summaryMode() == SummaryMode::Cumulative ? QStringLiteral("cumulative") : QStringLiteral("yearly");
 }
 
 } // namespace

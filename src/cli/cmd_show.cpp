@@ -29,7 +29,7 @@ int run(const QStringList &arguments)
     const auto portfolio = openValuedPortfolio(file, parser, asOfOption, &error, people);
     if (!portfolio)
         return cliFail(error);
-    portfolio->setSummaryMode(parser.isSet(yearlyOption) ? 1 : 0);
+    portfolio->setSummaryMode(parser.isSet(yearlyOption) ? SummaryMode::Yearly : SummaryMode::Cumulative);
     if (parser.isSet(jsonOption))
         cliOut() << QString::fromUtf8(PortfolioReport::json(*portfolio));
     else

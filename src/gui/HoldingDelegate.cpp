@@ -1,5 +1,6 @@
 #include "HoldingDelegate.h"
 
+#include "base/Month.h"
 #include "HoldingColumns.h"
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
@@ -20,14 +21,7 @@ HoldingDelegate::HoldingDelegate(BondPortfolio *portfolio, QObject *parent)
 
 QDateTime HoldingDelegate::monthFromText(const QString &text)
 {
-    static const QRegularExpression pattern(QStringLiteral("^\\s*(\\d{1,2})\\s*/\\s*(\\d{4})\\s*$"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    if (!match.hasMatch())
-        return {};
-    const int month = match.captured(1).toInt();
-    if (month < 1 || month > 12)
-        return {};
-    return BondAssessor::monthDate(match.captured(2).toInt(), month);
+    return Month::fromString(text, Month::Form::Slash).toDateTime();
 }
 
 QWidget *HoldingDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,

@@ -1,5 +1,6 @@
 #include "HoldingExplanations.h"
 
+#include "base/Month.h"
 #include "document/HoldingPresentation.h"
 #include "model/Holding.h"
 
@@ -18,7 +19,7 @@ QString seriesBonds(const Series *series)
 
 QString monthOf(const QDate &month)
 {
-    return HoldingPresentation::monthText(QDateTime(month, QTime(0, 0)));
+    return Month::of(month).toString(Month::Style::Slash);
 }
 
 // Why the holding has no value and what the user can do; empty when it does not lack one.

@@ -112,11 +112,12 @@ QWidget *PortfolioWindow::createPeopleAndSummary()
     auto *summaryTitle = new QLabel(tr("<b>Interest earned by tax year</b>"), panel);
     m_cumulative = new QRadioButton(tr("Cumulative"), panel);
     m_yearly = new QRadioButton(tr("Year by year"), panel);
-    m_cumulative->setChecked(m_portfolio->summaryMode() == 0);
-    m_yearly->setChecked(m_portfolio->summaryMode() != 0);
-    connect(m_cumulative, &QRadioButton::toggled, this, [this](bool on) { m_portfolio->setSummaryMode(on ? 0 : 1); });
+    m_cumulative->setChecked(m_portfolio->summaryMode() == SummaryMode::Cumulative);
+    m_yearly->setChecked(m_portfolio->summaryMode() == SummaryMode::Yearly);
+    connect(m_cumulative, &QRadioButton::toggled, this,
+            [this](bool on) { m_portfolio->setSummaryMode(on ? SummaryMode::Cumulative : SummaryMode::Yearly); });
     connect(m_portfolio.get(), &BondPortfolio::summaryModeChanged, this, [this] {
-        (m_portfolio->summaryMode() == 0 ? m_cumulative : m_yearly)->setChecked(true);
+        (m_portfolio->summaryMode() == SummaryMode::Cumulative ? m_cumulative : m_yearly)->setChecked(true);
     });
     auto *modes = new QHBoxLayout;
     modes->addWidget(m_cumulative);

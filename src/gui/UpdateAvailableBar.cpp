@@ -1,5 +1,6 @@
 #include "UpdateAvailableBar.h"
 
+#include "base/Month.h"
 #include "UpdateCheckScheduler.h"
 #include "valuation/MonthIndex.h"
 
@@ -42,8 +43,7 @@ void UpdateAvailableBar::follow()
     const int through = scheduler.newValuesThrough();
     if (through)
         m_message->setText(tr("New redemption values through %1 are available.")
-                               .arg(QStringLiteral("%1/%2").arg(MonthIndex::monthOf(through), 2, 10, QLatin1Char('0'))
-                                        .arg(MonthIndex::yearOf(through))));
+                               .arg(Month::fromIndex(through).toString(Month::Style::Slash)));
     else
         m_message->setText(tr("New redemption values are available."));
     setVisible(scheduler.hasNewValues());

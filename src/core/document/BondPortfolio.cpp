@@ -22,7 +22,7 @@ BondPortfolio::BondPortfolio(PeopleStore *people, const QString &databasePath, Q
     connect(RedemptionDateRangeNotifier::instance(), &RedemptionDateRangeNotifier::redemptionDateRangeDidChange,
             this, &BondPortfolio::redemptionValuesChanged);
     setTitleHolders(Person::family(*m_people));
-    m_summaryMode = 0;
+    m_summaryMode = SummaryMode::Cumulative;
     storeValueOfDate(initialValueOfDate());
     // Nothing done so far can be undone: a new document is not edited.
     m_undoStack->clear();

@@ -37,6 +37,10 @@ struct PortfolioSaveFailure
     FileWriteResult file;
 };
 
+// What the interest summary lists per tax year: the interest earned since issue as of each
+// December, or the interest earned in that year alone.
+enum class SummaryMode { Cumulative, Yearly };
+
 struct InterestSummaryRow
 {
     int taxYear = 0;
@@ -67,7 +71,7 @@ public:
 
     using HoldingFilter = std::function<bool(const Holding &)>;
 
-    // A new, empty portfolio: no holdings, the store's family as title holders, summary mode 0,
+    // A new, empty portfolio: no holdings, the store's family as title holders, the cumulative summary,
     // the initial valuation date, no undo history. The store defaults to PeopleStore::shared(),
     // the database to the working copy.
     explicit BondPortfolio(PeopleStore *people = nullptr, const QString &databasePath = QString(),
@@ -124,8 +128,8 @@ public:
     DateRange currentInterestPeriod() const;
     // The same period's ends as month counts (MonthIndex).
     std::pair<int, int> currentInterestPeriodMonths() const;
-    int summaryMode() const { return m_summaryMode; }
-    void setSummaryMode(int mode);
+    SummaryMode summaryMode() const { return m_summaryMode; }
+    void setSummaryMode(SummaryMode mode);
     QMap<int, Pennies> yearsWithInterestEarnedCumulative(bool cumulative) const;
     QList<InterestSummaryRow> interestSummary() const;
 
@@ -194,7 +198,7 @@ private:
 
     QList<HoldingRef> m_holdings;
     QList<PersonRef> m_titleHolders;
-    int m_summaryMode = 0;
+    SummaryMode m_summaryMode = SummaryMode::Cumulative;
     std::unique_ptr<BondAssessor> m_assessor;
     QDateTime m_valueOfDate;
     int m_valueOfMonth = 0; // kept with the date by storeValueOfDate()

@@ -48,7 +48,7 @@ bool BondPortfolio::loadDataRepresentation(const QByteArray &data, QString *erro
         holding->setPortfolio(this);
     setHoldings(decoded.holdings);
     m_missingPeople = decoded.missingPeople;
-    m_summaryMode = 0;
+    m_summaryMode = SummaryMode::Cumulative;
     // Loading is not an edit: nothing of it can be undone.
     m_undoStack->clear();
     return true;

@@ -75,7 +75,7 @@ std::pair<int, int> BondPortfolio::currentInterestPeriodMonths() const
     return {MonthIndex::of(year, 11), MonthIndex::of(year + 1, 5)};
 }
 
-void BondPortfolio::setSummaryMode(int mode)
+void BondPortfolio::setSummaryMode(SummaryMode mode)
 {
     m_summaryMode = mode;
     emit summaryModeChanged();
@@ -131,7 +131,7 @@ QMap<int, Pennies> BondPortfolio::yearsWithInterestEarnedCumulative(bool cumulat
 
 QList<InterestSummaryRow> BondPortfolio::interestSummary() const
 {
-    const QMap<int, Pennies> years = yearsWithInterestEarnedCumulative(m_summaryMode == 0);
+    const QMap<int, Pennies> years = yearsWithInterestEarnedCumulative(m_summaryMode == SummaryMode::Cumulative);
     QList<InterestSummaryRow> rows;
     for (auto it = years.cbegin(); it != years.cend(); ++it) {
         if (rows.isEmpty() && it.value() == 0)

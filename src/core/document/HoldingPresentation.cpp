@@ -1,17 +1,18 @@
 #include "document/HoldingPresentation.h"
 
+#include "base/Month.h"
 #include "document/BondPortfolio.h"
 
 namespace HoldingPresentation {
 
 QString issueMonthText(const QDateTime &month)
 {
-    return month.isValid() ? month.toString(QStringLiteral("MM/yyyy")) : QString::fromLatin1(NoIssueMonthText);
+    return month.isValid() ? Month::of(month).toString(Month::Style::Slash) : QString::fromLatin1(NoIssueMonthText);
 }
 
 QString monthText(const QDateTime &month)
 {
-    return month.isValid() ? month.toString(QStringLiteral("MM/yyyy")) : QString();
+    return Month::of(month).toString(Month::Style::Slash);
 }
 
 QString statusText(const Holding &holding)

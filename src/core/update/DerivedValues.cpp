@@ -1,5 +1,6 @@
 #include "update/DerivedValues.h"
 
+#include "base/Month.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include "model/Money.h"
@@ -23,7 +24,7 @@ constexpr int MonthsBeyondOfficial = 12;
 
 int monthIndex(int year, int month) { return year * 12 + month - 1; }
 
-QString monthText(int year, int month) { return QString::asprintf("%04d-%02d", year, month); }
+QString monthText(int year, int month) { return Month(year, month).toString(Month::Style::Iso); }
 
 QString valueText(qint32 value)
 {

@@ -1,5 +1,6 @@
 #include "update/OfficialSourceInstaller.h"
 
+#include "base/Month.h"
 #include "update/DerivedValues.h"
 #include "update/MaturedValueCompletion.h"
 #include "update/PriceDataInstaller.h"
@@ -268,7 +269,7 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
 QString summary(const QString &fileName, const Outcome &outcome)
 {
     auto month = [](const QDateTime &date) {
-        return date.isValid() ? date.toString(QStringLiteral("yyyy-MM")) : QStringLiteral("none");
+        return date.isValid() ? Month::of(date).toString(Month::Style::Iso) : QStringLiteral("none");
     };
     QString text = QStringLiteral("Installed %1: %2 new records, %3 already installed, %4 completed, %5 derived values "
                                   "replaced by official ones, %6 values of matured bonds carried forward, %7 values "

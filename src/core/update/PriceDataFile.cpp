@@ -69,8 +69,8 @@ QString screen(const QList<PriceRecord> &records)
     // The first month any bond was sold, and the last a source can hold values for.
     constexpr int FirstYear = 1941;
     const int lastYear = SourceText::latestRedemptionYear();
-    // Six digits of cents, as the Treasury's files write them; below -2 nothing is a marker.
-    constexpr qint32 LargestValue = 999999, SmallestMarker = -2;
+    // Below -2 nothing is a marker.
+    constexpr qint32 SmallestMarker = -2;
     for (qsizetype i = 0; i < records.size(); ++i) {
         const PriceRecord &r = records.at(i);
         auto refuse = [&](const QString &what) { return QStringLiteral("record %1: %2").arg(i + 1).arg(what); };

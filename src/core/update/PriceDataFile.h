@@ -24,6 +24,8 @@ struct PriceRecord
 };
 
 namespace PriceDataFile {
+// The largest value a record can hold, in cents: six digits, as the Treasury's files write them.
+inline constexpr qint32 LargestValue = 999999;
 // Whole records only; trailing bytes that do not fill a record are ignored.
 int recordCount(const QByteArray &data);
 QList<PriceRecord> decode(const QByteArray &data);

@@ -1,5 +1,6 @@
 #include "update/PriceUpdateRun.h"
 
+#include "base/Month.h"
 #include "update/OfficialSourceInstaller.h"
 #include "update/PriceDataInstaller.h"
 #include "update/UpdateCatalogue.h"
@@ -20,9 +21,7 @@ QString failed(const char *status, const QString &why)
 
 QString monthsText(int first, int last)
 {
-    auto month = [](int index) {
-        return QStringLiteral("%1/%2").arg(MonthIndex::monthOf(index), 2, 10, QLatin1Char('0')).arg(MonthIndex::yearOf(index));
-    };
+    auto month = [](int index) { return Month::fromIndex(index).toString(Month::Style::Slash); };
     return first == last ? month(first) : QStringLiteral("%1 to %2").arg(month(first), month(last));
 }
 

@@ -80,7 +80,7 @@ QString BondAssessor::errorMessage() const
 
 QDateTime BondAssessor::monthDate(int year, int month)
 {
-    return QDateTime(QDate(year, month, 1), QTime(0, 0, 1), Qt::LocalTime);
+    return Month(year, month).toDateTime();
 }
 
 namespace {

@@ -43,7 +43,7 @@ TEST_F(InterestSummary, CumulativeAndYearlyOverTheHoldingsShown)
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2001, 25}, {2002, 125}, {2003, 235}, {2004, 525}}));
     int announced = 0;
     QObject::connect(&portfolio, &BondPortfolio::interestSummaryChanged, [&] { ++announced; });
-    portfolio.setSummaryMode(1);
+    portfolio.setSummaryMode(SummaryMode::Yearly);
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2001, 25}, {2002, 100}, {2003, 110}, {2004, 290}}));
     EXPECT_EQ(announced, 1);
 
@@ -61,7 +61,7 @@ TEST_F(InterestSummary, SkipsLeadingZeroYearsButKeepsLaterOnes)
     BondPortfolio portfolio(&people.store, values.finish());
     add(portfolio, "E", 1999, 1);
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2000, 25}, {2001, 125}, {2002, 0}, {2003, 325}}));
-    portfolio.setSummaryMode(1);
+    portfolio.setSummaryMode(SummaryMode::Yearly);
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2000, 25}, {2001, 100}, {2002, -125}, {2003, 325}}));
 }
 

@@ -237,6 +237,7 @@ INSTANTIATE_TEST_SUITE_P(
         FailureCase{"IssuedAfterRedemption", {}, {rowWith({{"issue_year", "2025"}})}, "issue_year 2025 is out of range for redemption month 2024-08"},
         FailureCase{"MalformedAmount", {}, {rowWith({{"issue_mar_amt", "12,50"}})}, "issue_mar_amt \"12,50\" is not an amount"},
         FailureCase{"NegativeAmount", {}, {rowWith({{"issue_mar_amt", "-3.00"}})}, "is not an amount"},
+        FailureCase{"AmountBeyondRecords", {}, {rowWith({{"issue_mar_amt", "53192"}})}, "issue_mar_amt \"53192\" is out of range"},
         FailureCase{"ThreeDecimals", {}, {rowWith({{"issue_mar_amt", "3.125"}})}, "is not an amount"},
         FailureCase{"MissingIssueYear", {}, {rowWith({{"issue_year", QJsonValue::Undefined}})}, "issue_year nothing is not a year"},
         FailureCase{"MissingAmounts", {}, {rowWith({{"issue_jan_amt", QJsonValue::Undefined}})}, "issue_jan_amt nothing is not an amount"},

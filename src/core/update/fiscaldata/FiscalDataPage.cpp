@@ -1,5 +1,6 @@
 #include "update/fiscaldata/FiscalDataPage.h"
 
+#include "update/PriceDataFile.h"
 #include "update/sources/SourceText.h"
 #include "valuation/BondAssessor.h"
 
@@ -136,6 +137,9 @@ QString readRecord(const QJsonObject &object, PriceRecord *record)
         const std::optional<qint32> cents = text ? FiscalDataFields::amountCents(*text) : std::nullopt;
         if (!cents)
             return QStringLiteral("%1 %2 is not an amount").arg(key, quoted(object.value(key)));
+        // The installer refuses larger values; say so here, where the field can be named.
+        if (*cents > PriceDataFile::LargestValue)
+            return QStringLiteral("%1 %2 is out of range").arg(key, quoted(object.value(key)));
         record->value[m - 1] = *cents;
     }
     return {};

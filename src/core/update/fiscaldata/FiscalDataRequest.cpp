@@ -1,5 +1,6 @@
 #include "update/fiscaldata/FiscalDataRequest.h"
 
+#include "base/Month.h"
 #include "update/DerivedValues.h"
 #include "valuation/MonthIndex.h"
 #include "valuation/RedemptionDatabase.h"
@@ -19,8 +20,7 @@ namespace FiscalDataQuery {
 
 QString periodText(int month)
 {
-    return QStringLiteral("%1-%2").arg(MonthIndex::yearOf(month), 4, 10, QLatin1Char('0'))
-        .arg(MonthIndex::monthOf(month), 2, 10, QLatin1Char('0'));
+    return Month::fromIndex(month).toString(Month::Style::Iso);
 }
 
 QList<FiscalDataRequest> plan(const QHash<char, QList<int>> &officialMonths)
