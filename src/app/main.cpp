@@ -2,7 +2,7 @@
 #include "DocumentManager.h"
 #include "PortfolioWindow.h"
 #include "UpdateCheckScheduler.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -5,7 +5,7 @@
 
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
-#include "model/Money.h"
+#include "base/Money.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -3,9 +3,9 @@
 #include "CliPortfolioFile.h"
 #include "HoldingNotes.h"
 #include "model/Holding.h"
-#include "model/Money.h"
+#include "base/Money.h"
 #include "model/PeopleStore.h"
-#include "model/Series.h"
+#include "base/Series.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>

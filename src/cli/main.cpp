@@ -1,5 +1,5 @@
 #include "CliCommand.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <QCoreApplication>
 #include <algorithm>

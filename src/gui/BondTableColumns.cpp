@@ -1,7 +1,7 @@
 #include "BondTableColumns.h"
 
 #include "HoldingColumns.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <QHeaderView>
 #include <QMenu>

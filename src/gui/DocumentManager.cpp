@@ -3,7 +3,7 @@
 #include "Alerts.h"
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include <QApplication>

@@ -4,7 +4,7 @@
 #include "HoldingColumns.h"
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
-#include "model/Series.h"
+#include "base/Series.h"
 
 #include <QComboBox>
 #include <QLineEdit>

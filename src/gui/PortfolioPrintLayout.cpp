@@ -1,8 +1,8 @@
 #include "PortfolioPrintLayout.h"
 
 #include "document/HoldingPresentation.h"
-#include "model/Money.h"
-#include "model/Series.h"
+#include "base/Money.h"
+#include "base/Series.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>

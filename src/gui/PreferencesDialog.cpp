@@ -1,7 +1,7 @@
 #include "PreferencesDialog.h"
 
-#include "model/Series.h"
-#include "model/UserDefaults.h"
+#include "base/Series.h"
+#include "base/UserDefaults.h"
 #include "update/AutomaticUpdateCheck.h"
 #include "update/UpdateLocation.h"
 

@@ -2,7 +2,7 @@
 
 #include "update/AutomaticUpdateCheck.h"
 #include "update/PriceUpdater.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "ValuationMonthPicker.h"
 
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 #include "valuation/BondAssessor.h"
 
 #include <QGuiApplication>

@@ -2,7 +2,7 @@
 
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
-#include "model/Series.h"
+#include "base/Series.h"
 #include "valuation/BondAssessor.h"
 #include "valuation/MonthIndex.h"
 

@@ -10,8 +10,8 @@
 #include "HoldingColumns.h"
 #include "HoldingsTableModel.h"
 #include "ValuationMonthPicker.h"
-#include "model/UserDefaults.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "base/UserDefaults.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QAction>
 #include <QFont>

@@ -3,8 +3,8 @@
 #include "GuiTestMain.h"
 #include "PreferencesDialog.h"
 #include "model/Holding.h"
-#include "model/Series.h"
-#include "model/UserDefaults.h"
+#include "base/Series.h"
+#include "base/UserDefaults.h"
 #include "update/AutomaticUpdateCheck.h"
 #include "update/UpdateLocation.h"
 

@@ -7,7 +7,7 @@
 #include "UpdateAvailableBar.h"
 #include "UpdateCheckScheduler.h"
 #include "update/AutomaticUpdateCheck.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QLabel>
 #include <QPushButton>

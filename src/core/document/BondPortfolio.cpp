@@ -2,8 +2,8 @@
 
 #include "document/PortfolioUndo.h"
 #include "model/PeopleStore.h"
-#include "model/Series.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "base/Series.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QFileInfo>
 #include <QUndoStack>

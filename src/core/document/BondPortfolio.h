@@ -7,9 +7,9 @@
 // follows the stack's clean state. No widgets: windows and the command line use the same object.
 #include "document/DocumentFileWriter.h"
 #include "model/Holding.h"
-#include "model/Money.h"
+#include "base/Money.h"
 #include "model/Person.h"
-#include "model/ValidationError.h"
+#include "base/ValidationError.h"
 #include "valuation/BondAssessor.h"
 #include "valuation/DateRange.h"
 

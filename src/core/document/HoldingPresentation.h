@@ -2,7 +2,7 @@
 // How holdings and months read as text, and the totals of a set of holdings: the window, the
 // command line and reports all show the same words and sums from here.
 #include "model/Holding.h"
-#include "model/Money.h"
+#include "base/Money.h"
 
 #include <QDateTime>
 #include <QList>

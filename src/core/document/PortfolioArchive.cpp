@@ -1,7 +1,7 @@
 #include "document/PortfolioArchive.h"
 
 #include "model/PeopleStore.h"
-#include "model/Series.h"
+#include "base/Series.h"
 
 #include <QHash>
 #include <QSet>

@@ -1,6 +1,6 @@
 #include "exchange/CsvFieldText.h"
 
-#include "model/Series.h"
+#include "base/Series.h"
 
 #include <QRegularExpression>
 #include <limits>

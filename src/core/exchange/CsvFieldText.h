@@ -2,7 +2,7 @@
 // How the CSV import reads the text of one field. The rules are lenient in the way the files
 // in circulation need (a one-digit month, digits followed by junk) and otherwise literal: no
 // currency signs or quotes are stripped from numbers.
-#include "model/Money.h"
+#include "base/Money.h"
 
 #include <QDateTime>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 // Byte-level helpers shared by the CSV and QIF formats: 8-bit text, printf-style fixed-point
 // numbers independent of the user's locale, and atomic file writing.
-#include "model/Money.h"
+#include "base/Money.h"
 
 #include "valuation/BondAssessor.h"
 

@@ -1,7 +1,7 @@
 #include "model/Holding.h"
 
 #include "document/BondPortfolio.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 namespace HoldingKey {
 

@@ -8,10 +8,10 @@
 // issueDate, quantity or faceValue also announces derivedValuesChanged() (value, interestEarned,
 // issuePrice, compoundAnnualGrowthRate, currentYield). A setter that changes further keys
 // itself (the role rules) ends with one changesCompleted(), so that observers can group them.
-#include "model/Money.h"
+#include "base/Money.h"
 #include "model/Person.h"
-#include "model/Series.h"
-#include "model/ValidationError.h"
+#include "base/Series.h"
+#include "base/ValidationError.h"
 #include "valuation/BondAssessor.h"
 
 #include <QDateTime>

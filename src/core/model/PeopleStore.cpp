@@ -1,6 +1,6 @@
 #include "model/PeopleStore.h"
 
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 #include "model/VCard.h"
 
 #include <QDir>

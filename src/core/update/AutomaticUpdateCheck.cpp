@@ -1,6 +1,6 @@
 #include "update/AutomaticUpdateCheck.h"
 
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 #include "update/fiscaldata/FiscalDataRequest.h"
 #include "valuation/MonthIndex.h"
 

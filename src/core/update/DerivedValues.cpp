@@ -3,8 +3,8 @@
 #include "base/Month.h"
 #include "valuation/RedemptionDatabase.h"
 
-#include "model/Money.h"
-#include "model/Series.h"
+#include "base/Money.h"
+#include "base/Series.h"
 #include "update/MaturedValueCompletion.h"
 #include "valuation/BondAssessor.h"
 

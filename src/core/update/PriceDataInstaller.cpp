@@ -3,7 +3,7 @@
 #include "valuation/RedemptionDatabase.h"
 
 #include "update/PriceDataFile.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 #include "update/ValueHistoryPacking.h"
 #include "valuation/BondAssessor.h"
 

@@ -1,7 +1,7 @@
 #include "update/PriceUpdater.h"
 
 #include "update/PriceUpdateRun.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 #include "update/UpdateConnection.h"
 #include "update/UpdateLocation.h"
 #include "valuation/RedemptionDatabase.h"

@@ -1,6 +1,6 @@
 #include "update/UpdateLocation.h"
 
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 namespace UpdateLocation {
 

@@ -1,6 +1,6 @@
 #include "valuation/BondAssessor.h"
 
-#include "model/Series.h"
+#include "base/Series.h"
 #include "valuation/RedemptionDatabase.h"
 #include "valuation/ValueHistoryCache.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // Read side of the redemption value database: the value of a $25 paper bond for every series,
 // issue month and redemption month, scaled to a bond's face value.
-#include "model/Money.h"
+#include "base/Money.h"
 #include "valuation/MonthIndex.h"
 
 #include <QDateTime>

@@ -3,7 +3,7 @@
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
 #include "document/BondPortfolio.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

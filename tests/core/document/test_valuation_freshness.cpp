@@ -6,7 +6,7 @@
 
 #include "document/BondPortfolio.h"
 #include "model/PeopleStore.h"
-#include "model/Series.h"
+#include "base/Series.h"
 
 #include <QProcess>
 #include <QStandardPaths>

@@ -1,7 +1,7 @@
 #include "../QtPrinters.h"
 #include "../PortfolioFixture.h"
 #include "model/Holding.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <gtest/gtest.h>
 

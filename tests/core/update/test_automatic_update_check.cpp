@@ -3,7 +3,7 @@
 #include "../QtPrinters.h"
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 #include "update/AutomaticUpdateCheck.h"
 #include "update/OfficialSourceInstaller.h"
 

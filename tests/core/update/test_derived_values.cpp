@@ -4,7 +4,7 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
-#include "model/Series.h"
+#include "base/Series.h"
 #include "update/DerivedValues.h"
 #include "update/OfficialSourceInstaller.h"
 #include "valuation/BondAssessor.h"

@@ -1,7 +1,7 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>

@@ -5,7 +5,7 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 #include "update/PriceUpdater.h"
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 #include "update/UpdateCatalogue.h"
 #include "valuation/BondAssessor.h"
 

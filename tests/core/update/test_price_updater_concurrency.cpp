@@ -3,7 +3,7 @@
 // either wholly installed or not at all.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
-#include "model/Series.h"
+#include "base/Series.h"
 #include "update/PriceDataInstaller.h"
 #include "update/UpdateConnection.h"
 #include "valuation/BondAssessor.h"

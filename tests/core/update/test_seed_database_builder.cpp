@@ -2,7 +2,7 @@
 #include "TestSupport.h"
 
 #include "update/sources/SeedDatabaseBuilder.h"
-#include "model/Series.h"
+#include "base/Series.h"
 #include "valuation/BondAssessor.h"
 
 #include <QDir>

@@ -2,7 +2,7 @@
 // files. (The delta against the installed files is tested through the updater.)
 #include "../QtPrinters.h"
 #include "HandMadePlist.h"
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 #include "update/UpdateCatalogue.h"
 #include "update/UpdateLocation.h"
 

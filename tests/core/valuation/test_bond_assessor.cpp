@@ -3,7 +3,7 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
-#include "model/Series.h"
+#include "base/Series.h"
 #include "valuation/BondAssessor.h"
 #include "valuation/RedemptionDatabase.h"
 

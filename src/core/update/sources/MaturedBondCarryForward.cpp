@@ -1,6 +1,6 @@
 #include "update/sources/MaturedBondCarryForward.h"
 
-#include "model/Money.h"
+#include "base/Money.h"
 #include "valuation/BondAssessor.h"
 
 #include <QMap>

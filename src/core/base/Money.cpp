@@ -1,4 +1,4 @@
-#include "model/Money.h"
+#include "base/Money.h"
 
 #include <QLocale>
 #include <charconv>

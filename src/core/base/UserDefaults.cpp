@@ -1,4 +1,4 @@
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <QHash>
 #include <QMutex>

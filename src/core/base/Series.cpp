@@ -1,6 +1,6 @@
-#include "model/Series.h"
+#include "base/Series.h"
 
-#include "model/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <QHash>
 #include <algorithm>

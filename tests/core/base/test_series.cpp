@@ -1,5 +1,5 @@
-#include "model/Series.h"
-#include "model/UserDefaults.h"
+#include "base/Series.h"
+#include "base/UserDefaults.h"
 
 #include <gtest/gtest.h>
 

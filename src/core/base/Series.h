@@ -1,7 +1,7 @@
 #pragma once
 // The four kinds of savings bond. Exactly four Series objects exist for the life of the process;
 // identity is pointer identity, and archives store the one-letter code.
-#include "model/Money.h"
+#include "base/Money.h"
 
 #include <QDate>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "update/RedemptionDateRangeNotifier.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QCoreApplication>
 #include <QMetaObject>
