@@ -5,6 +5,7 @@
 #include "../support/PriceUpdateTestData.h"
 #include "TreasuryFileInstall.h"
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QSignalSpy>
 
@@ -54,7 +55,10 @@ private slots:
 
         TreasuryFileInstall install(nullptr);
         QSignalSpy finished(&install, &TreasuryFileInstall::finished);
+        QElapsedTimer clock;
+        clock.start();
         install.start(file);
+        const qint64 startTook = clock.elapsed();
         // start() returned with the work under way and the progress showing.
         QCOMPARE(finished.count(), 0);
         auto *progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
@@ -65,6 +69,7 @@ private slots:
         QVERIFY(finished.count() == 1 || progress->isVisible());
 
         QVERIFY(finished.count() == 1 || finished.wait(60000));
+        QVERIFY2(startTook < clock.elapsed() / 2, qPrintable(QStringLiteral("%1 of %2 ms").arg(startTook).arg(clock.elapsed())));
         const auto result = finished.constFirst().constFirst().value<TreasuryFileInstall::Result>();
         QCOMPARE(result.installed, installed);
         const QString expected = text.contains(u'%') ? text.arg(tag) : text;
