@@ -3,7 +3,7 @@
 // one with an issue month the shipped database prices.
 #include "document/BondPortfolio.h"
 #include "model/PeopleStore.h"
-#include "model/Series.h"
+#include "base/Series.h"
 #include "valuation/BondAssessor.h"
 
 #include <QFile>

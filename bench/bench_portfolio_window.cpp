@@ -8,7 +8,7 @@
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
 #include "model/PeopleStore.h"
-#include "model/Series.h"
+#include "base/Series.h"
 #include "valuation/BondAssessor.h"
 
 #include <QApplication>

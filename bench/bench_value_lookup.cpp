@@ -3,7 +3,7 @@
 #include "DatabaseLayouts.h"
 #include "PortfolioGenerator.h"
 
-#include "model/Series.h"
+#include "base/Series.h"
 #include "valuation/BondAssessor.h"
 #include "valuation/RedemptionDatabase.h"
 

@@ -9,7 +9,6 @@ cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 cmake --build build -j"$(nproc)" --target quillmere quillmere-cli bondvalues_database
 # Use the freshly built database, so that a working copy from an older build is not read.
 export QUILLMERE_DATABASE="${QUILLMERE_DATABASE:-$PWD/build/data/bondvalues.bvdb}"
-export QUILLMERE_PEOPLE="${QUILLMERE_PEOPLE:-$PWD/examples/people.vcf}"
 cli=build/src/cli/quillmere-cli
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ "$#" -eq 0 ]; then
   echo "Opening examples/sample.bondportfolio in the portfolio window (database: $QUILLMERE_DATABASE)."
@@ -25,6 +24,6 @@ fi
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   echo
   echo "No display here, so the portfolio window was not opened. On a desktop, run this command again,"
-  echo "or: QUILLMERE_DATABASE=$QUILLMERE_DATABASE QUILLMERE_PEOPLE=$QUILLMERE_PEOPLE build/src/app/quillmere examples/sample.bondportfolio"
+  echo "or: QUILLMERE_DATABASE=$QUILLMERE_DATABASE build/src/app/quillmere examples/sample.bondportfolio"
   echo "(bash scripts/screenshot.sh draws the window under Xvfb into docs/screenshot.png)."
 fi

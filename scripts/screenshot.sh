@@ -7,7 +7,6 @@ bash scripts/install-deps.sh xvfb xdotool imagemagick x11-utils
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 cmake --build build -j"$(nproc)" --target quillmere bondvalues_database
 export QUILLMERE_DATABASE="$PWD/build/data/bondvalues.bvdb"
-export QUILLMERE_PEOPLE="$PWD/examples/people.vcf"
 # The picture shows the window, not an offer of new values from the network.
 export QUILLMERE_FISCAL_DATA_URL=http://127.0.0.1:9/
 # A settings folder of its own: the picture shows the designed columns, not this user's.

@@ -5,7 +5,6 @@
 #include "valuation/RedemptionDatabase.h"
 
 #include <QCommandLineParser>
-#include <QDir>
 #include <QFileInfo>
 
 namespace {
@@ -58,12 +57,7 @@ QString peopleFilePath(const QCommandLineParser &parser, const QCommandLineOptio
 {
     if (parser.isSet(option))
         return parser.value(option);
-    if (!qEnvironmentVariableIsEmpty(PeopleStore::PathEnvironmentVariable))
-        return PeopleStore::defaultPath();
-    const QString beside = QFileInfo(portfolioPath).absoluteDir().filePath(QString::fromLatin1(PeopleStore::FileName));
-    if (QFileInfo(beside).isFile())
-        return beside;
-    return PeopleStore::defaultPath();
+    return PeopleStore::pathForPortfolio(portfolioPath);
 }
 
 QString missingPeopleText(const BondPortfolio &portfolio)

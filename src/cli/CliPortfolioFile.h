@@ -18,9 +18,8 @@ std::unique_ptr<BondPortfolio> newPortfolio(PeopleStore &people);
 
 // The --people option, "FILE": the vCard file that names a portfolio's people.
 QCommandLineOption peopleFileOption();
-// Which people file names the people of the portfolio at portfolioPath, the same for every
-// command: --people, else QUILLMERE_PEOPLE, else a people.vcf beside the portfolio (how examples
-// travel), else the user's own.
+// Which people file names the people of the portfolio at portfolioPath: --people, else the one
+// the window would read (PeopleStore::pathForPortfolio).
 QString peopleFilePath(const QCommandLineParser &parser, const QCommandLineOption &option, const QString &portfolioPath);
 // "PATH: cannot save the portfolio: the disk is full" and the like.
 QString saveFailureText(const QString &path, const PortfolioSaveFailure &failure);

@@ -2,14 +2,10 @@
 // into the user's redemption value database, without an update server.
 #include "CliCommand.h"
 #include "CliDatabase.h"
-#include "update/OfficialSourceInstaller.h"
-#include "update/PriceUpdater.h"
-#include "update/UpdateConnection.h"
-#include "update/sources/PriceSource.h"
+#include "update/TreasuryFileInstallation.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include <QCommandLineParser>
-#include <QFileInfo>
 
 namespace {
 
@@ -33,25 +29,25 @@ int run(const QStringList &arguments)
         return status;
     const QStringList files = parser.positionalArguments();
 
-    const QString database = RedemptionDatabase::path();
-    if (database.isEmpty())
+    TreasuryFileInstallation installation(RedemptionDatabase::path());
+    const QString database = installation.databasePath();
+    switch (installation.check()) {
+    case TreasuryFileInstallation::Failure::NoDatabase:
         return cliFail(QStringLiteral("no redemption value database found"));
-    if (!PriceUpdater::canPerformUpdate(database))
+    case TreasuryFileInstallation::Failure::NotWritable:
         return cliFail(QStringLiteral("the redemption value database %1 cannot be written").arg(database));
-    UpdateConnection connection(database);
-    connection.prepareForWriting();
-    if (!connection.handle())
+    default:
+        break;
+    }
+    // Opened before any file is read: a database that cannot be opened is named as such.
+    if (installation.open() != TreasuryFileInstallation::Failure::None)
         return cliFail(QStringLiteral("cannot open the redemption value database %1").arg(database));
 
     for (const QString &file : files) {
-        const PriceSourceContents contents = PriceSource::readFile(file);
-        if (!contents.ok())
-            return cliFail(contents.error);
-        const OfficialSourceInstaller::Outcome outcome =
-            OfficialSourceInstaller::install(connection.handle(), {QFileInfo(file).fileName(), contents.records});
-        if (!outcome.ok())
-            return cliFail(outcome.error);
-        cliOut() << OfficialSourceInstaller::summary(QFileInfo(file).fileName(), outcome) << '\n';
+        const TreasuryFileInstallation::FileResult result = installation.install(file);
+        if (!result.installed())
+            return cliFail(result.detail);
+        cliOut() << OfficialSourceInstaller::summary(result.fileName, result.outcome) << '\n';
     }
     return 0;
 }

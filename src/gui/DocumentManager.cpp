@@ -4,6 +4,7 @@
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
 #include "base/UserDefaults.h"
+#include "model/PeopleStore.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include <QApplication>
@@ -45,7 +46,8 @@ PortfolioWindow *DocumentManager::openFile(const QString &path, QWidget *parent)
         open->activateWindow();
         return open;
     }
-    auto *portfolio = new BondPortfolio(nullptr, databasePath());
+    // The people come from the file the command-line program would read for this portfolio.
+    auto *portfolio = new BondPortfolio(&PeopleStore::shared(PeopleStore::pathForPortfolio(path)), databasePath());
     QString error;
     if (!portfolio->readFromFile(QFileInfo(path).absoluteFilePath(), &error)) {
         delete portfolio;

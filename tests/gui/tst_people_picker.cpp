@@ -19,6 +19,23 @@ private slots:
     void init() { QVERIFY((m_window = GuiTest::openSample())); }
     void cleanup() { GuiTest::discardWindows(); }
 
+    // As the command-line program does: with no file named, the people.vcf beside the portfolio.
+    void theWindowReadsThePeopleBesideThePortfolio()
+    {
+        GuiTest::discardWindows();
+        const QByteArray named = qgetenv(PeopleStore::PathEnvironmentVariable);
+        qunsetenv(PeopleStore::PathEnvironmentVariable);
+        PortfolioWindow *window = GuiTest::openSample();
+        qputenv(PeopleStore::PathEnvironmentVariable, named);
+        QVERIFY(window);
+        const BondPortfolio &portfolio = *window->portfolio();
+        QCOMPARE(QFileInfo(portfolio.peopleStore().path()).canonicalFilePath(),
+                 QFileInfo(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf")).canonicalFilePath());
+        QCOMPARE(portfolio.missingPeopleCount(), 0);
+        QAbstractItemModel *people = window->peopleTable()->model();
+        QCOMPARE(people->match(people->index(0, 0), Qt::DisplayRole, QStringLiteral("Rosa Delgado")).size(), 1);
+    }
+
     void addButtonFollowsTheSelection()
     {
         PeoplePickerDialog picker(*m_window->portfolio());

@@ -1,8 +1,13 @@
-// Installing a Treasury value file from the window: a file that contradicts the database is
-// refused with its reason, and nothing of it reaches the database.
+// Installing a Treasury value file from the window: the work goes on while the event loop runs
+// and a progress dialog stands over everything; a file that contradicts the database is refused
+// with its reason and nothing of it reaches the database, while a new one is recorded.
 #include "GuiTestMain.h"
 #include "../support/PriceUpdateTestData.h"
 #include "TreasuryFileInstall.h"
+
+#include <QElapsedTimer>
+#include <QProgressDialog>
+#include <QSignalSpy>
 
 using PriceUpdateTestData::queryInt;
 
@@ -11,18 +16,35 @@ class TreasuryFileInstallTest : public QObject
     Q_OBJECT
 
 private slots:
-    void aContradictingFileInstallsNothing()
+    void installsWithoutBlocking_data()
     {
-        // The June 2021 file, under a name not yet installed, with one value of 1979 E bonds
-        // changed by a cent.
+        QTest::addColumn<QByteArray>("replaced");
+        QTest::addColumn<bool>("installed");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("filesAdded");
+        // The June 2021 file under a name not yet installed: as it is, or with one value of 1979
+        // E bonds changed by a cent.
+        QTest::newRow("same values") << QByteArray() << true << QStringLiteral("Installed sb202106-%1.asc: ") << 1;
+        QTest::newRow("one value differs") << QByteArray("E2021061979010829") << false
+                                           << QStringLiteral("differs from the installed official value") << 0;
+    }
+
+    void installsWithoutBlocking()
+    {
+        QFETCH(QByteArray, replaced);
+        QFETCH(bool, installed);
+        QFETCH(QString, text);
+        QFETCH(int, filesAdded);
         QFile original(QStringLiteral(QUILLMERE_SOURCE_DIR "/data/treasury/sb202106.asc"));
         QVERIFY(original.open(QIODevice::ReadOnly));
-        QByteArray text = original.readAll();
-        const qsizetype at = text.indexOf("E2021061979010828");
+        QByteArray contents = original.readAll();
+        const qsizetype at = contents.indexOf("E2021061979010828");
         QVERIFY(at >= 0);
-        text.replace(at, 17, "E2021061979010829");
-        const QString changed = GuiTest::writeFile(QStringLiteral("sb202106-reissued.asc"), text);
-        QVERIFY(!changed.isEmpty());
+        if (!replaced.isEmpty())
+            contents.replace(at, 17, replaced);
+        const QString tag = QString::fromLatin1(QTest::currentDataTag()).replace(u' ', u'-');
+        const QString file = GuiTest::writeFile(QStringLiteral("sb202106-%1.asc").arg(tag), contents);
+        QVERIFY(!file.isEmpty());
 
         const QString database = QString::fromLocal8Bit(qgetenv("QUILLMERE_DATABASE"));
         const QString files = QStringLiteral("select count(*) from data_file");
@@ -30,11 +52,47 @@ private slots:
                                              "imo = 1 and ryr = 2021 and rmo = 6");
         const qint64 filesBefore = queryInt(database, files), valueBefore = queryInt(database, value);
         QVERIFY(filesBefore > 0 && valueBefore > 0);
-        const TreasuryFileInstall::Result result = TreasuryFileInstall::install(nullptr, changed);
-        QVERIFY(!result.installed);
-        QVERIFY2(result.text.contains(QStringLiteral("differs from the installed official value")), qPrintable(result.text));
-        QCOMPARE(queryInt(database, files), filesBefore);
+
+        TreasuryFileInstall install(nullptr);
+        QSignalSpy finished(&install, &TreasuryFileInstall::finished);
+        QElapsedTimer clock;
+        clock.start();
+        install.start(file);
+        const qint64 startTook = clock.elapsed();
+        // start() returned with the work under way and the progress showing.
+        QCOMPARE(finished.count(), 0);
+        auto *progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        QVERIFY(progress && progress->isVisible());
+        QCOMPARE(progress->windowTitle(), QStringLiteral("Install Treasury Value File"));
+        QCOMPARE(progress->labelText(), QStringLiteral("Installing %1…").arg(QFileInfo(file).fileName()));
+        QTest::keyClick(progress, Qt::Key_Escape); // nothing to cancel: it stays
+        QVERIFY(finished.count() == 1 || progress->isVisible());
+
+        QVERIFY(finished.count() == 1 || finished.wait(60000));
+        QVERIFY2(startTook < clock.elapsed() / 2, qPrintable(QStringLiteral("%1 of %2 ms").arg(startTook).arg(clock.elapsed())));
+        const auto result = finished.constFirst().constFirst().value<TreasuryFileInstall::Result>();
+        QCOMPARE(result.installed, installed);
+        const QString expected = text.contains(u'%') ? text.arg(tag) : text;
+        QVERIFY2(result.text.contains(expected), qPrintable(result.text));
+        QVERIFY(!install.isRunning());
+        QVERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(queryInt(database, files), filesBefore + filesAdded);
         QCOMPARE(queryInt(database, value), valueBefore);
+    }
+
+    void aDatabaseThatCannotBeWrittenIsRefusedWithoutProgress()
+    {
+        const QByteArray database = qgetenv("QUILLMERE_DATABASE");
+        qputenv("QUILLMERE_DATABASE", "/nonexistent/values.bvdb");
+        TreasuryFileInstall install(nullptr);
+        QSignalSpy finished(&install, &TreasuryFileInstall::finished);
+        install.start(QStringLiteral(QUILLMERE_SOURCE_DIR "/data/treasury/sb202106.asc"));
+        qputenv("QUILLMERE_DATABASE", database);
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(finished.wait(5000));
+        const auto result = finished.constFirst().constFirst().value<TreasuryFileInstall::Result>();
+        QVERIFY(!result.installed);
+        QCOMPARE(result.text, QStringLiteral("The redemption value database /nonexistent/values.bvdb cannot be written."));
     }
 };
 

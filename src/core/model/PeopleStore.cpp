@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <QUuid>
 #include <QtDebug>
+#include <map>
 
 QString PeopleStore::defaultPath()
 {
@@ -20,10 +21,28 @@ QString PeopleStore::defaultPath()
            + QString::fromLatin1(FileName);
 }
 
+QString PeopleStore::pathForPortfolio(const QString &portfolioPath)
+{
+    if (!qEnvironmentVariableIsEmpty(PathEnvironmentVariable))
+        return defaultPath();
+    const QString beside = QFileInfo(portfolioPath).absoluteDir().filePath(QString::fromLatin1(FileName));
+    if (QFileInfo(beside).isFile())
+        return beside;
+    return defaultPath();
+}
+
 PeopleStore &PeopleStore::shared()
 {
-    static PeopleStore store(defaultPath());
-    return store;
+    return shared(defaultPath());
+}
+
+PeopleStore &PeopleStore::shared(const QString &path)
+{
+    static std::map<QString, std::unique_ptr<PeopleStore>> stores;
+    std::unique_ptr<PeopleStore> &store = stores[QFileInfo(path).absoluteFilePath()];
+    if (!store)
+        store = std::make_unique<PeopleStore>(path);
+    return *store;
 }
 
 PeopleStore::PeopleStore(const QString &path)

@@ -17,8 +17,15 @@ public:
 
     // The default file: $QUILLMERE_PEOPLE, or people.vcf in the user's data directory.
     static QString defaultPath();
+    // Which file names the people of the portfolio at portfolioPath, the same for the window and
+    // every command: $QUILLMERE_PEOPLE, else a people.vcf beside the portfolio (how examples
+    // travel), else the user's own.
+    static QString pathForPortfolio(const QString &portfolioPath);
     // The process-wide store on defaultPath(), read on first use.
     static PeopleStore &shared();
+    // The process-wide store on that file, read on first use: every open portfolio whose people
+    // the same file names edits the same records.
+    static PeopleStore &shared(const QString &path);
 
     // Reads the file at once; a missing file is an empty store.
     explicit PeopleStore(const QString &path);

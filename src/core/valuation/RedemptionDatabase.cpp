@@ -13,16 +13,23 @@ namespace RedemptionDatabase {
 QString seedPath()
 {
     const QString name = QString::fromLatin1(FileName);
+    // Where an installation puts it: beside the program's prefix, the prefix it was built for,
+    // the system's data folders.
     QStringList candidates;
-    if (QCoreApplication::instance()) {
-        const QString appDir = QCoreApplication::applicationDirPath();
-        candidates << appDir + QStringLiteral("/../share/quillmere/") + name
-                   << appDir + QStringLiteral("/../../data/") + name
-                   << appDir + QStringLiteral("/../data/") + name;
+    const QString appDir = QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString();
+    if (!appDir.isEmpty())
+        candidates << appDir + QStringLiteral("/../share/quillmere/") + name;
+    candidates << QStringLiteral(QUILLMERE_INSTALLED_DATA_DIR "/") + name;
+    const QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    for (const QString &folder : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
+        if (folder != userData)
+            candidates << folder + QStringLiteral("/quillmere/") + name;
     }
-    candidates << QStringLiteral(QUILLMERE_BUILD_DATA_DIR "/") + name
-               << QStringLiteral(QUILLMERE_INSTALLED_DATA_DIR "/") + name;
-    for (const QString &candidate : candidates) {
+    // Only when nothing is installed, the build folder's: a program run where it was built.
+    if (!appDir.isEmpty())
+        candidates << appDir + QStringLiteral("/../../data/") + name << appDir + QStringLiteral("/../data/") + name;
+    candidates << QStringLiteral(QUILLMERE_BUILD_DATA_DIR "/") + name;
+    for (const QString &candidate : std::as_const(candidates)) {
         if (QFileInfo(candidate).isFile())
             return QFileInfo(candidate).canonicalFilePath();
     }

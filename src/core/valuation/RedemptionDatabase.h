@@ -13,7 +13,8 @@ namespace RedemptionDatabase {
 inline constexpr const char *FileName = "bondvalues.bvdb";
 inline constexpr const char *PathEnvironmentVariable = "QUILLMERE_DATABASE";
 
-// The shipped seed database, or an empty string when none can be found.
+// The shipped seed database, or an empty string when none can be found. An installed one comes
+// first; the build folder's is read only when none is installed.
 QString seedPath();
 // The working copy every assessor and the updater use. Copies the seed on first use.
 // An empty string when neither the working copy nor a seed exists.

@@ -2,6 +2,7 @@
 #include "../PeopleFixture.h"
 #include "model/Holding.h"
 
+#include <QMap>
 #include <gtest/gtest.h>
 
 namespace {
@@ -44,11 +45,41 @@ TEST(PeopleStore, SavedRecordsComeBackAndAFailedSaveLeavesTheFileWhole)
     EXPECT_FALSE(blocked.save(&error));
     EXPECT_FALSE(error.isEmpty());
     EXPECT_EQ(TestSupport::readFile(people.store.path()), before);
-
-    qputenv(PeopleStore::PathEnvironmentVariable, people.store.path().toLocal8Bit());
-    EXPECT_EQ(PeopleStore::defaultPath(), people.store.path()) << "the environment names the default file";
-    qunsetenv(PeopleStore::PathEnvironmentVariable);
 }
+
+// Which people file a portfolio's people come from, in the window and every command alike.
+struct PeopleFileCase
+{
+    const char *name;
+    bool environment;  // QUILLMERE_PEOPLE names a file
+    bool besideExists; // a people.vcf lies beside the portfolio
+    const char *chosen; // "environment", "beside" or "own"
+};
+
+void PrintTo(const PeopleFileCase &c, std::ostream *out) { *out << c.name; }
+
+class PeopleFileForPortfolio : public testing::TestWithParam<PeopleFileCase> {};
+
+TEST_P(PeopleFileForPortfolio, EnvironmentThenBesideThenTheUsersOwn)
+{
+    const PeopleFileCase &c = GetParam();
+    const QString folder = TestSupport::temporaryDirectory(), beside = folder + QStringLiteral("/people.vcf");
+    if (c.besideExists)
+        TestSupport::writeFile(beside, "BEGIN:VCARD\r\nVERSION:3.0\r\nEND:VCARD\r\n");
+    const QString named = TestSupport::temporaryDirectory() + QStringLiteral("/named.vcf");
+    if (c.environment)
+        qputenv(PeopleStore::PathEnvironmentVariable, named.toLocal8Bit());
+    const QString chosen = PeopleStore::pathForPortfolio(folder + QStringLiteral("/family.bondportfolio"));
+    qunsetenv(PeopleStore::PathEnvironmentVariable);
+    const QMap<QString, QString> expected{{"environment", named}, {"beside", beside}, {"own", PeopleStore::defaultPath()}};
+    EXPECT_EQ(chosen, expected.value(QString::fromLatin1(c.chosen)));
+    EXPECT_EQ(&PeopleStore::shared(chosen), &PeopleStore::shared(chosen)) << "one store per file";
+}
+
+INSTANTIATE_TEST_SUITE_P(Rule, PeopleFileForPortfolio, testing::Values(
+    PeopleFileCase{"environment before beside", true, true, "environment"},
+    PeopleFileCase{"beside", false, true, "beside"},
+    PeopleFileCase{"nothing beside", false, false, "own"}));
 
 // Each export is imported twice: the second import must find everyone already there.
 TEST(PeopleStore, ImportAddsEachUidOnceKeepsKnownPeopleAndRefusesUnreadableFiles)

@@ -7,6 +7,7 @@
 #include "valuation/BondAssessor.h"
 #include "valuation/RedemptionDatabase.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -157,6 +158,20 @@ TEST(BondAssessor, MissingFileAnswersNothingAndAnUnreadableOneIsReportedWithItsP
     const BondAssessor unreadable(path);
     EXPECT_EQ(unreadable.state(), BondAssessor::State::Unreadable);
     EXPECT_EQ(unreadable.errorMessage(), QStringLiteral("Unable to load essential resources from %1").arg(path));
+}
+
+// A program run from the folder it was built in still finds an installed seed first.
+TEST(RedemptionDatabase, PrefersAnInstalledSeedToTheBuildFolders)
+{
+    const QString built = RedemptionDatabase::seedPath();
+    ASSERT_TRUE(built.startsWith(QFileInfo(QStringLiteral(QUILLMERE_TEST_DATABASE)).canonicalPath())) << built.toStdString();
+    const QString system = TestSupport::temporaryDirectory();
+    ASSERT_TRUE(QDir().mkpath(system + QStringLiteral("/quillmere")));
+    const QString installed = TestSupport::writeFile(system + QStringLiteral("/quillmere/bondvalues.bvdb"), "installed");
+    const QByteArray dataDirs = qgetenv("XDG_DATA_DIRS");
+    qputenv("XDG_DATA_DIRS", system.toLocal8Bit());
+    EXPECT_EQ(RedemptionDatabase::seedPath(), QFileInfo(installed).canonicalFilePath());
+    qputenv("XDG_DATA_DIRS", dataDirs);
 }
 
 TEST(RedemptionDatabase, CopiesTheSeedIntoTheUserFolderOnFirstUseOnly)
