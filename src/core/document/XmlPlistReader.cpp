@@ -149,6 +149,10 @@ public:
                         return true;
                 }
                 continue;
+            case QXmlStreamReader::Characters: // text belongs in a value's element only
+                if (!m_xml.isWhitespace())
+                    return false;
+                continue;
             default:
                 continue;
             }
