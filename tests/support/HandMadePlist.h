@@ -1,6 +1,5 @@
 #pragma once
-// Binary property lists written byte by byte, for shapes no library would write: every object is
-// an array of four-byte references to other objects.
+// Binary property lists written byte by byte, for shapes no library would write.
 #include <QByteArray>
 #include <QList>
 #include <QtEndian>
@@ -13,7 +12,7 @@ inline void appendBigEndian(QByteArray &data, quint64 value, int bytes)
         data.append(char((value >> (8 * i)) & 0xFF));
 }
 
-// Object i is the array arrays[i]; object 0 is the top.
+// Object i is the array arrays[i] of four-byte references; object 0 is the top.
 inline QByteArray binary(const QList<QList<quint32>> &arrays)
 {
     QByteArray data("bplist00");
@@ -30,6 +29,25 @@ inline QByteArray binary(const QList<QList<quint32>> &arrays)
         appendBigEndian(data, offset, 4);
     data.append(QByteArray(6, '\0')).append(char(4)).append(char(4));
     appendBigEndian(data, quint64(arrays.size()), 8);
+    appendBigEndian(data, 0, 8);
+    appendBigEndian(data, tableOffset, 8);
+    return data;
+}
+
+// Objects given as their encoded bytes (object 0 is the top; references are one byte wide).
+inline QByteArray binaryOfObjects(const QList<QByteArray> &objects)
+{
+    QByteArray data("bplist00");
+    QList<quint32> offsets;
+    for (const QByteArray &object : objects) {
+        offsets.append(quint32(data.size()));
+        data.append(object);
+    }
+    const quint64 tableOffset = quint64(data.size());
+    for (quint32 offset : offsets)
+        appendBigEndian(data, offset, 4);
+    data.append(QByteArray(6, '\0')).append(char(4)).append(char(1));
+    appendBigEndian(data, quint64(objects.size()), 8);
     appendBigEndian(data, 0, 8);
     appendBigEndian(data, tableOffset, 8);
     return data;

@@ -3,14 +3,10 @@
 // file into one buffer of exactly the right size.
 #include "document/BinaryPlistWriter.h"
 
-#include <QStringDecoder>
-
 #include <algorithm>
 #include <bit>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -85,17 +81,6 @@ char *putMarkerAndLength(char *at, quint8 type, quint64 count)
     return putBigEndian(at, count, width);
 }
 
-// libplist keeps only whether an integer was read from the sixteen-byte form, which is how the
-// format tells unsigned values above INT64_MAX from negative ones; comparing the node with a
-// fresh (eight-byte) node of the same value reveals it.
-bool isSixteenByteInteger(plist_t node, quint64 value)
-{
-    if (value <= quint64(std::numeric_limits<qint64>::max()))
-        return false;
-    const std::unique_ptr<void, decltype(&plist_free)> plain(plist_new_uint(value), &plist_free);
-    return !plist_compare_node_value(node, plain.get());
-}
-
 enum class Kind : quint8 { Scalar, Array, Dictionary };
 
 // A scalar's encoded bytes live in the scalar arena; a container's references in the reference
@@ -116,16 +101,14 @@ struct ArenaSpan
 class TreeFlattener
 {
 public:
-    bool flatten(plist_t root)
+    bool flatten(const PlistValue &root)
     {
-        if (!root)
-            return false;
-        m_pending.push_back({root, NoSlot});
+        m_pending.push_back({&root, NoSlot});
         while (!m_pending.empty()) {
             const Pending next = m_pending.back();
             m_pending.pop_back();
             quint64 index = 0;
-            if (!visit(next.node, &index))
+            if (!visit(*next.node, &index))
                 return false;
             if (next.slot != NoSlot)
                 m_references[next.slot] = index;
@@ -142,7 +125,7 @@ private:
 
     struct Pending
     {
-        plist_t node;
+        const PlistValue *node;
         quint64 slot;
     };
 
@@ -164,55 +147,38 @@ private:
         }
     };
 
-    bool visit(plist_t node, quint64 *index)
+    bool visit(const PlistValue &node, quint64 *index)
     {
-        const plist_type type = plist_get_node_type(node);
-        switch (type) {
-        case PLIST_ARRAY:
+        switch (node.type()) {
+        case PlistValue::Type::Array:
             return visitArray(node, index);
-        case PLIST_DICT:
+        case PlistValue::Type::Dictionary:
             return visitDictionary(node, index);
         default:
-            return encodeScalar(node, type, index);
+            return encodeScalar(node, index);
         }
     }
 
-    bool visitArray(plist_t node, quint64 *index)
+    bool visitArray(const PlistValue &node, quint64 *index)
     {
-        const quint64 count = plist_array_get_size(node);
+        const quint64 count = node.items().size();
         const quint64 firstSlot = beginContainer(Kind::Array, count, count, index);
-        plist_array_iter iterator = nullptr;
-        plist_array_new_iter(node, &iterator);
-        const std::unique_ptr<void, decltype(&std::free)> iteratorOwner(iterator, &std::free);
-        for (quint64 i = 0; i < count; ++i) {
-            plist_t item = nullptr;
-            plist_array_next_item(node, iterator, &item);
-            if (!item)
-                return false;
-            m_pending.push_back({item, firstSlot + i});
-        }
-        // Children are taken from the back of the stack; reversed, they are numbered in order.
-        std::reverse(m_pending.end() - qsizetype(count), m_pending.end());
+        // Children are taken from the back of the stack; pushed in reverse, they are numbered in order.
+        for (quint64 i = count; i-- > 0;)
+            m_pending.push_back({&node.items()[i], firstSlot + i});
         return true;
     }
 
-    bool visitDictionary(plist_t node, quint64 *index)
+    bool visitDictionary(const PlistValue &node, quint64 *index)
     {
-        const quint64 count = plist_dict_get_size(node);
+        const quint64 count = node.entries().size();
         const quint64 firstSlot = beginContainer(Kind::Dictionary, count, 2 * count, index);
-        plist_dict_iter iterator = nullptr;
-        plist_dict_new_iter(node, &iterator);
-        const std::unique_ptr<void, decltype(&std::free)> iteratorOwner(iterator, &std::free);
         for (quint64 i = 0; i < count; ++i) {
-            char *key = nullptr;
-            plist_t value = nullptr;
-            plist_dict_next_item(node, iterator, &key, &value);
-            const std::unique_ptr<char, decltype(&std::free)> keyOwner(key, &std::free);
-            if (!key || !value || !encodeString(key, std::strlen(key), &m_references[firstSlot + i]))
+            if (!encodeString(node.entries()[i].first, &m_references[firstSlot + i]))
                 return false;
-            m_pending.push_back({value, firstSlot + count + i});
         }
-        std::reverse(m_pending.end() - qsizetype(count), m_pending.end());
+        for (quint64 i = count; i-- > 0;)
+            m_pending.push_back({&node.entries()[i].second, firstSlot + count + i});
         return true;
     }
 
@@ -225,52 +191,32 @@ private:
         return firstSlot;
     }
 
-    bool encodeScalar(plist_t node, plist_type type, quint64 *index)
+    bool encodeScalar(const PlistValue &node, quint64 *index)
     {
         const quint64 begin = m_scalars.size();
-        switch (type) {
-        case PLIST_BOOLEAN: {
-            quint8 value = 0;
-            plist_get_bool_val(node, &value);
-            m_scalars.push_back(char(value ? TrueMarker : FalseMarker));
+        switch (node.type()) {
+        case PlistValue::Type::Boolean:
+            m_scalars.push_back(char(node.toBool() ? TrueMarker : FalseMarker));
+            break;
+        case PlistValue::Type::Integer:
+            appendInteger(node.toInteger(), node.isSixteenByteInteger());
+            break;
+        case PlistValue::Type::Real:
+            appendReal(node.toReal());
+            break;
+        case PlistValue::Type::String:
+            return encodeString(node.text(), index);
+        case PlistValue::Type::Date:
+            m_scalars.push_back(char(DateMarker));
+            appendBigEndian(std::bit_cast<quint64>(node.toReal()), 8);
+            break;
+        case PlistValue::Type::Data: {
+            const QByteArray &bytes = node.bytes();
+            appendWithLength(DataType, bytes.constData(), quint64(bytes.size()));
             break;
         }
-        case PLIST_UINT: {
-            uint64_t value = 0;
-            plist_get_uint_val(node, &value);
-            appendInteger(value, isSixteenByteInteger(node, value));
-            break;
-        }
-        case PLIST_REAL: {
-            double value = 0;
-            plist_get_real_val(node, &value);
-            appendReal(value);
-            break;
-        }
-        case PLIST_STRING: {
-            uint64_t length = 0;
-            const char *text = plist_get_string_ptr(node, &length);
-            return text && encodeString(text, length, index);
-        }
-        case PLIST_KEY: {
-            char *text = nullptr;
-            plist_get_key_val(node, &text);
-            const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-            return text && encodeString(text, std::strlen(text), index);
-        }
-        case PLIST_DATE:
-            if (!appendDate(node))
-                return false;
-            break;
-        case PLIST_DATA: {
-            uint64_t length = 0;
-            const char *bytes = plist_get_data_ptr(node, &length);
-            appendWithLength(DataType, bytes, length);
-            break;
-        }
-        case PLIST_UID: {
-            uint64_t value = 0;
-            plist_get_uid_val(node, &value);
+        case PlistValue::Type::Uid: {
+            const quint64 value = node.toInteger();
             if (value > LargestUid)
                 return false;
             const int width = widthOf(value);
@@ -285,22 +231,21 @@ private:
         return true;
     }
 
-    // Strings without a byte above 0x7F are stored as they are; all others as UTF-16 big-endian,
-    // as the format requires.
-    bool encodeString(const char *utf8, quint64 length, quint64 *index)
+    // Strings without a character above 0x7F are stored as they are; all others as UTF-16
+    // big-endian, as the format requires.
+    bool encodeString(const QString &text, quint64 *index)
     {
         const quint64 begin = m_scalars.size();
-        const bool ascii = std::all_of(utf8, utf8 + length, [](char c) { return quint8(c) < 0x80; });
+        const bool ascii = std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; });
         if (ascii) {
-            appendWithLength(AsciiType, utf8, length);
+            appendWithLength(AsciiType, nullptr, quint64(text.size()));
+            for (const QChar c : text)
+                m_scalars.push_back(char(c.unicode()));
         } else {
-            QStringDecoder decoder(QStringDecoder::Utf8,
-                                   QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom);
-            const QString text = decoder(QByteArrayView(utf8, qsizetype(length)));
-            if (decoder.hasError())
-                return false;
-            appendWithLength(Utf16Type, nullptr, quint64(text.size()));
-            for (const QChar unit : text)
+            // A lone surrogate cannot be stored; it is replaced as in any UTF-8 conversion.
+            const QString valid = text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
+            appendWithLength(Utf16Type, nullptr, quint64(valid.size()));
+            for (const QChar unit : valid)
                 appendBigEndian(unit.unicode(), 2);
         }
         *index = intern(begin);
@@ -331,21 +276,6 @@ private:
             m_scalars.push_back(char(RealType << 4 | 3));
             appendBigEndian(std::bit_cast<quint64>(value), 8);
         }
-    }
-
-    // libplist hands out a date only rounded to whole microseconds, which would not read back
-    // equal; its own writer gives the exact seconds. Dates are rare in the files written here.
-    bool appendDate(plist_t node)
-    {
-        char *bytes = nullptr;
-        uint32_t length = 0;
-        plist_to_bin(node, &bytes, &length);
-        const std::unique_ptr<char, decltype(&std::free)> owner(bytes, &std::free);
-        const size_t at = Magic.size();
-        if (!bytes || length < at + 9 || quint8(bytes[at]) != DateMarker)
-            return false;
-        m_scalars.append(bytes + at, 9);
-        return true;
     }
 
     void appendWithLength(quint8 type, const char *bytes, quint64 length)
@@ -436,7 +366,7 @@ QByteArray serialise(const TreeFlattener &flat)
 
 } // namespace
 
-QByteArray BinaryPlistWriter::write(plist_t root)
+QByteArray BinaryPlistWriter::write(const PlistValue &root)
 {
     TreeFlattener flat;
     if (!flat.flatten(root))

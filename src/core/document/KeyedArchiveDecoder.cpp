@@ -4,22 +4,42 @@
 #include "document/KeyedArchive.h"
 #include "document/KeyedArchiveFormat.h"
 #include "document/KeyedArchiveLimits.h"
-#include "document/PlistInputGuard.h"
-#include "document/PlistPtr.h"
-#include "document/PlistReading.h"
+#include "document/PlistReader.h"
 
 #include <QSet>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <unordered_map>
 #include <vector>
 
 namespace {
 
 using namespace KeyedArchiveFormat;
-using namespace PlistReading;
+using Type = PlistValue::Type;
+
+bool isString(const PlistValue *value, const char *expected)
+{
+    return value && value->is(Type::String) && value->text() == QLatin1StringView(expected);
+}
+
+// A reference: a UID in the binary form, a one-entry {"CF$UID": n} dictionary in the XML form.
+bool readUid(const PlistValue *value, quint64 *uid)
+{
+    if (!value)
+        return false;
+    if (value->is(Type::Uid)) {
+        *uid = value->toInteger();
+        return true;
+    }
+    if (!value->is(Type::Dictionary) || value->entries().size() != 1)
+        return false;
+    const PlistValue *number = value->value(QLatin1StringView(XmlUidKey));
+    if (!number || !number->is(Type::Integer))
+        return false;
+    *uid = number->toInteger();
+    return true;
+}
 
 // Furthest date accepted: Foundation's own distant past and future lie within about 2000 years.
 constexpr double MaximumSecondsFromReferenceDate = 1.0e11;
@@ -46,8 +66,8 @@ public:
     KeyedArchive::DecodeResult decode(const QByteArray &data)
     {
         KeyedArchive::DecodeResult result;
-        PlistPtr archive;
-        if (parse(data, &archive) && readArchive(archive.get(), &result.root)) {
+        PlistValue archive;
+        if (parse(data, &archive) && readArchive(archive, &result.root)) {
             result.ok = true;
         } else {
             result.root = std::monostate();
@@ -66,56 +86,49 @@ private:
         return false;
     }
 
-    bool parse(const QByteArray &data, PlistPtr *archive)
+    bool parse(const QByteArray &data, PlistValue *archive)
     {
         if (data.size() > KeyedArchiveLimits::MaximumBytes)
             return fail(QStringLiteral("The file is too large to be a Quillmere portfolio."));
-        const PlistInputGuard::Format format = PlistInputGuard::detectFormat(data);
-        if (format == PlistInputGuard::Format::Unknown)
+        PlistReader::Result read = PlistReader::read(
+            data, {KeyedArchiveLimits::MaximumDepth, KeyedArchiveLimits::MaximumPlistNodes});
+        switch (read.outcome) {
+        case PlistReader::Result::Outcome::Read:
+            *archive = std::move(read.root);
+            return true;
+        case PlistReader::Result::Outcome::NotAPropertyList:
             return fail(notAPortfolio());
-        QString problem;
-        const bool binary = format == PlistInputGuard::Format::Binary;
-        const bool acceptable =
-            binary ? PlistInputGuard::checkBinary(data, KeyedArchiveLimits::MaximumDepth,
-                                                  KeyedArchiveLimits::MaximumPlistNodes, &problem)
-                   : PlistInputGuard::checkXml(data, KeyedArchiveLimits::MaximumDepth,
-                                               KeyedArchiveLimits::MaximumPlistNodes, &problem);
-        if (!acceptable)
-            return fail(damaged(problem));
-        plist_t root = nullptr;
-        if (binary)
-            plist_from_bin(data.constData(), uint32_t(data.size()), &root);
-        else
-            plist_from_xml(data.constData(), uint32_t(data.size()), &root);
-        archive->reset(root);
-        if (!root)
-            return fail(binary ? damaged(QStringLiteral("it cannot be read as a property list")) : notAPortfolio());
-        return true;
+        case PlistReader::Result::Outcome::Refused:
+            return fail(damaged(read.problem));
+        case PlistReader::Result::Outcome::Unreadable:
+            break;
+        }
+        return fail(read.format == PlistReader::Format::Binary
+                        ? damaged(QStringLiteral("it cannot be read as a property list"))
+                        : notAPortfolio());
     }
 
-    bool readArchive(plist_t archive, ArchiveRef *root)
+    bool readArchive(const PlistValue &archive, ArchiveRef *root)
     {
-        if (!PLIST_IS_DICT(archive) || !isString(plist_dict_get_item(archive, ArchiverKey), ArchiverName))
+        if (!archive.is(Type::Dictionary) || !isString(archive.value(QLatin1StringView(ArchiverKey)), ArchiverName))
             return fail(notAPortfolio());
-        plist_t version = plist_dict_get_item(archive, VersionKey);
-        uint64_t versionNumber = 0;
-        if (PLIST_IS_UINT(version))
-            plist_get_uint_val(version, &versionNumber);
+        const PlistValue *version = archive.value(QLatin1StringView(VersionKey));
+        const quint64 versionNumber = version && version->is(Type::Integer) ? version->toInteger() : 0;
         if (versionNumber != ArchiverVersion)
             return fail(QStringLiteral("The file is not a Quillmere portfolio: its archive version is not %1.")
                             .arg(ArchiverVersion));
-        m_objects = plist_dict_get_item(archive, ObjectsKey);
-        if (!PLIST_IS_ARRAY(m_objects) || plist_array_get_size(m_objects) == 0)
+        const PlistValue *objects = archive.value(QLatin1StringView(ObjectsKey));
+        if (!objects || !objects->is(Type::Array) || objects->items().empty())
             return fail(damaged(QStringLiteral("it has no object table")));
-        m_count = plist_array_get_size(m_objects);
+        m_objects = &objects->items();
+        m_count = m_objects->size();
         if (m_count > quint64(KeyedArchiveLimits::MaximumObjects))
             return fail(damaged(QStringLiteral("it holds more than %1 objects").arg(KeyedArchiveLimits::MaximumObjects)));
-        makeIndexable(m_objects);
-        if (!isString(plist_array_get_item(m_objects, 0), NullObject))
+        if (!isString(&m_objects->front(), NullObject))
             return fail(damaged(QStringLiteral("its object table does not begin with \"$null\"")));
-        plist_t top = plist_dict_get_item(archive, TopKey);
+        const PlistValue *top = archive.value(QLatin1StringView(TopKey));
         quint64 rootUid = 0;
-        if (!PLIST_IS_DICT(top) || !readUid(plist_dict_get_item(top, RootKey), &rootUid))
+        if (!top || !top->is(Type::Dictionary) || !readUid(top->value(QLatin1StringView(RootKey)), &rootUid))
             return fail(damaged(QStringLiteral("it has no root object")));
         m_state.assign(m_count, Unvisited);
         m_decoded.assign(m_count, ArchiveRef());
@@ -151,14 +164,14 @@ private:
 
     bool decodeObject(quint64 uid, int depth, ArchiveRef *out)
     {
-        plist_t node = plist_array_get_item(m_objects, uint32_t(uid));
-        if (PLIST_IS_STRING(node))
+        const PlistValue &node = (*m_objects)[uid];
+        if (node.is(Type::String))
             return decodeText(uid, node, out);
-        if (PLIST_IS_DATA(node)) {
-            *out = dataOf(node);
+        if (node.is(Type::Data)) {
+            *out = ArchiveData{node.bytes()};
             return true;
         }
-        const ClassDescription *description = PLIST_IS_DICT(node) ? classOf(uid, node) : nullptr;
+        const ClassDescription *description = node.is(Type::Dictionary) ? classOf(uid, node) : nullptr;
         if (!description)
             return fail(damaged(QStringLiteral("object %1 is not an object of a known kind").arg(uid)));
         const QString &name = description->name;
@@ -171,18 +184,18 @@ private:
         if (name == DictionaryClass || name == MutableDictionaryClass)
             return decodeDictionary(uid, node, name, depth, out);
         if (name == StringClass || name == MutableStringClass) {
-            plist_t text = plist_dict_get_item(node, StringKey);
-            if (!PLIST_IS_STRING(text))
+            const PlistValue *text = node.value(QLatin1StringView(StringKey));
+            if (!text || !text->is(Type::String))
                 return fail(damaged(QStringLiteral("the text object %1 has no text").arg(uid)));
-            return decodeText(uid, text, out);
+            return decodeText(uid, *text, out);
         }
         return decodeProgramObject(uid, node, *description, depth, out);
     }
 
     // Null characters are refused here because the writer refuses them: what opens can be saved.
-    bool decodeText(quint64 uid, plist_t node, ArchiveRef *out)
+    bool decodeText(quint64 uid, const PlistValue &node, ArchiveRef *out)
     {
-        QString text = textOf(node);
+        QString text = node.text();
         if (text.contains(QChar(0)))
             return fail(damaged(QStringLiteral("the text object %1 contains a null character").arg(uid)));
         *out = std::move(text);
@@ -190,29 +203,27 @@ private:
     }
 
     // The class dictionary an object names under "$class", read once per class.
-    const ClassDescription *classOf(quint64 uid, plist_t node)
+    const ClassDescription *classOf(quint64 uid, const PlistValue &node)
     {
         quint64 classUid = 0;
-        if (!readUid(plist_dict_get_item(node, ClassKey), &classUid) || classUid == 0 || classUid >= m_count
+        if (!readUid(node.value(QLatin1StringView(ClassKey)), &classUid) || classUid == 0 || classUid >= m_count
             || classUid == uid)
             return nullptr;
         if (const auto known = m_classes.find(classUid); known != m_classes.end())
             return &known->second;
-        plist_t description = plist_array_get_item(m_objects, uint32_t(classUid));
-        plist_t name = PLIST_IS_DICT(description) ? plist_dict_get_item(description, ClassNameKey) : nullptr;
-        if (!PLIST_IS_STRING(name) || textOf(name).isEmpty())
+        const PlistValue &description = (*m_objects)[classUid];
+        const PlistValue *name =
+            description.is(Type::Dictionary) ? description.value(QLatin1StringView(ClassNameKey)) : nullptr;
+        if (!name || !name->is(Type::String) || name->text().isEmpty())
             return nullptr;
-        ClassDescription result{textOf(name), {}};
-        if (plist_t classes = plist_dict_get_item(description, ClassesKey)) {
-            if (!PLIST_IS_ARRAY(classes))
+        ClassDescription result{name->text(), {}};
+        if (const PlistValue *classes = description.value(QLatin1StringView(ClassesKey))) {
+            if (!classes->is(Type::Array))
                 return nullptr;
-            makeIndexable(classes);
-            const uint32_t count = plist_array_get_size(classes);
-            for (uint32_t i = 0; i < count; ++i) {
-                plist_t entry = plist_array_get_item(classes, i);
-                if (!PLIST_IS_STRING(entry))
+            for (const PlistValue &entry : classes->items()) {
+                if (!entry.is(Type::String))
                     return nullptr;
-                result.hierarchy.append(textOf(entry));
+                result.hierarchy.append(entry.text());
             }
         } else {
             result.hierarchy = {result.name};
@@ -226,17 +237,14 @@ private:
         return &m_classes.emplace(classUid, std::move(result)).first->second;
     }
 
-    bool decodeDate(quint64 uid, plist_t node, ArchiveRef *out)
+    bool decodeDate(quint64 uid, const PlistValue &node, ArchiveRef *out)
     {
-        plist_t time = plist_dict_get_item(node, TimeKey);
+        const PlistValue *time = node.value(QLatin1StringView(TimeKey));
         double seconds = std::nan("");
-        if (PLIST_IS_REAL(time)) {
-            plist_get_real_val(time, &seconds);
-        } else if (PLIST_IS_UINT(time)) {
-            uint64_t whole = 0;
-            plist_get_uint_val(time, &whole);
-            seconds = double(qint64(whole));
-        }
+        if (time && time->is(Type::Real))
+            seconds = time->toReal();
+        else if (time && time->is(Type::Integer))
+            seconds = double(qint64(time->toInteger()));
         if (!std::isfinite(seconds) || std::fabs(seconds) > MaximumSecondsFromReferenceDate)
             return fail(damaged(QStringLiteral("the date object %1 has no valid time").arg(uid)));
         const qint64 msecs = qRound64(seconds * 1000.0) + ReferenceDateMSecsSinceEpoch;
@@ -246,25 +254,16 @@ private:
         return true;
     }
 
-    static ArchiveData dataOf(plist_t node)
-    {
-        uint64_t length = 0;
-        const char *bytes = plist_get_data_ptr(node, &length);
-        return ArchiveData{QByteArray(bytes, qsizetype(length))};
-    }
-
     // The references of an "NS.objects" or "NS.keys" list.
-    bool readReferenceList(quint64 uid, plist_t node, const char *key, QList<quint64> *uids)
+    bool readReferenceList(quint64 uid, const PlistValue &node, const char *key, QList<quint64> *uids)
     {
-        plist_t list = plist_dict_get_item(node, key);
-        if (!PLIST_IS_ARRAY(list))
+        const PlistValue *list = node.value(QLatin1StringView(key));
+        if (!list || !list->is(Type::Array))
             return fail(damaged(QStringLiteral("object %1 has no \"%2\" list").arg(uid).arg(QLatin1String(key))));
-        makeIndexable(list);
-        const uint32_t count = plist_array_get_size(list);
-        uids->reserve(qsizetype(count));
-        for (uint32_t i = 0; i < count; ++i) {
+        uids->reserve(qsizetype(list->items().size()));
+        for (const PlistValue &entry : list->items()) {
             quint64 item = 0;
-            if (!readUid(plist_array_get_item(list, i), &item))
+            if (!readUid(&entry, &item))
                 return fail(damaged(QStringLiteral("the \"%2\" list of object %1 holds something other than "
                                                    "references").arg(uid).arg(QLatin1String(key))));
             uids->append(item);
@@ -272,7 +271,7 @@ private:
         return true;
     }
 
-    bool decodeArray(quint64 uid, plist_t node, const QString &className, int depth, ArchiveRef *out)
+    bool decodeArray(quint64 uid, const PlistValue &node, const QString &className, int depth, ArchiveRef *out)
     {
         QList<quint64> uids;
         if (!readReferenceList(uid, node, ObjectsListKey, &uids))
@@ -290,7 +289,7 @@ private:
         return true;
     }
 
-    bool decodeDictionary(quint64 uid, plist_t node, const QString &className, int depth, ArchiveRef *out)
+    bool decodeDictionary(quint64 uid, const PlistValue &node, const QString &className, int depth, ArchiveRef *out)
     {
         QList<quint64> keys, values;
         if (!readReferenceList(uid, node, KeysListKey, &keys) || !readReferenceList(uid, node, ObjectsListKey, &values))
@@ -321,54 +320,45 @@ private:
         return true;
     }
 
-    bool decodeProgramObject(quint64 uid, plist_t node, const ClassDescription &description, int depth,
+    bool decodeProgramObject(quint64 uid, const PlistValue &node, const ClassDescription &description, int depth,
                              ArchiveRef *out)
     {
-        if (plist_dict_get_size(node) > uint32_t(KeyedArchiveLimits::MaximumKeysPerObject))
+        if (node.entries().size() > size_t(KeyedArchiveLimits::MaximumKeysPerObject))
             return fail(damaged(QStringLiteral("object %1 has more than %2 entries")
                                     .arg(uid)
                                     .arg(KeyedArchiveLimits::MaximumKeysPerObject)));
         auto object = std::make_shared<ArchiveObject>();
         object->className = description.name;
         object->classHierarchy = description.hierarchy;
-        const bool read = forEachEntry(node, [&](const QString &key, plist_t value) {
+        for (const auto &[key, value] : node.entries()) {
             if (key.startsWith(QLatin1Char('$')) && !key.startsWith(QLatin1String("$$")))
-                return true; // the archiver's own entries, such as "$class"
+                continue; // the archiver's own entries, such as "$class"
             const QString name = key.startsWith(QLatin1Char('$')) ? key.mid(1) : key;
             quint64 reference = 0;
-            if (readUid(value, &reference)) {
+            if (readUid(&value, &reference)) {
                 ArchiveRef target;
                 if (!decodeReference(reference, depth + 1, &target))
                     return false;
                 object->set(name, std::move(target));
-            } else if (PLIST_IS_UINT(value)) {
-                uint64_t integer = 0;
-                plist_get_uint_val(value, &integer);
-                object->set(name, qint64(integer));
-            } else if (PLIST_IS_BOOLEAN(value)) {
-                uint8_t flag = 0;
-                plist_get_bool_val(value, &flag);
-                object->set(name, flag != 0);
-            } else if (PLIST_IS_REAL(value)) {
-                double real = 0;
-                plist_get_real_val(value, &real);
-                object->set(name, real);
-            } else if (PLIST_IS_DATA(value)) {
-                object->set(name, ArchiveRef(dataOf(value)));
+            } else if (value.is(Type::Integer)) {
+                object->set(name, qint64(value.toInteger()));
+            } else if (value.is(Type::Boolean)) {
+                object->set(name, value.toBool());
+            } else if (value.is(Type::Real)) {
+                object->set(name, value.toReal());
+            } else if (value.is(Type::Data)) {
+                object->set(name, ArchiveRef(ArchiveData{value.bytes()}));
             } else {
                 return fail(damaged(QStringLiteral("the value of \"%2\" in object %1 is of an unsupported kind")
                                         .arg(uid)
                                         .arg(name)));
             }
-            return true;
-        });
-        if (!read)
-            return false;
+        }
         *out = std::move(object);
         return true;
     }
 
-    plist_t m_objects = nullptr;
+    const std::vector<PlistValue> *m_objects = nullptr;
     quint64 m_count = 0;
     std::vector<quint8> m_state;
     std::vector<ArchiveRef> m_decoded;

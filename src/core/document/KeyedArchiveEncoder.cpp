@@ -4,7 +4,6 @@
 #include "document/KeyedArchive.h"
 #include "document/KeyedArchiveFormat.h"
 #include "document/KeyedArchiveLimits.h"
-#include "document/PlistPtr.h"
 
 #include <QHash>
 #include <QSet>
@@ -20,25 +19,22 @@ class ArchiveEncoder
 public:
     QByteArray encode(const ArchiveRef &root, QString *error)
     {
-        m_objects.emplace_back(plist_new_string(NullObject));
+        m_objects.push_back(PlistValue::string(QString::fromLatin1(NullObject)));
         quint64 rootUid = 0;
         if (!encodeReference(root, 1, &rootUid)) {
             if (error)
                 *error = m_error;
             return {};
         }
-        PlistPtr objects(plist_new_array());
-        for (PlistPtr &object : m_objects)
-            plist_array_append_item(objects.get(), object.release());
-        PlistPtr top(plist_new_dict());
-        plist_dict_set_item(top.get(), RootKey, plist_new_uid(rootUid));
-        PlistPtr archive(plist_new_dict());
-        plist_dict_set_item(archive.get(), VersionKey, plist_new_uint(ArchiverVersion));
-        plist_dict_set_item(archive.get(), ArchiverKey, plist_new_string(ArchiverName));
-        plist_dict_set_item(archive.get(), TopKey, top.release());
-        plist_dict_set_item(archive.get(), ObjectsKey, objects.release());
+        PlistValue::Entries top;
+        top.emplace_back(QString::fromLatin1(RootKey), PlistValue::uid(rootUid));
+        PlistValue::Entries archive;
+        archive.emplace_back(QString::fromLatin1(VersionKey), PlistValue::integer(ArchiverVersion));
+        archive.emplace_back(QString::fromLatin1(ArchiverKey), PlistValue::string(QString::fromLatin1(ArchiverName)));
+        archive.emplace_back(QString::fromLatin1(TopKey), PlistValue::dictionary(std::move(top)));
+        archive.emplace_back(QString::fromLatin1(ObjectsKey), PlistValue::array(std::move(m_objects)));
 
-        const QByteArray result = BinaryPlistWriter::write(archive.get());
+        const QByteArray result = BinaryPlistWriter::write(PlistValue::dictionary(std::move(archive)));
         if (result.isEmpty()) {
             if (error)
                 *error = QStringLiteral("The archive could not be converted to a property list.");
@@ -125,7 +121,7 @@ private:
             return fail(tooLarge());
         m_inProgress.insert(node);
         const quint64 slot = reserveSlot();
-        PlistPtr content;
+        PlistValue content;
         const bool written = encodeContent(*node, depth, &content);
         m_inProgress.remove(node);
         if (!written)
@@ -147,7 +143,7 @@ private:
         if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(1))
             return fail(tooLarge());
         *uid = reserveSlot();
-        m_objects[*uid].reset(plist_new_string(text.toUtf8().constData()));
+        m_objects[*uid] = PlistValue::string(text);
         m_uidByString.insert(QStringView(text), *uid);
         return true;
     }
@@ -159,14 +155,14 @@ private:
         if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(5))
             return fail(tooLarge());
         const quint64 slot = reserveSlot();
-        PlistPtr dictionary(plist_new_dict());
+        PlistValue::Entries dictionary;
         const double seconds = double(msecsSinceEpoch(date.instant) - ReferenceDateMSecsSinceEpoch) / 1000.0;
-        plist_dict_set_item(dictionary.get(), TimeKey, plist_new_real(seconds));
+        dictionary.emplace_back(QString::fromLatin1(TimeKey), PlistValue::real(seconds));
         quint64 classUid = 0;
         if (!encodeClass(DateClass, hierarchyOf(DateClass), &classUid))
             return false;
-        plist_dict_set_item(dictionary.get(), ClassKey, plist_new_uid(classUid));
-        m_objects[slot] = std::move(dictionary);
+        dictionary.emplace_back(QString::fromLatin1(ClassKey), PlistValue::uid(classUid));
+        m_objects[slot] = PlistValue::dictionary(std::move(dictionary));
         *uid = slot;
         return true;
     }
@@ -189,11 +185,11 @@ private:
         if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(1))
             return fail(tooLarge());
         *uid = reserveSlot();
-        m_objects[*uid].reset(plist_new_data(data.bytes.constData(), uint64_t(data.bytes.size())));
+        m_objects[*uid] = PlistValue::data(data.bytes);
         return true;
     }
 
-    bool encodeContent(const ArchiveObject &object, int depth, PlistPtr *content)
+    bool encodeContent(const ArchiveObject &object, int depth, PlistValue *content)
     {
         if (object.className.isEmpty())
             return fail(QStringLiteral("An object without a class name cannot be saved."));
@@ -206,14 +202,15 @@ private:
                             .arg(KeyedArchiveLimits::MaximumKeysPerObject - 1));
         if (!addNodes(2 * object.fields.size()))
             return false;
-        PlistPtr dictionary(plist_new_dict());
+        PlistValue::Entries dictionary;
+        dictionary.reserve(size_t(object.fields.size()) + 1);
         for (const auto &[key, field] : object.fields) {
             if (key.isEmpty() || key.contains(QChar(0)))
                 return fail(QStringLiteral("An object of class %1 has an unusable key.").arg(object.className));
-            PlistPtr value;
+            PlistValue value;
             if (!encodeField(field, depth, &value))
                 return false;
-            plist_dict_set_item(dictionary.get(), escapeKey(key).toUtf8().constData(), value.release());
+            dictionary.emplace_back(escapeKey(key), std::move(value));
         }
         QStringList hierarchy = object.classHierarchy;
         if (hierarchy.isEmpty())
@@ -221,19 +218,19 @@ private:
         return finishWithClass(object.className, hierarchy, std::move(dictionary), content);
     }
 
-    bool encodeContent(const ArchiveArray &array, int depth, PlistPtr *content)
+    bool encodeContent(const ArchiveArray &array, int depth, PlistValue *content)
     {
         if (array.className != MutableArrayClass && array.className != ArrayClass)
             return fail(QStringLiteral("An array of class %1 cannot be saved.").arg(array.className));
-        PlistPtr items;
+        PlistValue items;
         if (!addNodes(2) || !encodeReferenceList(array.items, depth, &items))
             return false;
-        PlistPtr dictionary(plist_new_dict());
-        plist_dict_set_item(dictionary.get(), ObjectsListKey, items.release());
+        PlistValue::Entries dictionary;
+        dictionary.emplace_back(QString::fromLatin1(ObjectsListKey), std::move(items));
         return finishWithClass(array.className, hierarchyOf(array.className), std::move(dictionary), content);
     }
 
-    bool encodeContent(const ArchiveDictionary &dictionaryValue, int depth, PlistPtr *content)
+    bool encodeContent(const ArchiveDictionary &dictionaryValue, int depth, PlistValue *content)
     {
         const QString &className = dictionaryValue.className;
         if (className != MutableDictionaryClass && className != DictionaryClass)
@@ -247,56 +244,58 @@ private:
             keys.append(key);
             values.append(value);
         }
-        PlistPtr keyList, valueList;
+        PlistValue keyList, valueList;
         if (!addNodes(4) || !encodeReferenceList(keys, depth, &keyList) || !encodeReferenceList(values, depth, &valueList))
             return false;
-        PlistPtr dictionary(plist_new_dict());
-        plist_dict_set_item(dictionary.get(), KeysListKey, keyList.release());
-        plist_dict_set_item(dictionary.get(), ObjectsListKey, valueList.release());
+        PlistValue::Entries dictionary;
+        dictionary.emplace_back(QString::fromLatin1(KeysListKey), std::move(keyList));
+        dictionary.emplace_back(QString::fromLatin1(ObjectsListKey), std::move(valueList));
         return finishWithClass(className, hierarchyOf(className), std::move(dictionary), content);
     }
 
-    bool encodeReferenceList(const QList<ArchiveRef> &references, int depth, PlistPtr *list)
+    bool encodeReferenceList(const QList<ArchiveRef> &references, int depth, PlistValue *list)
     {
-        list->reset(plist_new_array());
         if (!addNodes(references.size()))
             return false;
+        std::vector<PlistValue> uids;
+        uids.reserve(size_t(references.size()));
         for (const ArchiveRef &reference : references) {
             quint64 uid = 0;
             if (!encodeReference(reference, depth + 1, &uid))
                 return false;
-            plist_array_append_item(list->get(), plist_new_uid(uid));
+            uids.push_back(PlistValue::uid(uid));
         }
+        *list = PlistValue::array(std::move(uids));
         return true;
     }
 
-    bool encodeField(const ArchiveField &field, int depth, PlistPtr *value)
+    bool encodeField(const ArchiveField &field, int depth, PlistValue *value)
     {
         if (const auto *integer = std::get_if<qint64>(&field)) {
-            // libplist writes values with the top bit set as eight-byte integers, which property
-            // lists define as signed, so negative numbers survive.
-            value->reset(plist_new_uint(quint64(*integer)));
+            // Values with the top bit set are written as eight-byte integers, which property lists
+            // define as signed, so negative numbers survive.
+            *value = PlistValue::integer(quint64(*integer));
         } else if (const auto *flag = std::get_if<bool>(&field)) {
-            value->reset(plist_new_bool(*flag ? 1 : 0));
+            *value = PlistValue::boolean(*flag);
         } else if (const auto *real = std::get_if<double>(&field)) {
-            value->reset(plist_new_real(*real));
+            *value = PlistValue::real(*real);
         } else {
             quint64 uid = 0;
             if (!encodeReference(std::get<ArchiveRef>(field), depth + 1, &uid))
                 return false;
-            value->reset(plist_new_uid(uid));
+            *value = PlistValue::uid(uid);
         }
         return true;
     }
 
-    bool finishWithClass(const QString &className, const QStringList &hierarchy, PlistPtr dictionary,
-                         PlistPtr *content)
+    bool finishWithClass(const QString &className, const QStringList &hierarchy, PlistValue::Entries dictionary,
+                         PlistValue *content)
     {
         quint64 classUid = 0;
         if (!addNodes(2) || !encodeClass(className, hierarchy, &classUid))
             return false;
-        plist_dict_set_item(dictionary.get(), ClassKey, plist_new_uid(classUid));
-        *content = std::move(dictionary);
+        dictionary.emplace_back(QString::fromLatin1(ClassKey), PlistValue::uid(classUid));
+        *content = PlistValue::dictionary(std::move(dictionary));
         return true;
     }
 
@@ -311,18 +310,18 @@ private:
         if (!addNodes(5 + hierarchy.size()))
             return false;
         *uid = reserveSlot();
-        PlistPtr names(plist_new_array());
+        std::vector<PlistValue> names;
         for (const QString &name : hierarchy)
-            plist_array_append_item(names.get(), plist_new_string(name.toUtf8().constData()));
-        PlistPtr description(plist_new_dict());
-        plist_dict_set_item(description.get(), ClassesKey, names.release());
-        plist_dict_set_item(description.get(), ClassNameKey, plist_new_string(className.toUtf8().constData()));
-        m_objects[*uid] = std::move(description);
+            names.push_back(PlistValue::string(name));
+        PlistValue::Entries description;
+        description.emplace_back(QString::fromLatin1(ClassesKey), PlistValue::array(std::move(names)));
+        description.emplace_back(QString::fromLatin1(ClassNameKey), PlistValue::string(className));
+        m_objects[*uid] = PlistValue::dictionary(std::move(description));
         m_classes.insert(className, {*uid, hierarchy});
         return true;
     }
 
-    std::vector<PlistPtr> m_objects;
+    std::vector<PlistValue> m_objects;
     QHash<const void *, quint64> m_uidByPointer;
     QSet<const void *> m_inProgress;
     // Views of the graph's strings (the graph outlives the encoder; lists made here share the

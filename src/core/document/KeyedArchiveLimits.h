@@ -9,12 +9,12 @@ namespace KeyedArchiveLimits {
 // Largest file read at all.
 constexpr qint64 MaximumBytes = 64 * 1024 * 1024;
 // Property-list nodes after expanding shared references of the binary form; each node costs
-// the parsing library about a hundred bytes.
+// the reader about a hundred bytes.
 constexpr qint64 MaximumPlistNodes = 4'000'000;
 // Entries of "$objects".
 constexpr qint64 MaximumObjects = 2'000'000;
-// Entries of one object's own dictionary (the program's classes have about ten); libplist
-// visits dictionary entries in quadratic time, so this bounds the work a hostile file can cause.
+// Entries of one object's own dictionary (the program's classes have about ten); keys are found
+// by walking the entries, so this bounds the work a hostile file can cause.
 constexpr int MaximumKeysPerObject = 100;
 // Nesting of containers in the property list, and of objects reached through references.
 constexpr int MaximumDepth = 1000;

@@ -2,15 +2,12 @@
 
 #include <algorithm>
 
-#include "document/PlistInputGuard.h"
+#include "document/PlistReader.h"
 
 #include <QSet>
 #include <limits>
-#include <memory>
-#include <plist/plist.h>
 
 namespace {
-using PlistPtr = std::unique_ptr<void, decltype(&plist_free)>;
 
 // A catalogue is one array of names: a few levels deep and a few hundred values. The bounds are
 // far above that, and keep a hostile reply from exhausting the stack or memory in the parser.
@@ -33,68 +30,61 @@ UpdateCatalogue UpdateCatalogue::parse(const QByteArray &data)
         catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("catalogue too large"));
         return catalogue;
     }
-    // The reply comes from the network, so it is screened before the parser sees it.
-    const PlistInputGuard::Format format = PlistInputGuard::detectFormat(data);
-    if (format == PlistInputGuard::Format::Unknown) {
+    // The reply comes from the network: the reader bounds what it builds.
+    const PlistReader::Result read = PlistReader::read(data, {MaximumDepth, MaximumValues});
+    if (read.outcome == PlistReader::Result::Outcome::Refused) {
+        catalogue.m_status = corrupt(&catalogue.m_error, read.problem);
+        return catalogue;
+    }
+    if (read.outcome != PlistReader::Result::Outcome::Read) {
         catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("not a property list"));
         return catalogue;
     }
-    const bool binary = format == PlistInputGuard::Format::Binary;
-    QString problem;
-    const bool acceptable = binary ? PlistInputGuard::checkBinary(data, MaximumDepth, MaximumValues, &problem)
-                                   : PlistInputGuard::checkXml(data, MaximumDepth, MaximumValues, &problem);
-    if (!acceptable) {
-        catalogue.m_status = corrupt(&catalogue.m_error, problem);
-        return catalogue;
-    }
-    plist_t root = nullptr;
-    if (binary)
-        plist_from_bin(data.constData(), static_cast<uint32_t>(data.size()), &root);
-    else
-        plist_from_xml(data.constData(), static_cast<uint32_t>(data.size()), &root);
-    PlistPtr owner(root, &plist_free);
-    if (!root) {
-        catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("not a property list"));
-        return catalogue;
-    }
-    if (plist_get_node_type(root) != PLIST_ARRAY) {
+    if (!read.root.is(PlistValue::Type::Array)) {
         catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("the top level is not an array"));
         return catalogue;
     }
-    const uint32_t count = plist_array_get_size(root);
     QStringList entries;
-    entries.reserve(static_cast<qsizetype>(count));
-    for (uint32_t i = 0; i < count; ++i) {
-        plist_t item = plist_array_get_item(root, i);
-        if (!item || plist_get_node_type(item) != PLIST_STRING) {
+    entries.reserve(static_cast<qsizetype>(read.root.items().size()));
+    for (const PlistValue &item : read.root.items()) {
+        const qsizetype i = entries.size();
+        if (!item.is(PlistValue::Type::String)) {
             catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("entry %1 is not a string").arg(i));
             return catalogue;
         }
-        uint64_t length = 0;
-        const char *text = plist_get_string_ptr(item, &length);
         // An empty name would resolve to the directory itself, never to a price data file.
-        if (!text || length == 0) {
+        if (item.text().isEmpty()) {
             catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("entry %1 is empty").arg(i));
             return catalogue;
         }
-        entries << QString::fromUtf8(text, static_cast<qsizetype>(length));
+        entries << item.text();
     }
     catalogue.m_status = Status::Valid;
     catalogue.m_entries = entries;
     return catalogue;
 }
 
+// The XML form of an array of strings, laid out as property-list tools have long written it.
 QByteArray UpdateCatalogue::encode(const QStringList &entries)
 {
-    PlistPtr root(plist_new_array(), &plist_free);
-    for (const QString &entry : entries)
-        plist_array_append_item(root.get(), plist_new_string(entry.toUtf8().constData()));
-    char *xml = nullptr;
-    uint32_t length = 0;
-    plist_to_xml(root.get(), &xml, &length);
-    QByteArray result(xml, static_cast<qsizetype>(length));
-    plist_to_xml_free(xml);
-    return result;
+    QByteArray xml("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                   "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                   "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                   "<plist version=\"1.0\">\n");
+    if (entries.isEmpty()) {
+        xml += "<array/>\n";
+    } else {
+        xml += "<array>\n";
+        for (const QString &entry : entries) {
+            // Only what XML needs escaped: & and the angle brackets; a null character ends the text.
+            QByteArray text = entry.toUtf8();
+            text.truncate(text.indexOf('\0') < 0 ? text.size() : text.indexOf('\0'));
+            text.replace('&', "&amp;").replace('<', "&lt;").replace('>', "&gt;");
+            xml += "\t<string>" + text + "</string>\n";
+        }
+        xml += "</array>\n";
+    }
+    return xml + "</plist>\n";
 }
 
 QString UpdateCatalogue::entryProblem(const QString &entry)

@@ -135,7 +135,7 @@ KeyedArchive::DecodeResult roundTrip(const ArchiveRef &root)
 TEST(KeyedArchiveRoundTrip, KeepsValuesOrderAndSharing)
 {
     auto longList = makeArray({});
-    for (int i = 0; i < 300; ++i) // long enough for libplist's indexed look-up to matter
+    for (int i = 0; i < 300; ++i) // long enough for references two bytes wide
         longList->items.append(i % 3 ? ArchiveRef(QString::number(i)) : ArchiveRef(makeObject("Item")));
     auto dates = makeArray({});
     for (const QDateTime &date : {utc(2001, 1, 1), utc(1970, 1, 1), utc(1941, 5, 1, 0, 0, 1),

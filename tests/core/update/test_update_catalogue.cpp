@@ -11,19 +11,25 @@
 
 namespace {
 
-QByteArray binaryPlist(const QStringList &entries)
+// The catalogue as libplist, which the program does not use, writes it in either form.
+QByteArray libplistCatalogue(const QStringList &entries, bool binary)
 {
     plist_t root = plist_new_array();
     for (const QString &entry : entries)
         plist_array_append_item(root, plist_new_string(entry.toUtf8().constData()));
     char *bytes = nullptr;
     uint32_t length = 0;
-    plist_to_bin(root, &bytes, &length);
+    if (binary)
+        plist_to_bin(root, &bytes, &length);
+    else
+        plist_to_xml(root, &bytes, &length);
     QByteArray result(bytes, length);
-    plist_to_bin_free(bytes);
+    free(bytes);
     plist_free(root);
     return result;
 }
+
+QByteArray binaryPlist(const QStringList &entries) { return libplistCatalogue(entries, true); }
 
 QByteArray xml(const char *body)
 {
@@ -92,6 +98,13 @@ INSTANTIATE_TEST_SUITE_P(
         CatalogueCase{"DeepBinary", fanningOutBinary(200, 1), Status::Corrupt, {}, "nested"},
         CatalogueCase{"WideBinary", fanningOutBinary(4, 200), Status::Corrupt, {}, "more than"}),
     [](const auto &info) { return std::string(info.param.name); });
+
+// What is published is, byte for byte, the XML other property-list tools write.
+TEST(CataloguePublishing, WritesWhatLibplistWrites)
+{
+    for (const QStringList &entries : {QStringList(), names + QStringList{QStringLiteral("a&b<c>d\"e.bin")}})
+        EXPECT_EQ(UpdateCatalogue::encode(entries), libplistCatalogue(entries, false));
+}
 
 TEST(UpdateLocation, ResolvesEntriesAgainstTheBase)
 {
