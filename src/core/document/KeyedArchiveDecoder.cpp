@@ -4,7 +4,7 @@
 #include "document/KeyedArchive.h"
 #include "document/KeyedArchiveFormat.h"
 #include "document/KeyedArchiveLimits.h"
-#include "document/PlistReader.h"
+#include "base/PlistReader.h"
 
 #include <QSet>
 

@@ -1,6 +1,6 @@
 // Writing keyed archives: the object graph is flattened into "$objects", every reference
 // becomes a UID, and each class is described once by a class dictionary.
-#include "document/BinaryPlistWriter.h"
+#include "base/BinaryPlistWriter.h"
 #include "document/KeyedArchive.h"
 #include "document/KeyedArchiveFormat.h"
 #include "document/KeyedArchiveLimits.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "document/PlistReader.h"
+#include "base/PlistReader.h"
 
 #include <QSet>
 #include <limits>

@@ -3,7 +3,7 @@
 // the program itself does not use), and Python's through read_keyed_archive.py, which prints what
 // it sees in a file as JSON.
 #include "TestSupport.h"
-#include "document/PlistValue.h"
+#include "base/PlistValue.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

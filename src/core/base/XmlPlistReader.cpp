@@ -1,6 +1,6 @@
 // Reading the XML form: the tags are counted first, so that nesting and size are bounded before
 // the document is parsed; then QXmlStreamReader builds the values with an explicit stack.
-#include "document/PlistReader.h"
+#include "base/PlistReader.h"
 
 #include <QDateTime>
 #include <QTimeZone>

@@ -1,6 +1,6 @@
 #pragma once
 // Writes a property list in the binary form ("bplist00"), in time linear in its size.
-#include "document/PlistValue.h"
+#include "base/PlistValue.h"
 
 #include <QByteArray>
 

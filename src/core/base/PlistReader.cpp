@@ -1,4 +1,4 @@
-#include "document/PlistReader.h"
+#include "base/PlistReader.h"
 
 PlistReader::Format PlistReader::detectFormat(const QByteArray &data)
 {

@@ -1,4 +1,4 @@
-#include "document/PlistValue.h"
+#include "base/PlistValue.h"
 
 #include <bit>
 

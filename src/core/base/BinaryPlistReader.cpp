@@ -1,7 +1,7 @@
 // Reading the binary form in two passes: a walk of the object graph that checks the limits
 // without recursion, then the values built from the checked graph, whose depth is now bounded.
-#include "document/BinaryPlistLayout.h"
-#include "document/PlistReader.h"
+#include "base/BinaryPlistLayout.h"
+#include "base/PlistReader.h"
 
 #include <QHash>
 

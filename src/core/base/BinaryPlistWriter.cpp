@@ -1,7 +1,7 @@
 // The tree is flattened first, so that the object count, and with it the width of every
 // reference, is known before a single container is written; the second pass then writes the
 // file into one buffer of exactly the right size.
-#include "document/BinaryPlistWriter.h"
+#include "base/BinaryPlistWriter.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,8 +1,8 @@
 // The property-list reader and writer against libplist, which shares no code with them: what ours
 // writes reads back equal in both and is no larger than libplist's own file; what libplist writes,
 // in either form, ours reads equal; odd files are read as libplist reads them, or refused.
-#include "document/BinaryPlistWriter.h"
-#include "document/PlistReader.h"
+#include "base/BinaryPlistWriter.h"
+#include "base/PlistReader.h"
 
 #include "HandMadePlist.h"
 #include "IndependentReaders.h"

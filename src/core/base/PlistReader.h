@@ -2,7 +2,7 @@
 // Reads property lists, binary ("bplist00") or XML, from bytes that may be hostile: sizes and
 // nesting are bounded before any value is built, the binary object table is walked without
 // recursion, and a value shared by many references is counted once for each of them.
-#include "document/PlistValue.h"
+#include "base/PlistValue.h"
 
 #include <QByteArray>
 #include <QString>
