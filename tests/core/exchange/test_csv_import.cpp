@@ -61,11 +61,16 @@ TEST_P(CsvFieldReading, SetsTheNewHolding)
 {
     const FieldReading &row = GetParam();
     const bool own = row.format == CsvImportFormat::Own;
-    const QList<QByteArray> columns = own ? QList<QByteArray>{"Bond Series", "Quantity", "Issue Date", "Face Value", "Serial Number"}
-                                          : QList<QByteArray>{"Series", "Denomination", "Serial Number", "Issue Date"};
+    QList<QByteArray> columns = own ? QList<QByteArray>{"Bond Series", "Quantity", "Issue Date", "Face Value", "Serial Number"}
+                                    : QList<QByteArray>{"Series", "Denomination", "Serial Number", "Issue Date"};
     QList<QByteArray> fields = own ? QList<QByteArray>{"EE Bond", "2", "3/1995", "100.00", "Q1"}
                                    : QList<QByteArray>{"EE", "100", "Q1", "03/1995"};
-    fields[columns.indexOf(row.column)] = row.text;
+    if (const qsizetype at = columns.indexOf(row.column); at >= 0) {
+        fields[at] = row.text;
+    } else { // a column the format does not read
+        columns << row.column;
+        fields << row.text;
+    }
     const QByteArray separator = own ? "\n" : "\r\n";
     const CsvImportOutcome outcome =
         PortfolioCsvImport::importCSVData(*portfolio, columns.join(',') + separator + fields.join(','), row.format);
@@ -79,6 +84,8 @@ constexpr CsvImportFormat Own = CsvImportFormat::Own;
 constexpr CsvImportFormat Wizard = CsvImportFormat::SavingsBondWizard;
 
 const FieldReading fieldReadings[] = {
+    {"ColumnsOfTheOtherFormatIgnored_Quantity", Wizard, "Quantity", "5", "1"},
+    {"ColumnsOfTheOtherFormatIgnored_Denomination", Own, "Denomination", "5", "10000"},
     {"EveryCommaSplits_EvenInsideQuotes", Own, "Serial Number", "\"Q,1\"", "rejected"},
     {"TextAsItStands_Blanks", Own, "Serial Number", " Q 1 ", " Q 1 "},
     {"TextAsItStands_Quotes", Wizard, "Serial Number", "\"Q1\"", "\"Q1\""},
@@ -146,7 +153,9 @@ TEST_F(CsvImport, AppendsInFileOrderApplyingColumnsLeftToRight)
 {
     const QList<HoldingRef> existing{make("N", 1995, 3, 5000), make("E", 1980, 1, 2500)};
     portfolio->setHoldings(existing);
-    import("\"Bond Series\",Owner,Quantity,Face Value,Face Value\n\"I Bond\",Ann,2,50.00,60\n\"EE Bond\",,3,1,\"100.00\"\n",
+    // The last series column decides whether a line is taken.
+    import("\"Bond Series\",Owner,Quantity,Face Value,Face Value,Bond Series\n\"I Bond\",Ann,2,50.00,60,I\n"
+           "\"EE Bond\",,3,1,\"100.00\",EE\nI Bond,,1,1,1,HH\n",
            CsvImportFormat::Own);
     const QList<HoldingRef> holdings = portfolio->holdings();
     ASSERT_EQ(holdings.size(), 4);
