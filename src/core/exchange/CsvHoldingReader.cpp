@@ -1,55 +1,50 @@
 #include "exchange/CsvHoldingReader.h"
 
-#include "exchange/CsvFieldText.h"
+#include "exchange/CsvFieldReader.h"
 
-namespace CsvHoldingReader {
-
-CsvFieldMap fieldMapForHeader(const QString &headerLine, CsvImportFormat format)
+CsvHoldingReader::CsvHoldingReader(QStringView headerLine, CsvImportFormat format)
 {
-    const QSet<QString> columns = CsvImportFormats::csvColumnsForFormat(format);
-    const QStringList fields = headerLine.split(QLatin1Char(','));
-    CsvFieldMap map;
-    for (int index = 0; index < fields.size(); ++index) {
-        const QString name = CsvField::withoutSurroundingQuotes(fields.at(index));
-        if (columns.contains(name))
-            map.insert(index, name);
+    const QList<CsvImportColumn> known = CsvImportFormats::csvColumnsForFormat(format);
+    const QList<QStringView> names = CsvFieldReader::fields(headerLine);
+    m_fieldCount = names.size();
+    for (qsizetype index = 0; index < names.size(); ++index) {
+        const QStringView name = CsvFieldReader::withoutSurroundingQuotes(names.at(index));
+        for (const CsvImportColumn &column : known) {
+            if (name == QLatin1String(column.name))
+                m_columns.append({index, column.field});
+        }
     }
-    return map;
 }
 
-int fieldCount(const QString &line)
+HoldingRef CsvHoldingReader::holdingForLine(QStringView line) const
 {
-    return int(line.count(QLatin1Char(','))) + 1;
-}
-
-HoldingRef holdingForCSVLine(const QString &line, int promisedFieldCount, const CsvFieldMap &fieldMap)
-{
-    // Counting first spares building a holding for a line that is rejected anyway.
-    if (fieldCount(line) != promisedFieldCount)
+    const QList<QStringView> fields = CsvFieldReader::fields(line);
+    if (fields.size() != m_fieldCount)
         return nullptr;
-    const QStringList fields = line.split(QLatin1Char(','));
     HoldingRef holding = Holding::create();
     const Series *series = nullptr;
-    for (auto column = fieldMap.cbegin(); column != fieldMap.cend(); ++column) {
-        if (column.key() < 0 || column.key() >= fields.size())
-            continue;
-        const QString &text = fields.at(column.key());
-        const QString &name = column.value();
-        if (name == QLatin1String(CsvColumn::Denomination) || name == QLatin1String(CsvColumn::FaceValue)) {
-            holding->setFaceValue(CsvField::faceValue(text));
-        } else if (name == QLatin1String(CsvColumn::SerialNumber)) {
-            holding->setSerialNumber(text);
-        } else if (name == QLatin1String(CsvColumn::IssueDate)) {
-            holding->setIssueDate(CsvField::issueMonth(text));
-        } else if (name == QLatin1String(CsvColumn::Quantity)) {
-            holding->setQuantity(CsvField::integerValue(text));
-        } else {
-            series = SeriesCsv::seriesForCSVCode(CsvField::withoutSurroundingQuotes(text));
+    for (const auto &[index, field] : m_columns) {
+        const QStringView text = fields.at(index);
+        switch (field) {
+        case CsvHoldingField::FaceValue:
+            holding->setFaceValue(CsvFieldReader::faceValue(text));
+            break;
+        case CsvHoldingField::SerialNumber:
+            holding->setSerialNumber(text.toString());
+            break;
+        case CsvHoldingField::IssueDate:
+            holding->setIssueDate(CsvFieldReader::issueMonth(text.toString()));
+            break;
+        case CsvHoldingField::Quantity:
+            holding->setQuantity(CsvFieldReader::integerValue(text));
+            break;
+        case CsvHoldingField::Series:
+            // The last series column decides whether the line is taken.
+            series = CsvFieldReader::series(text);
             if (series)
                 holding->setSeries(series);
+            break;
         }
     }
     return series ? holding : nullptr;
 }
-
-} // namespace CsvHoldingReader

@@ -1,24 +1,26 @@
 #pragma once
-// Turns the lines of an imported CSV file into holdings: the header becomes a column map, each
-// data line a new holding or a rejection.
+// Turns the data lines of an imported CSV file into holdings, reading them by the file's header:
+// which columns the format reads, where they are, and how many fields a line must have.
 #include "exchange/CsvImportFormat.h"
 #include "model/Holding.h"
 
-#include <QMap>
-#include <QString>
+#include <QList>
+#include <QStringView>
+#include <utility>
 
-// Column index (0-based position in the header) to the header name, for the columns of the
-// format's set that the header contains. A name that occurs twice is mapped at both places.
-using CsvFieldMap = QMap<int, QString>;
+class CsvHoldingReader
+{
+public:
+    // Header fields are compared after their surrounding double quotes are removed; column order
+    // is free, and a name that occurs twice is read at both places, left to right.
+    CsvHoldingReader(QStringView headerLine, CsvImportFormat format);
 
-namespace CsvHoldingReader {
-// Header fields are compared after their surrounding double quotes are removed.
-CsvFieldMap fieldMapForHeader(const QString &headerLine, CsvImportFormat format);
-// The number of comma-separated fields of a line (quotes do not protect commas).
-int fieldCount(const QString &line);
+    // A new holding with its defaults, filled from the read columns in column order; nullptr when
+    // the line does not have the header's number of fields or no read series text names a
+    // series. Malformed numbers and dates do not reject a line: they read as 0 or no date.
+    HoldingRef holdingForLine(QStringView line) const;
 
-// A new holding with its defaults, filled from the mapped fields in column order; nullptr when
-// the line does not have the promised number of fields or no mapped series text names a
-// series. Malformed numbers and dates do not reject a line: they read as 0 or no date.
-HoldingRef holdingForCSVLine(const QString &line, int promisedFieldCount, const CsvFieldMap &fieldMap);
-}
+private:
+    qsizetype m_fieldCount = 0;
+    QList<std::pair<qsizetype, CsvHoldingField>> m_columns; // by position in the header
+};

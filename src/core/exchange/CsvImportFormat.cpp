@@ -18,15 +18,16 @@ QString producerName(CsvImportFormat format)
                                           : QStringLiteral("the Treasury Department's Savings Bond Wizard");
 }
 
-QSet<QString> csvColumnsForFormat(CsvImportFormat format)
+QList<CsvImportColumn> csvColumnsForFormat(CsvImportFormat format)
 {
+    // The Wizard's files have no quantity: its bonds keep a new holding's quantity of 1.
     if (format == CsvImportFormat::Own) {
-        return {QLatin1String(CsvColumn::BondSeries), QLatin1String(CsvColumn::Quantity),
-                QLatin1String(CsvColumn::IssueDate), QLatin1String(CsvColumn::FaceValue),
-                QLatin1String(CsvColumn::SerialNumber)};
+        return {{"Bond Series", CsvHoldingField::Series}, {"Quantity", CsvHoldingField::Quantity},
+                {"Issue Date", CsvHoldingField::IssueDate}, {"Face Value", CsvHoldingField::FaceValue},
+                {"Serial Number", CsvHoldingField::SerialNumber}};
     }
-    return {QLatin1String(CsvColumn::Series), QLatin1String(CsvColumn::Denomination),
-            QLatin1String(CsvColumn::SerialNumber), QLatin1String(CsvColumn::IssueDate)};
+    return {{"Series", CsvHoldingField::Series}, {"Denomination", CsvHoldingField::FaceValue},
+            {"Serial Number", CsvHoldingField::SerialNumber}, {"Issue Date", CsvHoldingField::IssueDate}};
 }
 
 } // namespace CsvImportFormats

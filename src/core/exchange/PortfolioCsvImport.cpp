@@ -40,14 +40,12 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
     if (lines->size() > MaximumLineCount)
         return corruptFileOutcome(format, QStringLiteral("more than %1 lines").arg(MaximumLineCount));
 
-    const QString &header = lines->first();
-    const CsvFieldMap fieldMap = CsvHoldingReader::fieldMapForHeader(header, format);
-    const int promisedFieldCount = CsvHoldingReader::fieldCount(header);
+    const CsvHoldingReader reader(lines->first(), format);
 
     QList<HoldingRef> added;
     int rejected = 0;
     for (qsizetype index = 1; index < lines->size(); ++index) {
-        HoldingRef holding = CsvHoldingReader::holdingForCSVLine(lines->at(index), promisedFieldCount, fieldMap);
+        HoldingRef holding = reader.holdingForLine(lines->at(index));
         if (!holding) {
             ++rejected;
             continue;

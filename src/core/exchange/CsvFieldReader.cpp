@@ -1,11 +1,27 @@
-#include "exchange/CsvFieldText.h"
+#include "exchange/CsvFieldReader.h"
 
 #include "base/Series.h"
 
 #include <QRegularExpression>
 #include <limits>
 
-namespace CsvField {
+namespace CsvFieldReader {
+
+QList<QStringView> fields(QStringView line)
+{
+    return line.split(QLatin1Char(','));
+}
+
+QStringView withoutSurroundingQuotes(QStringView text)
+{
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && text.at(start) == QLatin1Char('"'))
+        ++start;
+    while (end > start && text.at(end - 1) == QLatin1Char('"'))
+        --end;
+    return text.mid(start, end - start);
+}
 
 qint32 integerValue(QStringView text)
 {
@@ -29,15 +45,16 @@ qint32 integerValue(QStringView text)
     return static_cast<qint32>(negative ? -magnitude : magnitude);
 }
 
-Pennies faceValue(const QString &text)
+Pennies faceValue(QStringView text)
 {
-    const QStringList pieces = text.split(QLatin1Char('.'));
-    // The whole-dollar part is scaled in 32 bits on purpose: files that overflow it read as
-    // they always have. Unsigned arithmetic gives the wrap without undefined behaviour.
-    const auto wholeDollars = static_cast<quint32>(integerValue(pieces.at(0)));
+    const qsizetype firstPoint = text.indexOf(QLatin1Char('.'));
+    // The 32-bit wrap is the format's, kept so that every file reads as it always has; unsigned
+    // arithmetic gives it without undefined behaviour.
+    const auto wholeDollars = static_cast<quint32>(integerValue(text.left(firstPoint < 0 ? text.size() : firstPoint)));
     Pennies pennies = static_cast<qint32>(wholeDollars * 100u);
-    if (pieces.size() == 2)
-        pennies += integerValue(pieces.at(1));
+    const bool exactlyTwoPieces = firstPoint >= 0 && text.indexOf(QLatin1Char('.'), firstPoint + 1) < 0;
+    if (exactlyTwoPieces)
+        pennies += integerValue(text.mid(firstPoint + 1));
     return pennies;
 }
 
@@ -55,22 +72,16 @@ QDateTime issueMonth(const QString &text)
     return QDateTime(first, QTime(0, 0), Qt::LocalTime);
 }
 
-QString withoutSurroundingQuotes(const QString &text)
+const Series *series(QStringView text)
 {
-    qsizetype start = 0;
-    qsizetype end = text.size();
-    while (start < end && text.at(start) == QLatin1Char('"'))
-        ++start;
-    while (end > start && text.at(end - 1) == QLatin1Char('"'))
-        --end;
-    return text.mid(start, end - start);
+    return SeriesCsv::seriesForCSVCode(withoutSurroundingQuotes(text));
 }
 
-} // namespace CsvField
+} // namespace CsvFieldReader
 
 namespace SeriesCsv {
 
-const Series *seriesForCSVCode(const QString &text)
+const Series *seriesForCSVCode(QStringView text)
 {
     if (text.startsWith(QLatin1String("EE")))
         return Series::eeBond();
