@@ -36,7 +36,7 @@ Pennies readEveryFigure(const BondPortfolio &portfolio)
     Pennies sum = 0;
     float rates = 0;
     for (const HoldingRef &h : portfolio.holdings()) {
-        sum += h->value() + h->interestEarned() + h->issuePrice() + int(h->myColor());
+        sum += h->value() + h->interestEarned() + h->issuePrice() + int(h->status());
         rates += h->currentYield() + h->compoundAnnualGrowthRate();
     }
     for (const InterestSummaryRow &row : portfolio.interestSummary())
@@ -45,7 +45,7 @@ Pennies readEveryFigure(const BondPortfolio &portfolio)
     return sum;
 }
 
-// Value reads the figures above make: value, interest, colour (up to three), two for the yield;
+// Value reads the figures above make: value, interest, status (up to three), two for the yield;
 // the summary one per holding and year up to the last December.
 qint64 lookupsForEveryFigure(const BondPortfolio &portfolio)
 {

@@ -16,7 +16,7 @@ BondTableColumns::BondTableColumns(QTableView *table)
     for (int column = 0; column < HoldingColumns::Count; ++column) {
         QAction *action = m_menu->addAction(HoldingColumns::title(column));
         action->setCheckable(true);
-        connect(action, &QAction::triggered, this, [this, action] { toggleColumnVisibility(action->text()); });
+        connect(action, &QAction::triggered, this, [this, column] { toggleColumnVisibility(column); });
     }
     restoreColumnSettings();
     updateMenu();
@@ -48,7 +48,7 @@ void BondTableColumns::restoreColumnSettings()
     int position = 0;
     for (const QVariant &entry : settings) {
         const QVariantMap map = entry.toMap();
-        const int column = HoldingColumns::columnForIdentifier(map.value(QString::fromLatin1(KeyKey)).toString());
+        const int column = HoldingColumns::columnForKey(map.value(QString::fromLatin1(KeyKey)).toString());
         // A name this table has no column for is skipped.
         if (column < 0 || noted.contains(column))
             continue;
@@ -66,10 +66,9 @@ void BondTableColumns::restoreColumnSettings()
     m_restoring = false;
 }
 
-void BondTableColumns::toggleColumnVisibility(const QString &title)
+void BondTableColumns::toggleColumnVisibility(int column)
 {
-    const int column = HoldingColumns::columnForIdentifier(HoldingColumns::identifierForTitle(title));
-    if (column < 0)
+    if (column < 0 || column >= HoldingColumns::Count)
         return;
     m_restoring = true;
     if (!header()->isSectionHidden(column)) {
@@ -93,7 +92,7 @@ QVariantList BondTableColumns::currentSettings() const
         if (header()->isSectionHidden(column))
             continue;
         list.append(QVariantMap{{QString::fromLatin1(WidthKey), double(header()->sectionSize(column))},
-                                {QString::fromLatin1(KeyKey), HoldingColumns::identifier(column)}});
+                                {QString::fromLatin1(KeyKey), HoldingColumns::key(column)}});
     }
     return list;
 }
@@ -107,8 +106,8 @@ void BondTableColumns::saveColumnSettings()
 
 void BondTableColumns::updateMenu()
 {
-    for (QAction *action : m_menu->actions()) {
-        const int column = HoldingColumns::columnForIdentifier(HoldingColumns::identifierForTitle(action->text()));
-        action->setChecked(column >= 0 && !header()->isSectionHidden(column));
-    }
+    // One item per column, in column order.
+    const QList<QAction *> items = m_menu->actions();
+    for (int column = 0; column < HoldingColumns::Count; ++column)
+        items.at(column)->setChecked(!header()->isSectionHidden(column));
 }

@@ -21,8 +21,8 @@ public:
 
     // The column menu: one checkable item per column, titled as the column.
     QMenu *columnMenu() const { return m_menu; }
-    // Hides a shown column or shows a hidden one, by its menu title.
-    void toggleColumnVisibility(const QString &title);
+    // Hides a shown column (HoldingColumns::Column) or shows a hidden one.
+    void toggleColumnVisibility(int column);
     void saveColumnSettings();
     // The visible columns, left to right, as the settings list them.
     QVariantList currentSettings() const;

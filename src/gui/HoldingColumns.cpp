@@ -1,7 +1,5 @@
 #include "HoldingColumns.h"
 
-#include <QStringList>
-
 namespace HoldingColumns {
 namespace {
 
@@ -10,21 +8,21 @@ constexpr Qt::Alignment Right = Qt::AlignRight | Qt::AlignVCenter;
 constexpr Qt::Alignment Centre = Qt::AlignCenter;
 
 constexpr Descriptor Descriptors[Count] = {
-    {"Series", true, Left, 96},
-    {"Quantity", true, Right, 70},
-    {"Issue Date", true, Centre, 84},
-    {"Face Value", true, Right, 92},
-    {"Issue Price", false, Right, 92},
-    {"Interest Earned", false, Right, 112},
-    {"Value", false, Right, 96},
-    {"Current Yield", false, Right, 100},
-    {"Growth Rate", false, Right, 92},
-    {"Serial Number", true, Left, 116},
-    {"Paper", true, Centre, 52},
-    {"Owner", true, Left, 150},
-    {"Co-owner", true, Left, 150},
-    {"Beneficiary", true, Left, 150},
-    {"Registration", false, Left, 280},
+    {"series", "Series", true, Left, 96},
+    {"quantity", "Quantity", true, Right, 70},
+    {"issueDate", "Issue Date", true, Centre, 84},
+    {"faceValue", "Face Value", true, Right, 92},
+    {"issuePrice", "Issue Price", false, Right, 92},
+    {"interestEarned", "Interest Earned", false, Right, 112},
+    {"value", "Value", false, Right, 96},
+    {"currentYield", "Current Yield", false, Right, 100},
+    {"growthRate", "Growth Rate", false, Right, 92},
+    {"serialNumber", "Serial Number", true, Left, 116},
+    {"paper", "Paper", true, Centre, 52},
+    {"owner", "Owner", true, Left, 150},
+    {"co-owner", "Co-owner", true, Left, 150},
+    {"beneficiary", "Beneficiary", true, Left, 150},
+    {"registration", "Registration", false, Left, 280},
 };
 
 } // namespace
@@ -39,15 +37,15 @@ QString title(int column)
     return QString::fromLatin1(Descriptors[column].title);
 }
 
-QString identifier(int column)
+QString key(int column)
 {
-    return identifierForTitle(title(column));
+    return QString::fromLatin1(Descriptors[column].key);
 }
 
-int columnForIdentifier(const QString &id)
+int columnForKey(const QString &key)
 {
     for (int column = 0; column < Count; ++column) {
-        if (identifier(column) == id)
+        if (key == QLatin1String(Descriptors[column].key))
             return column;
     }
     return -1;
@@ -62,17 +60,6 @@ bool isFigure(int column)
 bool isPerson(int column)
 {
     return column == Owner || column == CoOwner || column == Beneficiary;
-}
-
-QString identifierForTitle(const QString &title)
-{
-    const QStringList pieces = title.split(QLatin1Char(' '));
-    if (pieces.size() == 1)
-        return title.toLower();
-    QString id = pieces.first().toLower();
-    for (qsizetype k = 1; k < pieces.size(); ++k)
-        id += pieces.at(k);
-    return id;
 }
 
 } // namespace HoldingColumns

@@ -1,7 +1,7 @@
 #pragma once
 // The bond table's columns: one descriptor per column, in the table's designed order. A column's
-// identifier is derived from its title, which is how the column menu and the saved column
-// settings find it again.
+// key names it in the saved column settings; keys never change, whatever the titles read, so
+// that settings saved by any earlier version keep working.
 #include <QString>
 #include <Qt>
 
@@ -28,6 +28,7 @@ enum Column {
 
 struct Descriptor
 {
+    const char *key;
     const char *title;
     bool editable;
     Qt::Alignment alignment;
@@ -36,14 +37,10 @@ struct Descriptor
 
 const Descriptor &descriptor(int column);
 QString title(int column);
-QString identifier(int column);
-// The column of an identifier, or -1.
-int columnForIdentifier(const QString &identifier);
+QString key(int column);
+// The column of a saved key, or -1.
+int columnForKey(const QString &key);
 bool isFigure(int column);
 bool isPerson(int column);
-
-// "Face Value" → "faceValue": the first word lower-cased, the further words joined unchanged;
-// a single word lower-cased whole.
-QString identifierForTitle(const QString &title);
 
 } // namespace HoldingColumns

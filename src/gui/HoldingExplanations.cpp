@@ -50,12 +50,19 @@ QString whyNoValue(const Holding &holding)
 
 QString HoldingExplanations::valueTip(const Holding &holding)
 {
-    const QString remark = HoldingPresentation::remarkText(holding);
-    if (remark == QLatin1String(HoldingPresentation::ComputedRemark))
-        return remark + QStringLiteral(": ") + Holding::derivedValueNote();
-    if (const QString why = whyNoValue(holding); !why.isEmpty())
-        return remark + QStringLiteral(": ") + why;
-    return remark;
+    using HoldingPresentation::Remark;
+    const Remark remark = HoldingPresentation::remarkOf(holding);
+    const QString text = HoldingPresentation::remarkText(remark);
+    switch (remark) {
+    case Remark::Computed:
+        return text + QStringLiteral(": ") + Holding::derivedValueNote();
+    case Remark::NoPricingData:
+        return text + QStringLiteral(": ") + whyNoValue(holding);
+    case Remark::NotYetRedeemable:
+    case Remark::None:
+        break;
+    }
+    return text;
 }
 
 QString HoldingExplanations::notInTotals(qint64 bonds)

@@ -71,15 +71,7 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(descriptor(column).alignment);
     case Qt::ForegroundRole:
-        switch (holding.myColor()) {
-        case Holding::LineColor::Black:
-            return QColor(Qt::black);
-        case Holding::LineColor::Blue:
-            return QColor(Qt::blue);
-        case Holding::LineColor::Red:
-            return QColor(Qt::red);
-        }
-        return {};
+        return lineColor(holding.status());
     case Qt::ToolTipRole:
         if (column == Quantity && holding.hasQuantityBelowOne())
             return tr("quantity below 1: counts as no bonds");
@@ -97,6 +89,18 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
     default:
         return {};
     }
+}
+
+QVariant HoldingsTableModel::lineColor(HoldingStatus status)
+{
+    // A line without value is red when no value exists, blue while the bond cannot be cashed yet.
+    // Any other line has no colour of its own: the view draws it in its palette's text colour,
+    // which a dark theme makes light.
+    if (lacksPricingData(status))
+        return QColor(Qt::red);
+    if (status == HoldingStatus::NotYetRedeemable)
+        return QColor(Qt::blue);
+    return {};
 }
 
 QVariant HoldingsTableModel::displayData(const Holding &holding, int column) const
@@ -215,14 +219,14 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
     Holding &holding = *m_portfolio->holdings().at(index.row());
     const int column = index.column();
     if (column == Paper && role == Qt::CheckStateRole) {
-        const bool paper = value.toInt() == Qt::Checked;
-        if (paper != holding.isPaper())
-            holding.setPaper(paper);
+        holding.setPaper(value.toInt() == Qt::Checked);
         return true;
     }
     if (role != Qt::EditRole)
         return false;
-    // An unchanged value records nothing: the setters are called only for real changes.
+    // An unchanged value records nothing. The setters ignore a value the holding already has;
+    // the series (none reads as EE) and the serial number (none reads as empty) are compared as
+    // the cell shows them.
     switch (column) {
     case HoldingColumns::Series: {
         const ::Series *series = ::Series::seriesForCode(value.toString());
@@ -237,8 +241,7 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
         const int quantity = value.toInt(&ok);
         if (!ok)
             return false;
-        if (quantity != holding.quantity())
-            holding.setQuantity(quantity);
+        holding.setQuantity(quantity);
         return true;
     }
     case IssueDate:
@@ -247,8 +250,7 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
         const QVariant pennies = DollarTransformer::reverseTransformedValue(value);
         if (!pennies.isValid())
             return false;
-        if (pennies.toLongLong() != holding.faceValue())
-            holding.setFaceValue(pennies.toLongLong());
+        holding.setFaceValue(pennies.toLongLong());
         return true;
     }
     case SerialNumber:

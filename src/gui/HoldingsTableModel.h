@@ -37,6 +37,7 @@ private:
     QVariant displayData(const Holding &holding, int column) const;
     QVariant editData(const Holding &holding, int column) const;
     QVariant sortData(const Holding &holding, int column) const;
+    static QVariant lineColor(HoldingStatus status);
     bool setIssueDate(Holding &holding, const QVariant &value);
     PersonRef titleHolderWithId(const QString &uniqueId) const;
     void holdingChanged(Holding *holding);

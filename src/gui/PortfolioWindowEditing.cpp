@@ -1,5 +1,6 @@
 // What the window's commands do: bonds added, removed, cut, copied and pasted; people named on
-// bonds and removed; the valuation month; the totals line.
+// bonds and removed; the valuation month; the totals line. A command on several items is one
+// undo step, named as the document names each of its changes.
 #include "Alerts.h"
 #include "BondClipboard.h"
 #include "BondTableView.h"
@@ -53,7 +54,8 @@ void PortfolioWindow::paste()
 {
     const QList<HoldingRef> holdings =
         BondClipboard::holdingsFrom(QApplication::clipboard()->mimeData(), m_portfolio->peopleStore());
-    // Each pasted bond joins the portfolio (taking its people) and is one "Insert Holding".
+    // The pasted bonds join the portfolio (taking their people) as one "Insert Holding".
+    UndoStep step(*m_portfolio, UndoActionName::InsertHolding);
     for (const HoldingRef &holding : holdings) {
         holding->setPortfolio(m_portfolio.get());
         m_portfolio->appendHolding(holding);
@@ -72,6 +74,7 @@ void PortfolioWindow::removeSelectedBonds()
 {
     // The holdings first: every removal reshapes the rows shown.
     const QList<HoldingRef> holdings = selectedHoldings();
+    UndoStep step(*m_portfolio, UndoActionName::DeleteHolding);
     for (const HoldingRef &holding : holdings)
         m_portfolio->removeHoldingAt(m_portfolio->indexOfHolding(holding.get()));
 }
@@ -79,6 +82,7 @@ void PortfolioWindow::removeSelectedBonds()
 void PortfolioWindow::deleteSelectedPeople()
 {
     const QList<PersonRef> people = selectedPeople();
+    UndoStep step(*m_portfolio, UndoActionName::EditPeople);
     for (const PersonRef &person : people)
         m_portfolio->deleteTitleHolderFromAllBonds(person);
 }
@@ -88,6 +92,7 @@ void PortfolioWindow::nameBonds(const QList<HoldingRef> &holdings, const PersonR
 {
     if (!person)
         return;
+    UndoStep step(*m_portfolio, UndoActionName::Edit);
     for (const HoldingRef &holding : holdings) {
         switch (role) {
         case PeopleTableView::Role::Owner:

@@ -1,6 +1,7 @@
-// The bond table and its values as the user meets them: the column settings and identifiers,
-// walking the editable cells, refused issue and valuation months, how computed and missing values
-// explain themselves, the valuation picker's range, and the ovals of the people table's counts.
+// The bond table and its values as the user meets them: the column settings and their keys,
+// walking the editable cells, sorting, refused issue and valuation months, how computed and
+// missing values explain and colour themselves, the valuation picker's range, and the ovals of
+// the people table's counts.
 #include "GuiTestMain.h"
 
 #include <QSignalSpy>
@@ -14,6 +15,7 @@
 #include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QAction>
+#include <QColor>
 #include <QFont>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -31,7 +33,7 @@ private slots:
     {
         PortfolioWindow *first = GuiTest::openSample();
         QHeaderView *header = first->bondTable()->horizontalHeader();
-        first->columns()->toggleColumnVisibility(QStringLiteral("Face Value"));
+        first->columns()->toggleColumnVisibility(HoldingColumns::FaceValue);
         header->resizeSection(HoldingColumns::Value, 151);
         header->moveSection(header->visualIndex(HoldingColumns::Registration), 0);
 
@@ -44,7 +46,7 @@ private slots:
             QCOMPARE(item->isChecked(), item->text() != QLatin1String("Face Value"));
 
         // Shown again, it comes back at the right end, and the settings say so.
-        second->columns()->toggleColumnVisibility(QStringLiteral("Face Value"));
+        second->columns()->toggleColumnVisibility(HoldingColumns::FaceValue);
         const QVariantList saved = UserDefaults::value(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey)).toList();
         QCOMPARE(saved.size(), int(HoldingColumns::Count));
         QCOMPARE(saved.last().toMap().value("key").toString(), QStringLiteral("faceValue"));
@@ -72,34 +74,43 @@ private slots:
         QVERIFY(!window->isWindowModified());
     }
 
-    // How a value cell explains itself: the sample's 2005 EE bond is valued from its fixed rate past
+    // How a line explains its value: the sample's 2005 EE bond is valued from its fixed rate past
     // the Treasury's files; an issue month the series was never sold in has no value and never
     // will, nor one valued before its issue; a bond the database has no value for yet points to the
-    // updater.
+    // updater. A line without value is red, one not redeemable yet blue; a valued line has no
+    // colour of its own, so that it reads in the theme's text colour.
     void valuesSayWhy_data()
     {
         QTest::addColumn<int>("row");
         QTest::addColumn<QDate>("issued"); // null: as the sample has it
         QTest::addColumn<QDate>("valuedAsOf");
         QTest::addColumn<QString>("tip");
+        QTest::addColumn<QColor>("colour"); // invalid: the palette's
         const QDate latest(2026, 11, 1);
+        const QColor red(Qt::red);
         const QString neverSold = QStringLiteral("no pricing data: %1; no values exist for this issue month.");
         QTest::newRow("computed") << 1 << QDate() << latest
-                                  << QStringLiteral("computed: computed by this program, not published by the Treasury");
-        QTest::newRow("I before 09/1998") << 6 << QDate() << latest << neverSold.arg("Series I bonds were first issued in 09/1998");
+                                  << QStringLiteral("computed: computed by this program, not published by the Treasury")
+                                  << QColor();
+        QTest::newRow("valued") << 3 << QDate() << latest << QString() << QColor();
+        QTest::newRow("I before 09/1998") << 6 << QDate() << latest
+                                          << neverSold.arg("Series I bonds were first issued in 09/1998") << red;
         QTest::newRow("EE before 01/1980") << 0 << QDate(1979, 12, 1) << latest
-                                           << neverSold.arg("Series EE bonds were first issued in 01/1980");
+                                           << neverSold.arg("Series EE bonds were first issued in 01/1980") << red;
         QTest::newRow("E after 06/1980") << 2 << QDate(1980, 7, 1) << latest
-                                         << neverSold.arg("Series E bonds were last issued in 06/1980");
+                                         << neverSold.arg("Series E bonds were last issued in 06/1980") << red;
         QTest::newRow("Savings Note after 10/1970") << 5 << QDate(1970, 11, 1) << latest
-                                                    << neverSold.arg("Savings Notes were last issued in 10/1970");
+                                                    << neverSold.arg("Savings Notes were last issued in 10/1970") << red;
         QTest::newRow("valued before its issue") << 7 << QDate() << QDate(2021, 11, 1)
                                                  << QStringLiteral("no pricing data: this bond was issued in 03/2026, after the "
-                                                                   "valuation month; it has no value before then.");
+                                                                   "valuation month; it has no value before then.")
+                                                 << red;
         QTest::newRow("not priced yet") << 0 << QDate(1995, 5, 1) << latest
                                         << QStringLiteral("no pricing data: the database has no value for this bond in that "
-                                                          "month. Tools ▸ Update Redemption Values… installs newer values");
-        QTest::newRow("not yet redeemable") << 7 << QDate() << latest << QStringLiteral("not yet redeemable");
+                                                          "month. Tools ▸ Update Redemption Values… installs newer values")
+                                        << red;
+        QTest::newRow("not yet redeemable") << 7 << QDate() << latest << QStringLiteral("not yet redeemable")
+                                            << QColor(Qt::blue);
     }
     void valuesSayWhy()
     {
@@ -107,6 +118,7 @@ private slots:
         QFETCH(QDate, issued);
         QFETCH(QDate, valuedAsOf);
         QFETCH(QString, tip);
+        QFETCH(QColor, colour);
         PortfolioWindow *window = GuiTest::openSample();
         const QAbstractItemModel *model = window->bondTable()->model();
         if (issued.isValid())
@@ -114,8 +126,40 @@ private slots:
                 QDateTime(issued, QTime(12, 0), Qt::UTC));
         window->valuationPicker()->setDate(valuedAsOf);
         const QModelIndex value = model->index(row, HoldingColumns::Value);
-        QVERIFY2(value.data(Qt::ToolTipRole).toString().startsWith(tip), qPrintable(value.data(Qt::ToolTipRole).toString()));
+        const QString shown = value.data(Qt::ToolTipRole).toString();
+        QVERIFY2(tip.isEmpty() ? shown.isEmpty() : shown.startsWith(tip), qPrintable(shown));
         QCOMPARE(value.data(Qt::FontRole).value<QFont>().italic(), tip.startsWith(QLatin1String("computed")));
+        for (int column : {int(HoldingColumns::Series), int(HoldingColumns::Value), int(HoldingColumns::Registration)})
+            QCOMPARE(model->index(row, column).data(Qt::ForegroundRole).value<QColor>(), colour);
+    }
+
+    // Figures, dates and money sort by what they are, not by how they read.
+    void sortingFollowsTheFigures_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<Qt::SortOrder>("order");
+        QTest::addColumn<QStringList>("shown");
+        const QStringList months{"05/1967", "06/1980", "01/1990", "01/1997", "09/1998", "05/2005", "01/2010", "03/2026"};
+        QStringList latestFirst = months;
+        std::reverse(latestFirst.begin(), latestFirst.end());
+        QTest::newRow("issue months") << int(HoldingColumns::IssueDate) << Qt::AscendingOrder << months;
+        QTest::newRow("issue months, latest first") << int(HoldingColumns::IssueDate) << Qt::DescendingOrder << latestFirst;
+        QTest::newRow("face values") << int(HoldingColumns::FaceValue) << Qt::AscendingOrder
+                                     << QStringList{"$25.00", "$25.00", "$50.00", "$50.00", "$50.00", "$100.00",
+                                                    "$100.00", "$1,000.00"};
+    }
+    void sortingFollowsTheFigures()
+    {
+        QFETCH(int, column);
+        QFETCH(Qt::SortOrder, order);
+        QFETCH(QStringList, shown);
+        PortfolioWindow *window = GuiTest::openSample();
+        BondTableView *table = window->bondTable();
+        table->sortByColumn(column, order);
+        QStringList texts;
+        for (int row = 0; row < table->model()->rowCount(); ++row)
+            texts << table->model()->index(row, column).data().toString();
+        QCOMPARE(texts, shown);
     }
 
     void aValuationMonthWithoutValuesIsRefused()
@@ -242,13 +286,27 @@ private slots:
         QCOMPARE(seven.center().x(), 30.0);
     }
 
-    void columnIdentifiersFollowTheirTitles()
+    // Settings saved by earlier versions name the columns by these keys; the table still finds
+    // every column by them, and saves them again unchanged.
+    void savedColumnKeysStayTheSame()
     {
-        QCOMPARE(HoldingColumns::identifierForTitle("Face Value"), QStringLiteral("faceValue"));
-        QCOMPARE(HoldingColumns::identifierForTitle("Interest Earned Today"), QStringLiteral("interestEarnedToday"));
-        QCOMPARE(HoldingColumns::identifierForTitle("SERIES"), QStringLiteral("series"));
-        for (int column = 0; column < HoldingColumns::Count; ++column)
-            QCOMPARE(HoldingColumns::columnForIdentifier(HoldingColumns::identifier(column)), column);
+        const QStringList keys{"series", "quantity", "issueDate", "faceValue", "issuePrice", "interestEarned", "value",
+                               "currentYield", "growthRate", "serialNumber", "paper", "owner", "co-owner",
+                               "beneficiary", "registration"};
+        QCOMPARE(keys.size(), int(HoldingColumns::Count));
+        QVariantList saved;
+        for (auto key = keys.crbegin(); key != keys.crend(); ++key)
+            saved << QVariantMap{{"key", *key}, {"width", 77.0}};
+        const QString settingsKey = QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey);
+        UserDefaults::setValue(settingsKey, saved);
+        PortfolioWindow *window = DocumentManager::instance().newDocument();
+        QHeaderView *header = window->bondTable()->horizontalHeader();
+        for (int column = 0; column < HoldingColumns::Count; ++column) {
+            QCOMPARE(header->visualIndex(column), HoldingColumns::Count - 1 - column);
+            QCOMPARE(header->sectionSize(column), 77);
+        }
+        QCOMPARE(window->columns()->currentSettings(), saved);
+        UserDefaults::remove(settingsKey);
     }
 };
 

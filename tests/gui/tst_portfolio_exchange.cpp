@@ -139,6 +139,16 @@ private slots:
         QCOMPARE(m_panels->alerts, QStringList{alert});
         QCOMPARE(m_window->portfolio()->holdings().size(), before + added);
         QCOMPARE(m_window->portfolio()->isEdited(), added > 0);
+        if (added == 0)
+            return;
+        // One undo takes the whole import back.
+        QAction *undo = m_window->action(PortfolioWindow::ActionId::Undo);
+        QCOMPARE(undo->text(), QStringLiteral("Undo Insert Holding"));
+        undo->trigger();
+        QCOMPARE(m_window->portfolio()->holdings().size(), before);
+        QVERIFY(!m_window->portfolio()->isEdited());
+        m_window->action(PortfolioWindow::ActionId::Redo)->trigger();
+        QCOMPARE(m_window->portfolio()->holdings().size(), before + added);
     }
 };
 

@@ -15,6 +15,7 @@
 #include <QUndoStack>
 
 #include <cerrno>
+#include <numeric>
 
 using Id = PortfolioWindow::ActionId;
 
@@ -81,22 +82,29 @@ private slots:
         QTRY_COMPARE(window->totalsText() == allTotals, people.isEmpty());
     }
 
-    // The totals line says how many bonds shown it leaves out for lack of pricing data: the
-    // sample's 1997 I bond (never sold) always, its 2026 I bond before it was issued.
+    // The totals line counts every bond of the holdings shown, and says how many it leaves out
+    // for lack of pricing data: the sample's 1997 I bond (never sold) always, its 2026 I bond
+    // before it was issued. Face value and issue price are per bond, so they count every bond:
+    // the sample's bonds have $1,700.00 of face value, bought for $1,584.25 (EE on paper at half
+    // their face, E at three quarters, Savings Notes at 81 %, the rest at face).
     void totalsLineCountsBondsWithoutPricingData_data()
     {
         QTest::addColumn<QStringList>("people");
         QTest::addColumn<int>("quantityOf1997Bond");
         QTest::addColumn<QDate>("valuedAsOf");
         QTest::addColumn<int>("bondsShown");
+        QTest::addColumn<QString>("sums");
         QTest::addColumn<QString>("note");
         const QDate latest(2026, 11, 1);
-        QTest::newRow("none shown") << QStringList{"Margaret Whitfield"} << 1 << latest << 6 << QString();
-        QTest::newRow("one") << QStringList() << 1 << latest << 13
+        QTest::newRow("none shown") << QStringList{"Margaret Whitfield"} << 1 << latest << 6
+                                    << "face value $375.00 · issue price $259.25" << QString();
+        QTest::newRow("one") << QStringList() << 1 << latest << 13 << "face value $1,700.00 · issue price $1,584.25"
                              << QStringLiteral("1 bond without pricing data is not in these totals");
         QTest::newRow("one holding of three") << QStringList() << 3 << latest << 15
+                                              << "face value $1,900.00 · issue price $1,784.25"
                                               << QStringLiteral("3 bonds without pricing data are not in these totals");
         QTest::newRow("two holdings") << QStringList() << 3 << QDate(2021, 11, 1) << 15
+                                      << "face value $1,900.00 · issue price $1,784.25"
                                       << QStringLiteral("4 bonds without pricing data are not in these totals");
     }
     void totalsLineCountsBondsWithoutPricingData()
@@ -105,6 +113,7 @@ private slots:
         QFETCH(int, quantityOf1997Bond);
         QFETCH(QDate, valuedAsOf);
         QFETCH(int, bondsShown);
+        QFETCH(QString, sums);
         QFETCH(QString, note);
         PortfolioWindow *window = GuiTest::openSample();
         window->portfolio()->holdings().at(6)->setQuantity(quantityOf1997Bond);
@@ -113,6 +122,7 @@ private slots:
         QTRY_VERIFY2(window->totalsText().startsWith(QStringLiteral("Total of %1 bond(s) shown:").arg(bondsShown)),
                      qPrintable(window->totalsText()));
         const QStringList lines = window->totalsText().split(u'\n');
+        QVERIFY2(lines.first().contains(sums), qPrintable(lines.first()));
         QCOMPARE(lines.mid(1), note.isEmpty() ? QStringList() : QStringList{note});
     }
 
@@ -157,9 +167,9 @@ private slots:
         };
         for (const HoldingRef &bond : bonds)
             QCOMPARE(named(bond), QStringLiteral("Rosa Delgado"));
-        QCOMPARE(undo->count(), stepsBefore + 3);
-        for (int k = 0; k < 3; ++k)
-            undo->undo();
+        QCOMPARE(undo->count(), stepsBefore + 1);
+        QCOMPARE(undo->undoText(), QStringLiteral("Edit"));
+        undo->undo();
         for (const HoldingRef &bond : bonds)
             QVERIFY(named(bond) != QStringLiteral("Rosa Delgado"));
         QVERIFY(!window->isWindowModified());
@@ -172,22 +182,31 @@ private slots:
         QVERIFY(!dropOnRosa(window, data.get(), Qt::MoveAction));
     }
 
+    // Every command is one step, however many bonds or people it takes: twenty bonds removed
+    // come back with one undo.
     void undoAndRedoCarryTheActionNames_data()
     {
         QTest::addColumn<int>("command");
         QTest::addColumn<QString>("name");
         QTest::newRow("edit") << 0 << "Edit";
         QTest::newRow("insert") << 1 << "Insert Holding";
-        QTest::newRow("delete") << 2 << "Delete Holding";
-        QTest::newRow("people") << 3 << "Edit People";
+        QTest::newRow("paste") << 2 << "Insert Holding";
+        QTest::newRow("delete") << 3 << "Delete Holding";
+        QTest::newRow("people") << 4 << "Edit People";
     }
     void undoAndRedoCarryTheActionNames()
     {
         QFETCH(int, command);
         QFETCH(QString, name);
         PortfolioWindow *window = GuiTest::openSample();
+        for (int k = 0; k < 12; ++k)
+            window->portfolio()->addNewHolding(8);
+        window->portfolio()->undoStack()->clear();
         QVERIFY(!window->isWindowModified());
         QAbstractItemModel *bonds = window->bondTable()->model();
+        QCOMPARE(bonds->rowCount(), 20);
+        QList<int> all(20);
+        std::iota(all.begin(), all.end(), 0);
         switch (command) {
         case 0:
             QVERIFY(bonds->setData(bonds->index(0, HoldingColumns::FaceValue), QStringLiteral("200"), Qt::EditRole));
@@ -197,22 +216,32 @@ private slots:
             window->action(Id::AddBond)->trigger();
             break;
         case 2:
-            GuiTest::selectRows(window->bondTable(), {1});
-            window->action(Id::RemoveBond)->trigger();
+            GuiTest::selectRows(window->bondTable(), {0, 1, 2});
+            window->action(Id::Copy)->trigger();
+            window->action(Id::Paste)->trigger();
+            QCOMPARE(bonds->rowCount(), 23);
             break;
         case 3:
-            selectPeople(window, {QStringLiteral("Rosa Delgado")});
+            GuiTest::selectRows(window->bondTable(), all);
+            window->action(Id::RemoveBond)->trigger();
+            QCOMPARE(bonds->rowCount(), 0);
+            break;
+        case 4:
+            selectPeople(window, {QStringLiteral("Rosa Delgado"), QStringLiteral("Samuel Whitfield")});
             window->deleteSelectedPeople();
             QCOMPARE(rowOfPerson(window, "Rosa Delgado"), -1);
+            QCOMPARE(rowOfPerson(window, "Samuel Whitfield"), -1);
             break;
         }
+        QCOMPARE(window->portfolio()->undoStack()->count(), 1);
         QCOMPARE(window->action(Id::Undo)->text(), QStringLiteral("Undo ") + name);
         QVERIFY(window->isWindowModified());
         window->action(Id::Undo)->trigger();
         QCOMPARE(window->action(Id::Redo)->text(), QStringLiteral("Redo ") + name);
         QVERIFY(!window->isWindowModified());
-        QCOMPARE(bonds->rowCount(), 8);
+        QCOMPARE(bonds->rowCount(), 20);
         QVERIFY(rowOfPerson(window, "Rosa Delgado") >= 0);
+        QVERIFY(rowOfPerson(window, "Samuel Whitfield") >= 0);
     }
 
     void toolbarEnabling_data()

@@ -62,14 +62,23 @@ void BondPortfolio::insertHolding(const HoldingRef &holding, int index)
     if (!holding || m_holdings.contains(holding))
         return;
     index = std::clamp(index, 0, int(m_holdings.size()));
-    m_undoStack->push(new InsertHoldingCommand(this, holding, index));
+    m_recorder->record(new InsertHoldingCommand(this, holding, index));
+}
+
+void BondPortfolio::appendHoldings(const QList<HoldingRef> &holdings)
+{
+    if (holdings.isEmpty())
+        return;
+    // Installed at once, as loading does, then recorded as the one step it was.
+    setHoldings(m_holdings + holdings);
+    m_recorder->record(new AppendHoldingsCommand(this, holdings));
 }
 
 void BondPortfolio::removeHoldingAt(int index)
 {
     if (index < 0 || index >= m_holdings.size())
         return;
-    m_undoStack->push(new DeleteHoldingCommand(this, index));
+    m_recorder->record(new DeleteHoldingCommand(this, index));
 }
 
 int BondPortfolio::indexOfHolding(const Holding *holding) const
@@ -161,7 +170,7 @@ void BondPortfolio::setTitleHolders(const QList<PersonRef> &people)
     if (people == m_titleHolders)
         return;
     if (!m_recorder->isApplying())
-        m_undoStack->push(new SetTitleHoldersCommand(this, m_titleHolders, people));
+        m_recorder->record(new SetTitleHoldersCommand(this, m_titleHolders, people));
     installTitleHolders(people);
 }
 
@@ -202,7 +211,7 @@ void BondPortfolio::deleteTitleHolderFromAllBonds(const PersonRef &person)
         if (listed != person && samePerson(listed.get(), person.get()))
             objects << listed.get();
     }
-    m_undoStack->beginMacro(QString::fromLatin1(UndoActionName::EditPeople));
+    UndoStep step(*this, UndoActionName::EditPeople);
     QList<PersonRef> remaining = m_titleHolders;
     remaining.removeIf([&person](const PersonRef &p) { return samePerson(p.get(), person.get()); });
     setTitleHolders(remaining);
@@ -211,7 +220,6 @@ void BondPortfolio::deleteTitleHolderFromAllBonds(const PersonRef &person)
         for (const Person *object : std::as_const(objects))
             holding->deleteTitleHolder(object);
     }
-    m_undoStack->endMacro();
 }
 
 QList<const Series *> BondPortfolio::series() const
@@ -222,6 +230,16 @@ QList<const Series *> BondPortfolio::series() const
 bool BondPortfolio::isEdited() const
 {
     return !m_undoStack->isClean();
+}
+
+void BondPortfolio::beginUndoStep(const char *actionName)
+{
+    m_recorder->beginStep(actionName);
+}
+
+void BondPortfolio::endUndoStep()
+{
+    m_recorder->endStep();
 }
 
 void BondPortfolio::markEdited()

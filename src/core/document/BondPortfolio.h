@@ -11,7 +11,6 @@
 #include "model/Person.h"
 #include "base/ValidationError.h"
 #include "valuation/BondAssessor.h"
-#include "valuation/DateRange.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -85,6 +84,8 @@ public:
     // Undoable insertion and removal of single holdings. The holding should know its portfolio.
     void insertHolding(const HoldingRef &holding, int index);
     void appendHolding(const HoldingRef &holding) { insertHolding(holding, int(m_holdings.size())); }
+    // Appends a whole list (an import) as one undoable "Insert Holding".
+    void appendHoldings(const QList<HoldingRef> &holdings);
     void removeHoldingAt(int index);
     int indexOfHolding(const Holding *holding) const;
     // A new holding with its defaults, attached to this portfolio and inserted (undoable "Insert
@@ -125,8 +126,8 @@ public:
     bool validateValueOfDate(const QDateTime &proposed, ValidationError *error = nullptr) const;
     // The earlier of now and the database's latest month; now when the database has none.
     QDateTime initialValueOfDate() const;
-    DateRange currentInterestPeriod() const;
-    // The same period's ends as month counts (MonthIndex).
+    // The interest period holding the valuation month, as month counts (MonthIndex): from the
+    // May or November at or before it to the next November or May.
     std::pair<int, int> currentInterestPeriodMonths() const;
     SummaryMode summaryMode() const { return m_summaryMode; }
     void setSummaryMode(SummaryMode mode);
@@ -135,6 +136,10 @@ public:
 
     // --- Undo and edited state ---
     QUndoStack *undoStack() const { return m_undoStack; }
+    // What the document records between these is one undo step under the name of what the user
+    // did (an UndoActionName); a step that records nothing leaves nothing to undo. Steps nest.
+    void beginUndoStep(const char *actionName);
+    void endUndoStep();
     bool isEdited() const;
     // Marks the document changed without an undo action (e.g. after an import).
     void markEdited();
@@ -188,6 +193,7 @@ private:
     friend class HoldingPlacementCommand;
     friend class ChangeValueCommand;
     friend class SetTitleHoldersCommand;
+    friend class AppendHoldingsCommand;
     // Set values without recording them: what undo and redo use.
     void changeKeyPath(Holding *holding, const QString &key, const QVariant &value);
     void setTitleHoldersWithoutRecording(const QList<PersonRef> &people);
@@ -210,4 +216,20 @@ private:
     std::weak_ptr<Holding> m_newHolding;
     QString m_fileName;
     int m_missingPeople = 0;
+};
+
+// One user action on several items, undone as one: a BondPortfolio undo step for its lifetime.
+class UndoStep
+{
+public:
+    UndoStep(BondPortfolio &portfolio, const char *actionName) : m_portfolio(portfolio)
+    {
+        m_portfolio.beginUndoStep(actionName);
+    }
+    ~UndoStep() { m_portfolio.endUndoStep(); }
+    UndoStep(const UndoStep &) = delete;
+    UndoStep &operator=(const UndoStep &) = delete;
+
+private:
+    BondPortfolio &m_portfolio;
 };

@@ -43,25 +43,6 @@ QDateTime BondPortfolio::initialValueOfDate() const
     return latest < now ? latest : now;
 }
 
-DateRange BondPortfolio::currentInterestPeriod() const
-{
-    if (!m_valueOfDate.isValid())
-        return {};
-    const int month = m_valueOfDate.date().month();
-    const int year = m_valueOfDate.date().year();
-    // Built on day 1, keeping the time of day, so that both ends stay in May and November.
-    auto at = [this](int y, int m) {
-        QDateTime end = m_valueOfDate;
-        end.setDate(QDate(y, m, 1));
-        return end;
-    };
-    if (month <= 4)
-        return {at(year - 1, 11), at(year, 5)};
-    if (month <= 10)
-        return {at(year, 5), at(year, 11)};
-    return {at(year, 11), at(year + 1, 5)};
-}
-
 std::pair<int, int> BondPortfolio::currentInterestPeriodMonths() const
 {
     if (m_valueOfMonth == MonthIndex::None)

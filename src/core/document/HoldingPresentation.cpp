@@ -15,22 +15,50 @@ QString monthText(const QDateTime &month)
     return Month::of(month).toString(Month::Style::Slash);
 }
 
-QString statusText(const Holding &holding)
+namespace {
+
+Remark remarkOnStatus(HoldingStatus status)
 {
-    const HoldingStatus status = holding.status();
     if (lacksPricingData(status))
-        return QStringLiteral("no pricing data");
+        return Remark::NoPricingData;
     if (status == HoldingStatus::NotYetRedeemable)
+        return Remark::NotYetRedeemable;
+    return Remark::None;
+}
+
+} // namespace
+
+Remark remarkOf(const Holding &holding)
+{
+    const Remark remark = remarkOnStatus(holding.status());
+    if (remark != Remark::None)
+        return remark;
+    return holding.isValueDerived() ? Remark::Computed : Remark::None;
+}
+
+QString remarkText(Remark remark)
+{
+    switch (remark) {
+    case Remark::NoPricingData:
+        return QStringLiteral("no pricing data");
+    case Remark::NotYetRedeemable:
         return QStringLiteral("not yet redeemable");
+    case Remark::Computed:
+        return QStringLiteral("computed");
+    case Remark::None:
+        break;
+    }
     return {};
 }
 
 QString remarkText(const Holding &holding)
 {
-    const QString status = statusText(holding);
-    if (!status.isEmpty())
-        return status;
-    return holding.isValueDerived() ? QString::fromLatin1(ComputedRemark) : QString();
+    return remarkText(remarkOf(holding));
+}
+
+QString statusText(const Holding &holding)
+{
+    return remarkText(remarkOnStatus(holding.status()));
 }
 
 QString percentText(float rate)

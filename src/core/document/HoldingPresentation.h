@@ -18,13 +18,16 @@ inline constexpr const char *NoIssueMonthText = "mm/yyyy";
 QString issueMonthText(const QDateTime &month);
 // "MM/yyyy" of a valuation month; empty for no date.
 QString monthText(const QDateTime &month);
-// Why a holding shows no value ("no pricing data", "not yet redeemable"); empty when it has one.
-// Every status lacking pricing data reads "no pricing data"; the window and the command line say why.
-QString statusText(const Holding &holding);
-// The remark a holding's line carries: its status, else "computed" when its value was computed
-// rather than published; empty for neither.
+// The remark a holding's line carries: why it shows no value, else that its value was computed
+// rather than published. Every status lacking pricing data is one remark; the window and the
+// command line say why.
+enum class Remark { None, NoPricingData, NotYetRedeemable, Computed };
+Remark remarkOf(const Holding &holding);
+// "no pricing data", "not yet redeemable", "computed"; empty for none.
+QString remarkText(Remark remark);
 QString remarkText(const Holding &holding);
-inline constexpr const char *ComputedRemark = "computed";
+// The remark when it says why there is no value; empty otherwise.
+QString statusText(const Holding &holding);
 // A rate as "3.94%".
 QString percentText(float rate);
 }

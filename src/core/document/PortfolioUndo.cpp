@@ -45,7 +45,32 @@ void PortfolioRecorder::changesCompleted()
         return;
     QUndoCommand *command = m_pending;
     m_pending = nullptr;
+    record(command);
+}
+
+void PortfolioRecorder::record(QUndoCommand *command)
+{
+    if (m_stepDepth > 0 && !m_stepOpenOnStack) {
+        m_stack->beginMacro(QString::fromLatin1(m_stepName));
+        m_stepOpenOnStack = true;
+    }
     m_stack->push(command);
+}
+
+void PortfolioRecorder::beginStep(const char *actionName)
+{
+    if (m_stepDepth++ == 0)
+        m_stepName = actionName;
+}
+
+void PortfolioRecorder::endStep()
+{
+    if (m_stepDepth == 0 || --m_stepDepth > 0)
+        return;
+    if (m_stepOpenOnStack) {
+        m_stepOpenOnStack = false;
+        m_stack->endMacro();
+    }
 }
 
 ChangeValueCommand::ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, QString key,
@@ -142,4 +167,38 @@ InsertHoldingCommand::InsertHoldingCommand(BondPortfolio *portfolio, HoldingRef 
 DeleteHoldingCommand::DeleteHoldingCommand(BondPortfolio *portfolio, int index)
     : HoldingPlacementCommand(UndoActionName::DeleteHolding, portfolio, portfolio->holdings().at(index), index)
 {
+}
+
+AppendHoldingsCommand::AppendHoldingsCommand(BondPortfolio *portfolio, QList<HoldingRef> added)
+    : QUndoCommand(QString::fromLatin1(UndoActionName::InsertHolding))
+    , m_portfolio(portfolio)
+    , m_added(std::move(added))
+{
+}
+
+void AppendHoldingsCommand::undo()
+{
+    QList<HoldingRef> remaining = m_portfolio->holdings();
+    remaining.resize(remaining.size() - m_added.size()); // undone in order, so they are the last
+    // Out of the list they are no longer observed: clearing the roles records nothing.
+    m_portfolio->setHoldings(remaining);
+    m_roles.clear();
+    for (const HoldingRef &holding : std::as_const(m_added)) {
+        m_roles << HoldingRoles::of(*holding);
+        holding->setOwner(nullptr);
+        holding->setCoOwner(nullptr);
+        holding->setBeneficiary(nullptr);
+    }
+}
+
+void AppendHoldingsCommand::redo()
+{
+    if (m_happened) {
+        m_happened = false;
+        return;
+    }
+    m_portfolio->setHoldings(m_portfolio->holdings() + m_added);
+    PortfolioRecorder::Applying applying(m_portfolio->m_recorder);
+    for (qsizetype k = 0; k < m_added.size(); ++k)
+        m_roles.at(k).restoreTo(*m_added.at(k));
 }

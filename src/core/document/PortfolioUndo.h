@@ -36,6 +36,12 @@ public:
     };
     bool isApplying() const { return m_applying > 0; }
 
+    // Puts a command that has already happened on the stack, inside the open step if any.
+    void record(QUndoCommand *command);
+    // The stack's macro opens at the first command recorded, so an empty step leaves nothing.
+    void beginStep(const char *actionName);
+    void endStep();
+
 private:
     void valueChanged(const HoldingRef &holding, const QString &key, const QVariant &oldValue);
     void changesCompleted();
@@ -44,6 +50,9 @@ private:
     QUndoStack *m_stack;
     int m_applying = 0;
     QUndoCommand *m_pending = nullptr; // "Edit" collecting the changes of one setter call
+    int m_stepDepth = 0;
+    const char *m_stepName = nullptr; // of the outermost open step
+    bool m_stepOpenOnStack = false;
 };
 
 // One key of one holding, from an old value to a new one.
@@ -119,4 +128,20 @@ public:
     DeleteHoldingCommand(BondPortfolio *portfolio, int index);
     void undo() override { putBack(); }
     void redo() override { takeOut(); }
+};
+
+// Holdings appended after the others all at once, as an import adds them: undo takes them all
+// out again, with the roles they had, and redo puts them back.
+class AppendHoldingsCommand : public QUndoCommand
+{
+public:
+    AppendHoldingsCommand(BondPortfolio *portfolio, QList<HoldingRef> added);
+    void undo() override;
+    void redo() override;
+
+private:
+    BondPortfolio *m_portfolio;
+    QList<HoldingRef> m_added;
+    QList<HoldingRoles> m_roles;
+    bool m_happened = true;
 };

@@ -54,9 +54,12 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
         added << holding;
     }
 
-    // The one change to the document, made only now that every line has been read.
-    portfolio.setHoldings(portfolio.holdings() + added);
-    portfolio.markEdited();
+    // The one change to the document, made only now that every line has been read: one undoable
+    // step, or for a file without bonds the document marked edited all the same.
+    if (added.isEmpty())
+        portfolio.markEdited();
+    else
+        portfolio.appendHoldings(added);
 
     CsvImportOutcome outcome;
     outcome.succeeded = true;

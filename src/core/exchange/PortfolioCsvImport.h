@@ -1,7 +1,8 @@
 #pragma once
 // Adds the bonds of a CSV file to a portfolio. The import works out every new holding first and
 // changes the document once, at the end: the new holdings are appended after the existing ones
-// and the document is marked edited. Every refusal leaves the document exactly as it was.
+// as one undoable "Insert Holding", and the document is edited. Every refusal leaves the document
+// exactly as it was.
 #include "exchange/CsvImportFormat.h"
 #include "exchange/ExchangeOutcome.h"
 

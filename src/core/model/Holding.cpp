@@ -89,6 +89,8 @@ void Holding::setSeries(const Series *series)
 void Holding::setQuantity(qint32 quantity)
 {
     ChangeScope scope(this);
+    if (quantity == m_quantity)
+        return;
     const qint32 old = m_quantity;
     m_quantity = quantity;
     announce(HoldingKey::Quantity, old);
@@ -97,6 +99,8 @@ void Holding::setQuantity(qint32 quantity)
 void Holding::setFaceValue(Pennies faceValue)
 {
     ChangeScope scope(this);
+    if (faceValue == m_faceValue)
+        return;
     const Pennies old = m_faceValue;
     m_faceValue = faceValue;
     announce(HoldingKey::FaceValue, old);
@@ -125,6 +129,8 @@ void Holding::setSerialNumber(const QString &serialNumber)
 void Holding::setPaper(bool paper)
 {
     ChangeScope scope(this);
+    if (paper == m_isPaper)
+        return;
     const bool old = m_isPaper;
     m_isPaper = paper;
     announce(HoldingKey::Paper, old);

@@ -4,7 +4,8 @@
 // paper. Every money figure is computed on demand from the portfolio's valuation date and
 // redemption value database; nothing derived is stored.
 //
-// Each change is announced with valueChanged(key, old value); a change of series, paper,
+// Each change is announced with valueChanged(key, old value); a setter given the value the
+// holding already has announces nothing, so that nothing is recorded. A change of series, paper,
 // issueDate, quantity or faceValue also announces derivedValuesChanged() (value, interestEarned,
 // issuePrice, compoundAnnualGrowthRate, currentYield). A setter that changes further keys
 // itself (the role rules) ends with one changesCompleted(), so that observers can group them.
@@ -66,8 +67,6 @@ public:
     static constexpr const char *IssueDateErrorDomain = "HoldingIssueDate";
     static constexpr const char *NoIssueDataMessage =
         "No pricing data available for bonds with that issue date. Do you need to update your bond values?";
-
-    enum class LineColor { Black, Blue, Red };
 
     // The defaults of a new holding: default series, quantity 1, face value 0, no issue date,
     // paper as the user's "defaultBuysPaper" setting says (true when unset).
@@ -131,7 +130,6 @@ public:
     bool isValidIssue() const;         // false when the database has no value
     bool isRedeemableIssue() const;    // false for a bond that cannot be cashed yet
     HoldingStatus status() const;
-    LineColor myColor() const;
     qint32 monthsHeld() const;
     Pennies absoluteValueAsOfDate(const QDateTime &date) const; // one bond, markers as 0
     Pennies cumulativeInterestEarnedAsOfDate(const QDateTime &date) const;

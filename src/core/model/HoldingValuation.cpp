@@ -149,17 +149,6 @@ HoldingStatus Holding::status() const
     return HoldingStatus::Valued;
 }
 
-Holding::LineColor Holding::myColor() const
-{
-    if (value() != 0)
-        return LineColor::Black;
-    if (!isValidIssue())
-        return LineColor::Red;
-    if (!isRedeemableIssue())
-        return LineColor::Blue;
-    return LineColor::Black;
-}
-
 qint32 Holding::monthsHeld() const
 {
     // An issue in an earlier month is an earlier instant, and one in the same month counts 0

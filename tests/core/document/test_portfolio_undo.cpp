@@ -38,7 +38,8 @@ TEST_F(PortfolioUndo, InstallingAListRecordsNothing)
     EXPECT_FALSE(portfolio.isEdited());
 }
 
-// Each value edit is one "Edit" that undoes to the old value and redoes to the new one.
+// Each value edit is one "Edit" that undoes to the old value and redoes to the new one; the
+// same edit again changes nothing and records nothing.
 struct EditCase
 {
     const char *key;
@@ -59,6 +60,8 @@ TEST_P(ValueEdits, UndoAndRedoThroughTheSameSetter)
     const QVariant after = bond->valueForKey(key);
     ASSERT_NE(before, after);
     ASSERT_EQ(stack().count(), 1);
+    GetParam().edit(*bond, ann, bob);
+    EXPECT_EQ(stack().count(), 1) << "a value the holding already has is no edit";
     EXPECT_EQ(stack().undoText(), QStringLiteral("Edit"));
     EXPECT_TRUE(portfolio.isEdited());
     EXPECT_TRUE(edited);
@@ -75,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
     Keys, ValueEdits,
     ::testing::Values(EditCase{"series", [](Holding &h, auto &, auto &) { h.setSeries(Series::seriesForCode("I")); }},
                       EditCase{"quantity", [](Holding &h, auto &, auto &) { h.setQuantity(4); }},
-                      EditCase{"paper", [](Holding &h, auto &, auto &) { h.setPaper(!h.isPaper()); }},
+                      EditCase{"paper", [](Holding &h, auto &, auto &) { h.setPaper(false); }},
                       EditCase{"issueDate", [](Holding &h, auto &, auto &) { h.setIssueDate(BondAssessor::monthDate(1995, 3)); }},
                       EditCase{"faceValue", [](Holding &h, auto &, auto &) { h.setFaceValue(10000); }},
                       EditCase{"serialNumber", [](Holding &h, auto &, auto &) { h.setSerialNumber("Q100"); }},
@@ -170,6 +173,38 @@ TEST_F(PortfolioUndo, PeopleEditsAndRemovalFromAllBonds)
     stack().undo();
     EXPECT_EQ(portfolio.titleHolders(), (QList<PersonRef>{ann, bob, cy}));
     EXPECT_EQ(bond->coOwner(), bob);
+}
+
+// What the user does to many bonds at once is one step under its own name; a step in which
+// nothing changed leaves nothing to undo.
+TEST_F(PortfolioUndo, ActionsOnManyBondsAreOneStep)
+{
+    QList<HoldingRef> twenty;
+    for (int k = 0; k < 20; ++k) {
+        twenty << Holding::create();
+        twenty.last()->setQuantity(k + 1);
+        twenty.last()->setPortfolio(&portfolio);
+    }
+    portfolio.setHoldings(QList<HoldingRef>{bond} + twenty);
+    {
+        UndoStep step(portfolio, UndoActionName::DeleteHolding);
+        for (const HoldingRef &holding : twenty)
+            portfolio.removeHoldingAt(portfolio.indexOfHolding(holding.get()));
+    }
+    EXPECT_EQ(portfolio.holdings(), QList<HoldingRef>{bond});
+    ASSERT_EQ(stack().count(), 1);
+    EXPECT_EQ(stack().undoText(), QStringLiteral("Delete Holding"));
+    stack().undo();
+    EXPECT_EQ(portfolio.holdings(), QList<HoldingRef>{bond} + twenty);
+    EXPECT_FALSE(portfolio.isEdited());
+
+    {
+        UndoStep step(portfolio, UndoActionName::Edit);
+        for (const HoldingRef &holding : twenty)
+            holding->setFaceValue(holding->faceValue());
+    }
+    EXPECT_EQ(stack().count(), 1) << "nothing changed";
+    EXPECT_TRUE(stack().canRedo());
 }
 
 TEST_F(PortfolioUndo, EveryRecordedChangeRefreshesTheSummary)

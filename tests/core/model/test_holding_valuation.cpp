@@ -14,7 +14,10 @@ protected:
         : PortfolioFixture(ValueTable()
                                .add("N", 2002, 1, 2000, 3, 3000).add("N", 2001, 11, 2000, 3, 2950).add("N", 2002, 5, 2000, 3, 3041)
                                .add("N", 2002, 1, 2001, 9, -1)
-                               .add("I", 2002, 1, 2000, 3, 2400), // below its issue price
+                               .add("I", 2002, 1, 2000, 3, 2400) // below its issue price
+                               // An EE month priced at the ends of three interest periods.
+                               .add("N", 2004, 11, 1998, 6, 2000).add("N", 2005, 5, 1998, 6, 2020)
+                               .add("N", 2005, 11, 1998, 6, 2070).add("N", 2006, 5, 1998, 6, 2100),
                            BondAssessor::monthDate(2002, 1))
     {
     }
@@ -29,17 +32,17 @@ TEST_F(HoldingValuation, WorkedExamplePaperAndElectronic)
     };
     EXPECT_EQ(figures(paper), std::tuple(1, 2500, 12000, 7000));
     EXPECT_EQ(figures(electronic), std::tuple(2, 5000, 24000, 14000));
-    EXPECT_EQ(paper->myColor(), Holding::LineColor::Black);
+    EXPECT_EQ(paper->status(), HoldingStatus::Valued);
 }
 
-TEST_F(HoldingValuation, MarkersCountAsZeroAndColourTheLine)
+TEST_F(HoldingValuation, MarkersCountAsZeroAndGiveTheStatus)
 {
-    struct Case { const char *name; HoldingRef holding; bool valid, redeemable; Holding::LineColor color; };
+    struct Case { const char *name; HoldingRef holding; bool valid, redeemable; HoldingStatus status; };
     const Case cases[] = {
-        {"no row", make("N", 1999, 3, 5000, 1), false, true, Holding::LineColor::Red},
-        {"not yet redeemable", make("N", 2001, 9, 5000, 1), true, false, Holding::LineColor::Blue},
-        {"electronic reads -1 as -2", make("N", 2001, 9, 5000, 1, {}, false), false, true, Holding::LineColor::Red},
-        {"no issue date", make("N", 2000, 3, 5000, 1), true, true, Holding::LineColor::Black},
+        {"no row", make("N", 1999, 3, 5000, 1), false, true, HoldingStatus::NoPricingData},
+        {"not yet redeemable", make("N", 2001, 9, 5000, 1), true, false, HoldingStatus::NotYetRedeemable},
+        {"electronic reads -1 as -2", make("N", 2001, 9, 5000, 1, {}, false), false, true, HoldingStatus::NoPricingData},
+        {"no issue date", make("N", 2000, 3, 5000, 1), true, true, HoldingStatus::Valued},
     };
     cases[3].holding->setIssueDate(QDateTime());
     for (const Case &c : cases) {
@@ -48,7 +51,7 @@ TEST_F(HoldingValuation, MarkersCountAsZeroAndColourTheLine)
         EXPECT_EQ(c.holding->interestEarned(), 0) << "interest is never negative";
         EXPECT_EQ(c.holding->isValidIssue(), c.valid);
         EXPECT_EQ(c.holding->isRedeemableIssue(), c.redeemable);
-        EXPECT_EQ(c.holding->myColor(), c.color);
+        EXPECT_EQ(c.holding->status(), c.status);
         EXPECT_EQ(c.holding->compoundAnnualGrowthRate(), 0.0f);
     }
 }
@@ -80,17 +83,19 @@ TEST_F(HoldingValuation, GrowthRateAndCurrentYield)
     EXPECT_EQ(ee->compoundAnnualGrowthRate(), 0.0f) << "quantity 0 must not divide by zero";
 }
 
-TEST_F(HoldingValuation, InterestPeriodEndsOnDayOneOfMayAndNovember)
+// The current yield grows over the interest period holding the valuation month: November to
+// May for November to April, May to November for May to October.
+TEST_F(HoldingValuation, CurrentYieldIsOfTheInterestPeriodOfTheValuationMonth)
 {
-    const struct { QDate valued, start, end; } cases[] = {
-        {{2005, 4, 15}, {2004, 11, 1}, {2005, 5, 1}}, {{2005, 5, 1}, {2005, 5, 1}, {2005, 11, 1}},
-        {{2005, 10, 31}, {2005, 5, 1}, {2005, 11, 1}}, {{2005, 11, 30}, {2005, 11, 1}, {2006, 5, 1}},
-        {{2005, 1, 31}, {2004, 11, 1}, {2005, 5, 1}}};
+    const float winter04 = 20.0f / 2000 * 200, summer05 = 50.0f / 2020 * 200, winter05 = 30.0f / 2070 * 200;
+    const struct { int year, month; float yield; } cases[] = {
+        {2005, 1, winter04}, {2005, 4, winter04}, {2005, 5, summer05}, {2005, 10, summer05},
+        {2005, 11, winter05}, {2005, 12, winter05}, {2006, 4, winter05}};
+    const HoldingRef bond = make("N", 1998, 6, 5000, 3);
     for (const auto &c : cases) {
-        SCOPED_TRACE(c.valued.toString(Qt::ISODate).toStdString());
-        ASSERT_TRUE(portfolio->setValueOfDate(QDateTime(c.valued, QTime(13, 5))));
-        const DateRange period = portfolio->currentInterestPeriod();
-        EXPECT_EQ(std::tuple(period.start.date(), period.end.date(), period.end.time()), std::tuple(c.start, c.end, QTime(13, 5)));
+        SCOPED_TRACE(QStringLiteral("%1-%2").arg(c.year).arg(c.month).toStdString());
+        ASSERT_TRUE(portfolio->setValueOfDate(BondAssessor::monthDate(c.year, c.month)));
+        EXPECT_NEAR(bond->currentYield(), c.yield, 1e-4);
     }
 }
 
