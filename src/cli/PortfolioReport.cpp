@@ -10,7 +10,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSet>
 
 namespace {
 
@@ -59,7 +58,7 @@ QString text(const BondPortfolio &portfolio)
     out += line({"Series", "Qty", "Issued", "Face value", "Issue price", "Interest", "Value", "Yield", "Growth",
                  "Registration"});
     const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
-    QSet<QString> remarks;
+    bool anyComputed = false;
     QStringList missing; // why bonds lack pricing data, each reason once
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
@@ -72,7 +71,7 @@ QString text(const BondPortfolio &portfolio)
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         if (h.hasQuantityBelowOne())
             registration = QStringLiteral("[quantity below 1: counts as no bonds] %1").arg(registration);
-        remarks.insert(why);
+        anyComputed = anyComputed || remarkOf(h) == Remark::Computed;
         if (const QString note = HoldingNotes::noPricingData(h); !note.isEmpty() && !missing.contains(note))
             missing << note;
         out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
@@ -85,7 +84,7 @@ QString text(const BondPortfolio &portfolio)
     if (const QString left = HoldingNotes::notInTotals(totals.withoutPricingData); !left.isEmpty())
         out += QStringLiteral("(%1)\n").arg(left);
     out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
-    if (remarks.contains(QStringLiteral("computed")))
+    if (anyComputed)
         out += QStringLiteral("([computed] %1)\n").arg(Holding::derivedValueNote());
     for (const QString &note : std::as_const(missing))
         out += QStringLiteral("([no pricing data] %1)\n").arg(note);
