@@ -24,6 +24,17 @@ public:
 
     bool valid() const { return m_image != nullptr; }
 
+    // The first column of the first row of a query, -1 when there is none.
+    static sqlite3_int64 number(sqlite3 *db, const char *sql)
+    {
+        sqlite3_stmt *stmt = nullptr;
+        sqlite3_int64 result = -1;
+        if (sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr) == SQLITE_OK && sqlite3_step(stmt) == SQLITE_ROW)
+            result = sqlite3_column_int64(stmt, 0);
+        sqlite3_finalize(stmt);
+        return result;
+    }
+
     // A connection of its own over a private copy of the image; nullptr if none could be made.
     sqlite3 *open() const
     {

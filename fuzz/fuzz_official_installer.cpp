@@ -14,16 +14,6 @@
 #include <sqlite3.h>
 
 namespace {
-sqlite3_int64 number(sqlite3 *db, const char *sql)
-{
-    sqlite3_stmt *stmt = nullptr;
-    sqlite3_int64 result = -1;
-    if (sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr) == SQLITE_OK && sqlite3_step(stmt) == SQLITE_ROW)
-        result = sqlite3_column_int64(stmt, 0);
-    sqlite3_finalize(stmt);
-    return result;
-}
-
 PriceRecord record(char series, int ryr, int rmo, int iyr, qint32 base)
 {
     PriceRecord r{series, quint8(rmo), quint16(ryr), quint16(iyr), {}};
@@ -57,25 +47,25 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     sqlite3 *db = installed.open();
     if (!db)
         std::abort();
-    const sqlite3_int64 rowsBefore = number(db, "select count(*) from bond_value");
-    const sqlite3_int64 derivedBefore = number(db, "select count(*) from derived_value");
+    const sqlite3_int64 rowsBefore = FuzzDatabase::number(db, "select count(*) from bond_value");
+    const sqlite3_int64 derivedBefore = FuzzDatabase::number(db, "select count(*) from derived_value");
 
     const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
     const OfficialSourceInstaller::Outcome outcome =
         OfficialSourceInstaller::install(db, {"fuzzed.bin", PriceDataFile::decode(bytes)}, options);
-    const sqlite3_int64 recorded = number(db, "select count(*) from data_file where name = 'fuzzed.bin'");
+    const sqlite3_int64 recorded = FuzzDatabase::number(db, "select count(*) from data_file where name = 'fuzzed.bin'");
     if (outcome.ok()) {
         if (recorded != 1 || !PriceDataFile::screen(PriceDataFile::decode(bytes)).isEmpty())
             std::abort();
-        const sqlite3_int64 latestOfficial = number(
+        const sqlite3_int64 latestOfficial = FuzzDatabase::number(
             db, "select max(ryr * 12 + rmo - 1) from bond_value b where value >= -1 and not exists (select 1 from "
                 "derived_value d where d.series = b.series and d.iyr = b.iyr and d.imo = b.imo and d.ryr = b.ryr and d.rmo = b.rmo)");
-        if (number(db, "select max(ryr * 12 + rmo - 1) from derived_value") > latestOfficial + 12)
+        if (FuzzDatabase::number(db, "select max(ryr * 12 + rmo - 1) from derived_value") > latestOfficial + 12)
             std::abort();
-        if (number(db, "select count(*) from max_rdate") != 1)
+        if (FuzzDatabase::number(db, "select count(*) from max_rdate") != 1)
             std::abort();
-    } else if (recorded != 0 || number(db, "select count(*) from bond_value") != rowsBefore
-               || number(db, "select count(*) from derived_value") != derivedBefore) {
+    } else if (recorded != 0 || FuzzDatabase::number(db, "select count(*) from bond_value") != rowsBefore
+               || FuzzDatabase::number(db, "select count(*) from derived_value") != derivedBefore) {
         std::abort();
     }
     sqlite3_close(db);

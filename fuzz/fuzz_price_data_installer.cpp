@@ -12,18 +12,6 @@
 #include <cstdlib>
 #include <sqlite3.h>
 
-namespace {
-sqlite3_int64 count(sqlite3 *db, const char *sql)
-{
-    sqlite3_stmt *stmt = nullptr;
-    sqlite3_int64 result = -1;
-    if (sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr) == SQLITE_OK && sqlite3_step(stmt) == SQLITE_ROW)
-        result = sqlite3_column_int64(stmt, 0);
-    sqlite3_finalize(stmt);
-    return result;
-}
-} // namespace
-
 // The summary rebuild reads the range back through a fresh connection to the database's file; an
 // in-memory database has none, so point the fallback at nothing rather than the user's copy.
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
@@ -50,8 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         installed = installer.updatePricingDataWithData(bytes, name);
         installer.updateRedemptionDateSummaryTables(nullptr, nullptr, false);
     }
-    const sqlite3_int64 rows = count(db, "select count(*) from bond_value");
-    const sqlite3_int64 files = count(db, "select count(*) from data_file");
+    const sqlite3_int64 rows = FuzzDatabase::number(db, "select count(*) from bond_value");
+    const sqlite3_int64 files = FuzzDatabase::number(db, "select count(*) from data_file");
     if (installed) {
         // Every record that got in, got in whole; duplicates within the file refuse it all.
         if (files != 1 || rows != 12LL * PriceDataFile::recordCount(bytes))
