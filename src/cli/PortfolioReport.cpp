@@ -13,9 +13,9 @@
 
 namespace {
 
-QString monthKey(const QDateTime &date)
+QString monthKey(Month month)
 {
-    return Month::of(date).toString(Month::Style::Iso);
+    return month.toString(Month::Style::Iso);
 }
 
 // A rate as JSON shows it: the float's own digits, not its double expansion (3.94, not 3.9400000572).
@@ -40,7 +40,7 @@ QString text(const BondPortfolio &portfolio)
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     QString out;
     out += QStringLiteral("Portfolio:   %1\n").arg(portfolio.displayName());
-    out += QStringLiteral("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfDate()));
+    out += QStringLiteral("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfMonth()));
     QStringList names;
     for (const PersonRef &person : portfolio.titleHolders())
         names << person->name();
@@ -62,21 +62,22 @@ QString text(const BondPortfolio &portfolio)
     QStringList missing; // why bonds lack pricing data, each reason once
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
+        const HoldingFigures figures = portfolio.figuresOf(h);
         QString series = h.series()->label();
         if (!h.isPaper())
             series += QStringLiteral("*");
         QString registration = h.registration();
-        const QString why = remarkText(h);
+        const QString why = remarkText(figures);
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         if (h.hasQuantityBelowOne())
             registration = QStringLiteral("[quantity below 1: counts as no bonds] %1").arg(registration);
-        anyComputed = anyComputed || remarkOf(h) == Remark::Computed;
-        if (const QString note = HoldingNotes::noPricingData(h); !note.isEmpty() && !missing.contains(note))
+        anyComputed = anyComputed || remarkOf(figures) == Remark::Computed;
+        if (const QString note = HoldingNotes::noPricingData(figures); !note.isEmpty() && !missing.contains(note))
             missing << note;
         out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
-                     formatDollars(h.issuePrice()), formatDollars(h.interestEarned()), formatDollars(h.value()),
-                     percentText(h.currentYield()), percentText(h.compoundAnnualGrowthRate()), registration.trimmed()});
+                     formatDollars(h.issuePrice()), formatDollars(figures.interestEarned()), formatDollars(figures.value()),
+                     percentText(figures.currentYield()), percentText(figures.compoundAnnualGrowthRate()), registration.trimmed()});
     }
     out += line({"Total", QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
                  formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
@@ -85,7 +86,7 @@ QString text(const BondPortfolio &portfolio)
         out += QStringLiteral("(%1)\n").arg(left);
     out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
     if (anyComputed)
-        out += QStringLiteral("([computed] %1)\n").arg(Holding::derivedValueNote());
+        out += QStringLiteral("([computed] %1)\n").arg(HoldingPresentation::derivedValueNote());
     for (const QString &note : std::as_const(missing))
         out += QStringLiteral("([no pricing data] %1)\n").arg(note);
 
@@ -106,27 +107,28 @@ QByteArray json(const BondPortfolio &portfolio)
     const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
-        const QString why = statusText(h);
+        const HoldingFigures figures = portfolio.figuresOf(h);
+        const QString why = statusText(figures);
         holdings.append(QJsonObject{
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
             {"quantity", h.quantity()},
             {"countsAsNoBonds", h.hasQuantityBelowOne()},
-            {"issueDate", h.issueDate().isValid() ? QJsonValue(monthKey(h.issueDate())) : QJsonValue()},
+            {"issueDate", h.issueDate().isNull() ? QJsonValue() : QJsonValue(monthKey(h.issueDate()))},
             {"faceValue", h.faceValue()},
             {"paper", h.isPaper()},
             {"serialNumber", h.serialNumber().isNull() ? QJsonValue() : QJsonValue(h.serialNumber())},
             {"issuePrice", h.issuePrice()},
-            {"interestEarned", h.interestEarned()},
-            {"value", h.value()},
-            {"currentYield", rateNumber(h.currentYield())},
-            {"compoundAnnualGrowthRate", rateNumber(h.compoundAnnualGrowthRate())},
+            {"interestEarned", figures.interestEarned()},
+            {"value", figures.value()},
+            {"currentYield", rateNumber(figures.currentYield())},
+            {"compoundAnnualGrowthRate", rateNumber(figures.compoundAnnualGrowthRate())},
             {"owner", person(h.owner())},
             {"coOwner", person(h.coOwner())},
             {"beneficiary", person(h.beneficiary())},
             {"registration", h.registration().isNull() ? QJsonValue() : QJsonValue(h.registration())},
             {"status", why.isEmpty() ? QJsonValue() : QJsonValue(why)},
-            {"computed", h.isValueDerived()},
+            {"computed", figures.isValueDerived()},
         });
     }
     QJsonArray people;
@@ -138,7 +140,7 @@ QByteArray json(const BondPortfolio &portfolio)
     const QJsonObject root{
         {"name", portfolio.displayName()},
         {"file", portfolio.fileName()},
-        {"valueOfDate", monthKey(portfolio.valueOfDate())},
+        {"valueOfDate", monthKey(portfolio.valueOfMonth())},
         {"moneyUnit", "pennies"},
         {"titleHolders", people},
         {"holdings", holdings},

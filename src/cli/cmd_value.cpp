@@ -2,6 +2,7 @@
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
 #include "HoldingNotes.h"
+#include "document/HoldingPresentation.h"
 #include "model/Holding.h"
 #include "base/Money.h"
 #include "model/PeopleStore.h"
@@ -32,7 +33,7 @@ const Series *seriesNamed(QString name)
 }
 
 // The value with its markers as words.
-QString valueText(const Holding &holding)
+QString valueText(const HoldingFigures &holding)
 {
     if (!holding.isValidIssue())
         return QStringLiteral("no pricing data");
@@ -87,20 +88,21 @@ int run(const QStringList &arguments)
     const HoldingRef bond = Holding::create();
     bond->setSeries(series);
     bond->setFaceValue(faceValue);
-    bond->setIssueDate(issued);
+    bond->setIssueDate(Month::of(issued));
     bond->setPaper(!parser.isSet(electronicOption));
-    bond->setPortfolio(&portfolio);
+    portfolio.adopt(*bond);
+    const HoldingFigures figures = portfolio.figuresOf(*bond);
 
     cliOut() << "Series:          " << series->label() << (bond->isPaper() ? " (paper)" : " (electronic)") << '\n'
              << "Face value:      " << formatDollars(faceValue) << '\n'
              << "Issued:          " << monthText(issued) << '\n'
              << "Value as of:     " << monthText(portfolio.valueOfDate()) << '\n'
              << "Issue price:     " << formatDollars(bond->issuePrice()) << '\n'
-             << "Value:           " << valueText(*bond) << '\n'
-             << "Interest earned: " << formatDollars(bond->interestEarned()) << '\n';
-    if (bond->isValueDerived())
-        cliOut() << "Computed:        " << Holding::derivedValueNote() << '\n';
-    else if (const QString note = HoldingNotes::noPricingData(*bond); !note.isEmpty())
+             << "Value:           " << valueText(figures) << '\n'
+             << "Interest earned: " << formatDollars(figures.interestEarned()) << '\n';
+    if (figures.isValueDerived())
+        cliOut() << "Computed:        " << HoldingPresentation::derivedValueNote() << '\n';
+    else if (const QString note = HoldingNotes::noPricingData(figures); !note.isEmpty())
         cliOut() << "Note:            " << note << '\n';
     return 0;
 }

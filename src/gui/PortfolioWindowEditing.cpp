@@ -57,7 +57,7 @@ void PortfolioWindow::paste()
     // The pasted bonds join the portfolio (taking their people) as one "Insert Holding".
     UndoStep step(*m_portfolio, UndoActionName::InsertHolding);
     for (const HoldingRef &holding : holdings) {
-        holding->setPortfolio(m_portfolio.get());
+        m_portfolio->adopt(*holding);
         m_portfolio->appendHolding(holding);
     }
 }

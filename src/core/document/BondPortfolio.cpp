@@ -118,7 +118,7 @@ HoldingRef BondPortfolio::takeHoldingWithoutRecording(int index)
 HoldingRef BondPortfolio::addNewHolding(int index)
 {
     const HoldingRef holding = Holding::create();
-    holding->setPortfolio(this);
+    adopt(*holding);
     m_newHolding = holding;
     insertHolding(holding, index);
     return holding;
@@ -271,4 +271,36 @@ QString BondPortfolio::displayName() const
     if (m_fileName.isEmpty())
         return QStringLiteral("Untitled");
     return QFileInfo(m_fileName).completeBaseName();
+}
+
+void BondPortfolio::adopt(Holding &holding)
+{
+    QList<PersonRef> people = m_titleHolders;
+    auto listed = [&people](const PersonRef &person) -> PersonRef {
+        for (const PersonRef &candidate : people) {
+            if (samePerson(candidate.get(), person.get()))
+                return candidate;
+        }
+        return nullptr;
+    };
+    bool peopleChanged = false;
+    if (const PersonRef owner = holding.owner()) {
+        if (const PersonRef own = listed(owner)) {
+            holding.setOwner(own);
+        } else {
+            people << owner;
+            peopleChanged = true;
+            holding.setOwner(nullptr);
+        }
+    }
+    if (const PersonRef coOwner = holding.coOwner()) {
+        if (const PersonRef own = listed(coOwner))
+            holding.setCoOwner(own);
+    }
+    if (const PersonRef beneficiary = holding.beneficiary()) {
+        if (const PersonRef own = listed(beneficiary))
+            holding.setBeneficiary(own);
+    }
+    if (peopleChanged)
+        setTitleHolders(people);
 }

@@ -11,6 +11,8 @@
 #include "model/Person.h"
 #include "base/ValidationError.h"
 #include "valuation/BondAssessor.h"
+#include "valuation/HoldingFigures.h"
+#include "valuation/InterestSummary.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -34,17 +36,6 @@ struct PortfolioSaveFailure
 {
     QString encodeError;
     FileWriteResult file;
-};
-
-// What the interest summary lists per tax year: the interest earned since issue as of each
-// December, or the interest earned in that year alone.
-enum class SummaryMode { Cumulative, Yearly };
-
-struct InterestSummaryRow
-{
-    int taxYear = 0;
-    Pennies interestEarned = 0;
-    bool operator==(const InterestSummaryRow &) const = default;
 };
 
 namespace PortfolioFile {
@@ -88,9 +79,13 @@ public:
     void appendHoldings(const QList<HoldingRef> &holdings);
     void removeHoldingAt(int index);
     int indexOfHolding(const Holding *holding) const;
-    // A new holding with its defaults, attached to this portfolio and inserted (undoable "Insert
-    // Holding"). It stays shown under a people filter until the filter next changes.
+    // A new holding with its defaults, adopted and inserted (undoable "Insert Holding"). It stays
+    // shown under a people filter until the filter next changes.
     HoldingRef addNewHolding(int index);
+    // Readies a holding for this portfolio before it is inserted: swaps its people for the
+    // portfolio's own equal objects. An owner the portfolio does not list joins its title holders
+    // and leaves this holding's owner role, as files and users have long relied on.
+    void adopt(Holding &holding);
 
     // The holdings currently shown (the people table narrows them); all when no filter is set.
     // The interest summary covers exactly these, and the window's table asks isHoldingShown().
@@ -120,18 +115,18 @@ public:
 
     // --- Valuation date and summary ---
     QDateTime valueOfDate() const { return m_valueOfDate; }
-    int valueOfMonth() const { return m_valueOfMonth; } // MonthIndex of the valuation date
+    Month valueOfMonth() const { return m_valueOfMonth; }
+    // What this portfolio's figures are computed against: its database, its valuation month.
+    ValuationContext valuationContext() const { return {m_assessor.get(), m_valueOfMonth}; }
+    HoldingFigures figuresOf(const Holding &holding) const { return {valuationContext(), holding.facts()}; }
     // Stores the instant given; an invalid date is refused (returns false).
     bool setValueOfDate(const QDateTime &date);
     bool validateValueOfDate(const QDateTime &proposed, ValidationError *error = nullptr) const;
     // The earlier of now and the database's latest month; now when the database has none.
     QDateTime initialValueOfDate() const;
-    // The interest period holding the valuation month, as month counts (MonthIndex): from the
-    // May or November at or before it to the next November or May.
-    std::pair<int, int> currentInterestPeriodMonths() const;
     SummaryMode summaryMode() const { return m_summaryMode; }
     void setSummaryMode(SummaryMode mode);
-    QMap<int, Pennies> yearsWithInterestEarnedCumulative(bool cumulative) const;
+    // The summary of the shown holdings in the summary mode.
     QList<InterestSummaryRow> interestSummary() const;
 
     // --- Undo and edited state ---
@@ -207,7 +202,7 @@ private:
     SummaryMode m_summaryMode = SummaryMode::Cumulative;
     std::unique_ptr<BondAssessor> m_assessor;
     QDateTime m_valueOfDate;
-    int m_valueOfMonth = 0; // kept with the date by storeValueOfDate()
+    Month m_valueOfMonth; // kept with the date by storeValueOfDate()
     PeopleStore *m_people;
     QUndoStack *m_undoStack;
     PortfolioRecorder *m_recorder;

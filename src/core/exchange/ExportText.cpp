@@ -66,16 +66,4 @@ bool writeFileAtomically(const QString &path, const ChunkWriter &writer, QString
     return true;
 }
 
-std::unique_ptr<BondAssessor::ReadBatch> readBatchFor(const QList<std::shared_ptr<Holding>> &holdings)
-{
-    for (const auto &holding : holdings) {
-        if (holding && holding->portfolio()) {
-            auto batch = std::make_unique<BondAssessor::ReadBatch>(holding->portfolio()->assessor());
-            holding->portfolio()->prefetchValues(holdings);
-            return batch;
-        }
-    }
-    return nullptr;
-}
-
 } // namespace ExportText

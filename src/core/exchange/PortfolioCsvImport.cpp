@@ -50,7 +50,7 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
             ++rejected;
             continue;
         }
-        holding->setPortfolio(&portfolio);
+        portfolio.adopt(*holding);
         added << holding;
     }
 

@@ -19,9 +19,9 @@ protected:
     {
         auto h = Holding::create();
         h->setSeries(Series::seriesForCode(QString::fromLatin1(series)));
-        h->setIssueDate(BondAssessor::monthDate(year, month));
+        h->setIssueDate(Month(year, month));
         h->setFaceValue(2500);
-        h->setPortfolio(&portfolio);
+        portfolio.adopt(*h);
         portfolio.appendHolding(h);
         return h;
     }
@@ -129,9 +129,10 @@ TEST_P(QuantityBelowOne, CountsAsNoBondsInEveryTotal)
         const Holding &h = *each->holdings().at(1);
         EXPECT_EQ(h.quantity(), GetParam());
         EXPECT_TRUE(h.hasQuantityBelowOne());
-        EXPECT_EQ(h.value(), 0);
-        EXPECT_EQ(h.interestEarned(), 0);
-        EXPECT_EQ(h.compoundAnnualGrowthRate(), 0.0f);
+        const HoldingFigures figures = each->figuresOf(h);
+        EXPECT_EQ(figures.value(), 0);
+        EXPECT_EQ(figures.interestEarned(), 0);
+        EXPECT_EQ(figures.compoundAnnualGrowthRate(), 0.0f);
         EXPECT_EQ(each->interestSummary(), summary);
         const HoldingTotals totals = HoldingTotals::of(*each, each->holdings());
         EXPECT_EQ(totals.quantity, alone.quantity);

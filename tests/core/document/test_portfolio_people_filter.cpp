@@ -19,7 +19,7 @@ protected:
     {
         portfolio.setTitleHolders({ann, bob, cy});
         for (const HoldingRef &bond : bonds)
-            bond->setPortfolio(&portfolio);
+            portfolio.adopt(*bond);
         bonds[0]->setOwner(ann);
         bonds[1]->setCoOwner(bob);
         bonds[1]->setOwner(cy);
@@ -57,7 +57,6 @@ TEST_F(PeopleFilter, ANewHoldingStaysShownUntilTheFilterChanges)
     portfolio.setSelectedPeople({ann});
     const HoldingRef added = portfolio.addNewHolding(1);
     EXPECT_EQ(portfolio.holdings().at(1), added);
-    EXPECT_EQ(added->portfolio(), &portfolio);
     EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get(), added.get()}));
     portfolio.setSelectedPeople({ann});
     EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get()}));
