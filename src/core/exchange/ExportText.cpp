@@ -1,7 +1,5 @@
 #include "exchange/ExportText.h"
 
-#include "document/BondPortfolio.h"
-
 #include <QSaveFile>
 #include <charconv>
 
