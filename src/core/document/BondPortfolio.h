@@ -1,12 +1,14 @@
 #pragma once
 // The portfolio document: its holdings in table order, its title holders sorted by name, its own
 // redemption value reader, the valuation date and summary mode, the undo history and the file.
+// Which holdings a window shows is the window's (a HoldingFilter), not the document's.
 //
 // The document observes the holdings and people it holds and records the inverse of every change
 // on its undo stack ("Edit", "Insert Holding", "Delete Holding", "Edit People"); the edited state
 // follows the stack's clean state. No widgets: windows and the command line use the same object.
 #include "document/DocumentFileWriter.h"
 #include "model/Holding.h"
+#include "model/HoldingFilter.h"
 #include "base/Money.h"
 #include "model/Person.h"
 #include "base/ValidationError.h"
@@ -59,8 +61,6 @@ public:
     static constexpr const char *NoValuationDataMessage =
         "No pricing data available for bonds with that valuation date";
 
-    using HoldingFilter = std::function<bool(const Holding &)>;
-
     // A new, empty portfolio: no holdings, the store's family as title holders, the cumulative summary,
     // the initial valuation date, no undo history. The store defaults to PeopleStore::shared(),
     // the database to the working copy.
@@ -79,23 +79,12 @@ public:
     void appendHoldings(const QList<HoldingRef> &holdings);
     void removeHoldingAt(int index);
     int indexOfHolding(const Holding *holding) const;
-    // A new holding with its defaults, adopted and inserted (undoable "Insert Holding"). It stays
-    // shown under a people filter until the filter next changes.
+    // A new holding with its defaults, adopted and inserted (undoable "Insert Holding").
     HoldingRef addNewHolding(int index);
     // Readies a holding for this portfolio before it is inserted: swaps its people for the
     // portfolio's own equal objects. An owner the portfolio does not list joins its title holders
     // and leaves this holding's owner role, as files and users have long relied on.
     void adopt(Holding &holding);
-
-    // The holdings currently shown (the people table narrows them); all when no filter is set.
-    // The interest summary covers exactly these, and the window's table asks isHoldingShown().
-    void setHoldingsFilter(HoldingFilter filter);
-    // Narrows the shown holdings to those naming any of the people in any role; an empty list
-    // switches the filter off. Forgets the newly added holding.
-    void setSelectedPeople(const QList<PersonRef> &people);
-    const QList<PersonRef> &selectedPeople() const { return m_selectedPeople; }
-    bool isHoldingShown(const Holding &holding) const;
-    QList<HoldingRef> shownHoldings() const;
 
     // --- Title holders ---
     const QList<PersonRef> &titleHolders() const { return m_titleHolders; }
@@ -126,8 +115,8 @@ public:
     QDateTime initialValueOfDate() const;
     SummaryMode summaryMode() const { return m_summaryMode; }
     void setSummaryMode(SummaryMode mode);
-    // The summary of the shown holdings in the summary mode.
-    QList<InterestSummaryRow> interestSummary() const;
+    // The summary of the holdings the filter shows, in the summary mode.
+    QList<InterestSummaryRow> interestSummary(const HoldingFilter &filter = HoldingFilter()) const;
 
     // --- Undo and edited state ---
     QUndoStack *undoStack() const { return m_undoStack; }
@@ -173,8 +162,6 @@ signals:
     void holdingChanged(Holding *holding, const QString &key);
     void titleHoldersAboutToChange();
     void titleHoldersChanged();
-    // Which holdings are shown changed (people selected, or the filter switched off).
-    void holdingsFilterChanged();
     void valueOfDateChanged();
     // Every figure may read differently: the valuation date moved or the database's values did.
     void figuresChanged();
@@ -206,9 +193,6 @@ private:
     PeopleStore *m_people;
     QUndoStack *m_undoStack;
     PortfolioRecorder *m_recorder;
-    HoldingFilter m_filter;
-    QList<PersonRef> m_selectedPeople;
-    std::weak_ptr<Holding> m_newHolding;
     QString m_fileName;
     int m_missingPeople = 0;
 };

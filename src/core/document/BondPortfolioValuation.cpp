@@ -57,10 +57,10 @@ void BondPortfolio::prefetchValues(const QList<HoldingRef> &holdings) const
     m_assessor->prefetch(bonds);
 }
 
-QList<InterestSummaryRow> BondPortfolio::interestSummary() const
+QList<InterestSummaryRow> BondPortfolio::interestSummary(const HoldingFilter &filter) const
 {
     QList<BondFacts> bonds;
-    const QList<HoldingRef> shown = shownHoldings();
+    const QList<HoldingRef> shown = filter.shownOf(m_holdings);
     bonds.reserve(shown.size());
     for (const HoldingRef &holding : shown)
         bonds.append(holding->facts());

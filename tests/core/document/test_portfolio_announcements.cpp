@@ -1,5 +1,5 @@
-// Which holdings a portfolio shows when people are selected, and the announcements item models
-// rely on: before-and-after pairs for list changes, and a refresh when the database's range moves.
+// The announcements item models rely on: before-and-after pairs for list changes, and a refresh
+// when the database's range moves.
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
 #include "document/BondPortfolio.h"
@@ -11,10 +11,10 @@
 
 namespace {
 
-class PeopleFilter : public ::testing::Test
+class PortfolioAnnouncements : public ::testing::Test
 {
 protected:
-    PeopleFilter()
+    PortfolioAnnouncements()
         : portfolio(&people.store, ValueTable().finish())
     {
         portfolio.setTitleHolders({ann, bob, cy});
@@ -27,53 +27,13 @@ protected:
         portfolio.setHoldings(bonds);
     }
 
-    QList<Holding *> shown() const
-    {
-        QList<Holding *> out;
-        for (const HoldingRef &h : portfolio.shownHoldings())
-            out << h.get();
-        return out;
-    }
-
     PeopleFixture people;
     BondPortfolio portfolio;
     PersonRef ann = people.person("Ann", "Smith"), bob = people.person("Bob", "Jones"), cy = people.person("Cy", "Young");
     const QList<HoldingRef> bonds{Holding::create(), Holding::create(), Holding::create(), Holding::create()};
 };
 
-TEST_F(PeopleFilter, ShowsHoldingsNamingAnySelectedPersonInAnyRole)
-{
-    EXPECT_EQ(shown().size(), 4);
-    portfolio.setSelectedPeople({bob});
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[1].get(), bonds[2].get()}));
-    portfolio.setSelectedPeople({ann, bob});
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get(), bonds[1].get(), bonds[2].get()}));
-    portfolio.setSelectedPeople({});
-    EXPECT_EQ(shown().size(), 4);
-}
-
-TEST_F(PeopleFilter, ANewHoldingStaysShownUntilTheFilterChanges)
-{
-    portfolio.setSelectedPeople({ann});
-    const HoldingRef added = portfolio.addNewHolding(1);
-    EXPECT_EQ(portfolio.holdings().at(1), added);
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get(), added.get()}));
-    portfolio.setSelectedPeople({ann});
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get()}));
-}
-
-TEST_F(PeopleFilter, APersonLeavingTheListNoLongerNarrowsTheHoldings)
-{
-    portfolio.setSelectedPeople({ann});
-    int filterChanges = 0;
-    QObject::connect(&portfolio, &BondPortfolio::holdingsFilterChanged, [&] { ++filterChanges; });
-    portfolio.deleteTitleHolderFromAllBonds(ann);
-    EXPECT_EQ(filterChanges, 1);
-    EXPECT_TRUE(portfolio.selectedPeople().isEmpty());
-    EXPECT_EQ(shown().size(), 4);
-}
-
-TEST_F(PeopleFilter, ListChangesAreAnnouncedBeforeAndAfter)
+TEST_F(PortfolioAnnouncements, ListChangesAreAnnouncedBeforeAndAfter)
 {
     QStringList order;
     auto note = [&order](const char *what) { return [&order, what] { order << QLatin1String(what); }; };
@@ -89,7 +49,7 @@ TEST_F(PeopleFilter, ListChangesAreAnnouncedBeforeAndAfter)
     EXPECT_EQ(order, (QStringList{"before insert", "insert", "before reset", "reset", "before people", "people"}));
 }
 
-TEST_F(PeopleFilter, ANewDatabaseRangeRefreshesEveryFigure)
+TEST_F(PortfolioAnnouncements, ANewDatabaseRangeRefreshesEveryFigure)
 {
     int figures = 0, summaries = 0;
     QObject::connect(&portfolio, &BondPortfolio::figuresChanged, [&] { ++figures; });
