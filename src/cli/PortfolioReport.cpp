@@ -1,7 +1,8 @@
 #include "PortfolioReport.h"
 
-#include "base/Month.h"
+#include "CliCommand.h"
 #include "HoldingNotes.h"
+#include "base/Month.h"
 
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
@@ -24,10 +25,24 @@ double rateNumber(float rate)
     return QString::number(double(rate), 'g', 7).toDouble();
 }
 
-QString summaryTitle(const BondPortfolio &portfolio)
+// The summary mode as the JSON names it.
+QString summaryKey(const BondPortfolio &portfolio)
 {
     return portfolio.summaryMode() == SummaryMode::Cumulative ? QStringLiteral("cumulative") : QStringLiteral("yearly");
 }
+
+QString summaryTitle(const BondPortfolio &portfolio)
+{
+    return portfolio.summaryMode() == SummaryMode::Cumulative ? CliText::tr("cumulative") : CliText::tr("yearly");
+}
+
+// The table's column titles.
+const char *const ColumnTitles[] = {
+    QT_TRANSLATE_NOOP("CliText", "Series"),      QT_TRANSLATE_NOOP("CliText", "Qty"),
+    QT_TRANSLATE_NOOP("CliText", "Issued"),      QT_TRANSLATE_NOOP("CliText", "Face value"),
+    QT_TRANSLATE_NOOP("CliText", "Issue price"), QT_TRANSLATE_NOOP("CliText", "Interest"),
+    QT_TRANSLATE_NOOP("CliText", "Value"),       QT_TRANSLATE_NOOP("CliText", "Yield"),
+    QT_TRANSLATE_NOOP("CliText", "Growth"),      QT_TRANSLATE_NOOP("CliText", "Registration")};
 
 } // namespace
 
@@ -39,12 +54,12 @@ QString text(const BondPortfolio &portfolio)
 {
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     QString out;
-    out += QStringLiteral("Portfolio:   %1\n").arg(portfolio.displayName());
-    out += QStringLiteral("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfDate()));
+    out += CliText::tr("Portfolio:   %1\n").arg(portfolio.displayName());
+    out += CliText::tr("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfDate()));
     QStringList names;
     for (const PersonRef &person : portfolio.titleHolders())
         names << person->name();
-    out += QStringLiteral("People:      %1\n\n").arg(names.isEmpty() ? QStringLiteral("(none)") : names.join(QLatin1String(", ")));
+    out += CliText::tr("People:      %1\n\n").arg(names.isEmpty() ? CliText::tr("(none)") : names.join(QLatin1String(", ")));
 
     const QString row = QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9  %10\n");
     auto line = [&row](const QStringList &cells) {
@@ -55,8 +70,10 @@ QString text(const BondPortfolio &portfolio)
             text.remove(text.size() - 2, 1);
         return text;
     };
-    out += line({"Series", "Qty", "Issued", "Face value", "Issue price", "Interest", "Value", "Yield", "Growth",
-                 "Registration"});
+    QStringList titles;
+    for (const char *title : ColumnTitles)
+        titles << CliText::tr(title);
+    out += line(titles);
     const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     bool anyComputed = false;
     QStringList missing; // why bonds lack pricing data, each reason once
@@ -70,7 +87,7 @@ QString text(const BondPortfolio &portfolio)
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         if (h.hasQuantityBelowOne())
-            registration = QStringLiteral("[quantity below 1: counts as no bonds] %1").arg(registration);
+            registration = CliText::tr("[quantity below 1: counts as no bonds] %1").arg(registration);
         anyComputed = anyComputed || remarkOf(h) == Remark::Computed;
         if (const QString note = HoldingNotes::noPricingData(h); !note.isEmpty() && !missing.contains(note))
             missing << note;
@@ -78,21 +95,21 @@ QString text(const BondPortfolio &portfolio)
                      formatDollars(h.issuePrice()), formatDollars(h.interestEarned()), formatDollars(h.value()),
                      percentText(h.currentYield()), percentText(h.compoundAnnualGrowthRate()), registration.trimmed()});
     }
-    out += line({"Total", QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
+    out += line({CliText::tr("Total"), QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
                  formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
                  QString(), QString(), QString()});
     if (const QString left = HoldingNotes::notInTotals(totals.withoutPricingData); !left.isEmpty())
         out += QStringLiteral("(%1)\n").arg(left);
-    out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
+    out += CliText::tr("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
     if (anyComputed)
-        out += QStringLiteral("([computed] %1)\n").arg(Holding::derivedValueNote());
+        out += CliText::tr("([computed] %1)\n").arg(Holding::derivedValueNote());
     for (const QString &note : std::as_const(missing))
-        out += QStringLiteral("([no pricing data] %1)\n").arg(note);
+        out += CliText::tr("([no pricing data] %1)\n").arg(note);
 
-    out += QStringLiteral("\nInterest earned by tax year (%1):\n").arg(summaryTitle(portfolio));
+    out += CliText::tr("\nInterest earned by tax year (%1):\n").arg(summaryTitle(portfolio));
     const QList<InterestSummaryRow> summary = portfolio.interestSummary();
     if (summary.isEmpty())
-        out += QStringLiteral("  (none)\n");
+        out += CliText::tr("  (none)\n");
     for (const InterestSummaryRow &r : summary)
         out += QStringLiteral("  %1 %2\n").arg(r.taxYear).arg(formatDollars(r.interestEarned), 14);
     return out;
@@ -145,7 +162,7 @@ QByteArray json(const BondPortfolio &portfolio)
         {"totals", QJsonObject{{"quantity", totals.quantity}, {"faceValue", totals.faceValue},
                                {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interestEarned},
                                {"value", totals.value}, {"withoutPricingData", totals.withoutPricingData}}},
-        {"summaryMode", summaryTitle(portfolio)},
+        {"summaryMode", summaryKey(portfolio)},
         {"interestSummary", summary},
     };
     return QJsonDocument(root).toJson(QJsonDocument::Indented);
