@@ -927,6 +927,21 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>InstallationSummary</name>
+    <message>
+        <source>none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installed %1: %2 new records, %3 already installed, %4 completed, %5 derived values replaced by official ones, %6 values of matured bonds carried forward, %7 values of fixed-rate EE bonds computed; redemption months %8 to %9</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>InterestSummaryModel</name>
     <message>
         <source>Tax Year</source>

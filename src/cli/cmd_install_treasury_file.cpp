@@ -2,6 +2,7 @@
 // into the user's redemption value database, without an update server.
 #include "CliCommand.h"
 #include "CliDatabase.h"
+#include "update/InstallationSummary.h"
 #include "update/TreasuryFileInstallation.h"
 #include "valuation/RedemptionDatabase.h"
 
@@ -47,7 +48,7 @@ int run(const QStringList &arguments)
         const TreasuryFileInstallation::FileResult result = installation.install(file);
         if (!result.installed())
             return cliFail(result.detail);
-        cliOut() << OfficialSourceInstaller::summary(result.fileName, result.outcome) << '\n';
+        cliOut() << installationSummary(result.fileName, result.outcome) << '\n';
     }
     return 0;
 }
