@@ -682,6 +682,10 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
 </source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>computed</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>DocumentManager</name>
@@ -913,6 +917,18 @@ a price list, and a list of your portfolio holdings.</source>
             <numerusform></numerusform>
             <numerusform></numerusform>
         </translation>
+    </message>
+    <message>
+        <source>computed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no pricing data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not yet redeemable</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

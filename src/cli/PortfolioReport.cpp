@@ -14,6 +14,8 @@
 
 namespace {
 
+using HoldingPresentation::Remark;
+
 QString monthKey(const QDateTime &date)
 {
     return Month::of(date).toString(Month::Style::Iso);
@@ -23,6 +25,37 @@ QString monthKey(const QDateTime &date)
 double rateNumber(float rate)
 {
     return QString::number(double(rate), 'g', 7).toDouble();
+}
+
+// The remark as the report's text words it.
+QString remarkText(Remark remark)
+{
+    switch (remark) {
+    case Remark::NoPricingData:
+        return CliText::tr("no pricing data");
+    case Remark::NotYetRedeemable:
+        return CliText::tr("not yet redeemable");
+    case Remark::Computed:
+        return CliText::tr("computed");
+    case Remark::None:
+        break;
+    }
+    return {};
+}
+
+// The status as the JSON names it, whatever the language: null when the holding has a value.
+QJsonValue statusKey(Remark remark)
+{
+    switch (remark) {
+    case Remark::NoPricingData:
+        return QStringLiteral("no pricing data");
+    case Remark::NotYetRedeemable:
+        return QStringLiteral("not yet redeemable");
+    case Remark::Computed:
+    case Remark::None:
+        break;
+    }
+    return {};
 }
 
 // The summary mode as the JSON names it.
@@ -83,7 +116,7 @@ QString text(const BondPortfolio &portfolio)
         if (!h.isPaper())
             series += QStringLiteral("*");
         QString registration = h.registration();
-        const QString why = remarkText(h);
+        const QString why = remarkText(remarkOf(h));
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         if (h.hasQuantityBelowOne())
@@ -123,7 +156,6 @@ QByteArray json(const BondPortfolio &portfolio)
     const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
-        const QString why = statusText(h);
         holdings.append(QJsonObject{
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
@@ -142,7 +174,7 @@ QByteArray json(const BondPortfolio &portfolio)
             {"coOwner", person(h.coOwner())},
             {"beneficiary", person(h.beneficiary())},
             {"registration", h.registration().isNull() ? QJsonValue() : QJsonValue(h.registration())},
-            {"status", why.isEmpty() ? QJsonValue() : QJsonValue(why)},
+            {"status", statusKey(pricingRemarkOf(h))},
             {"computed", h.isValueDerived()},
         });
     }

@@ -52,17 +52,17 @@ QString HoldingExplanations::valueTip(const Holding &holding)
 {
     using HoldingPresentation::Remark;
     const Remark remark = HoldingPresentation::remarkOf(holding);
-    const QString text = HoldingPresentation::remarkText(remark);
     switch (remark) {
     case Remark::Computed:
-        return text + QStringLiteral(": ") + Holding::derivedValueNote();
+        return tr("computed") + QStringLiteral(": ") + Holding::derivedValueNote();
     case Remark::NoPricingData:
-        return text + QStringLiteral(": ") + whyNoValue(holding);
+        return tr("no pricing data") + QStringLiteral(": ") + whyNoValue(holding);
     case Remark::NotYetRedeemable:
+        return tr("not yet redeemable");
     case Remark::None:
         break;
     }
-    return text;
+    return {};
 }
 
 QString HoldingExplanations::notInTotals(qint64 bonds)

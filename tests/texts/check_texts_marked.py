@@ -32,6 +32,12 @@ NOT_SHOWN_TEXTS = {
     "Margaret", "Thomas", "Eleanor", "Samuel", "Rosa", "Whitfield", "Delgado",
 }
 
+# Texts that are words but no one's to translate, in the one file that writes them.
+NOT_SHOWN_IN_FILE = {
+    # The JSON's status values, the same in every language.
+    "PortfolioReport.cpp": {"no pricing data", "not yet redeemable"},
+}
+
 TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:[^"\\\n]|\\.)*"|\'(?:[^\'\\\n]|\\.)*\'|[A-Za-z_]\w*|[()]|\n|.',
                    re.S)
 WORDS = re.compile(r"[A-Za-z]{2,}")
@@ -72,7 +78,7 @@ def unmarked_texts(path):
             enclosing = [call for call in calls if call not in WRAPPERS]
             innermost = enclosing[-1] if enclosing else ""
             if (looks_shown(text) and not logging and innermost not in MARKERS and innermost not in NOT_SHOWN_CALLS
-                    and text not in NOT_SHOWN_TEXTS):
+                    and text not in NOT_SHOWN_TEXTS and text not in NOT_SHOWN_IN_FILE.get(path.name, ())):
                 found.append((line, text))
         if not token.isspace():
             previous = token

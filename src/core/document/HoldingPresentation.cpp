@@ -36,29 +36,9 @@ Remark remarkOf(const Holding &holding)
     return holding.isValueDerived() ? Remark::Computed : Remark::None;
 }
 
-QString remarkText(Remark remark)
+Remark pricingRemarkOf(const Holding &holding)
 {
-    switch (remark) {
-    case Remark::NoPricingData:
-        return QStringLiteral("no pricing data");
-    case Remark::NotYetRedeemable:
-        return QStringLiteral("not yet redeemable");
-    case Remark::Computed:
-        return QStringLiteral("computed");
-    case Remark::None:
-        break;
-    }
-    return {};
-}
-
-QString remarkText(const Holding &holding)
-{
-    return remarkText(remarkOf(holding));
-}
-
-QString statusText(const Holding &holding)
-{
-    return remarkText(remarkOnStatus(holding.status()));
+    return remarkOnStatus(holding.status());
 }
 
 QString percentText(float rate)

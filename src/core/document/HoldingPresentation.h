@@ -20,14 +20,11 @@ QString issueMonthText(const QDateTime &month);
 QString monthText(const QDateTime &month);
 // The remark a holding's line carries: why it shows no value, else that its value was computed
 // rather than published. Every status lacking pricing data is one remark; the window and the
-// command line say why.
+// command line word it, and say why.
 enum class Remark { None, NoPricingData, NotYetRedeemable, Computed };
 Remark remarkOf(const Holding &holding);
-// "no pricing data", "not yet redeemable", "computed"; empty for none.
-QString remarkText(Remark remark);
-QString remarkText(const Holding &holding);
-// The remark when it says why there is no value; empty otherwise.
-QString statusText(const Holding &holding);
+// The remark when it says why there is no value; None otherwise (a computed value included).
+Remark pricingRemarkOf(const Holding &holding);
 // A rate as "3.94%".
 QString percentText(float rate);
 }
