@@ -50,12 +50,12 @@ inline std::unique_ptr<BondPortfolio> make(int count, unsigned seed = 2026)
     for (int i = 0; i < count; ++i) {
         const Kind &kind = kinds[between(0, 3)];
         HoldingRef holding = Holding::create();
-        holding->setPortfolio(portfolio.get());
+        portfolio->adopt(*holding);
         holding->setSeries(Series::seriesForCode(QString::fromLatin1(kind.code)));
         holding->setQuantity(between(1, 5));
         holding->setFaceValue(faces[between(0, 8)]);
         holding->setPaper(between(0, 1) == 0);
-        holding->setIssueDate(BondAssessor::monthDate(between(kind.firstYear, kind.lastYear), between(1, 12)));
+        holding->setIssueDate(Month(between(kind.firstYear, kind.lastYear), between(1, 12)));
         holding->setSerialNumber(QStringLiteral("Q%1EE").arg(i, 8, 10, QLatin1Char('0')));
         if (!titleHolders.isEmpty())
             holding->setOwner(titleHolders.at(between(0, int(titleHolders.size()) - 1)));

@@ -36,8 +36,9 @@ Pennies readEveryFigure(const BondPortfolio &portfolio)
     Pennies sum = 0;
     float rates = 0;
     for (const HoldingRef &h : portfolio.holdings()) {
-        sum += h->value() + h->interestEarned() + h->issuePrice() + int(h->status());
-        rates += h->currentYield() + h->compoundAnnualGrowthRate();
+        const HoldingFigures figures = portfolio.figuresOf(*h);
+        sum += figures.value() + figures.interestEarned() + figures.issuePrice() + int(figures.status());
+        rates += figures.currentYield() + figures.compoundAnnualGrowthRate();
     }
     for (const InterestSummaryRow &row : portfolio.interestSummary())
         sum += row.interestEarned;
@@ -52,7 +53,7 @@ qint64 lookupsForEveryFigure(const BondPortfolio &portfolio)
     const int lastYear = 2020;
     qint64 count = 0;
     for (const HoldingRef &h : portfolio.holdings())
-        count += 7 + std::max(0, lastYear - h->issueDate().date().year() + 1);
+        count += 7 + std::max(0, lastYear - h->issueDate().year() + 1);
     return count;
 }
 
@@ -171,7 +172,7 @@ void BM_ExportCsv(benchmark::State &state)
 {
     const BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
     for (auto _ : state)
-        PortfolioCsv::exportToCommaSeparatedValues(scratch("export.csv"), portfolio.holdings());
+        PortfolioCsv::exportToCommaSeparatedValues(scratch("export.csv"), portfolio, portfolio.holdings());
 }
 
 void BM_ExportQif(benchmark::State &state)
@@ -207,13 +208,14 @@ void writeFloor(benchmark::State &state, const QList<QByteArray> &files)
 
 void BM_ExportCsv_FloorWrite(benchmark::State &state)
 {
-    writeFloor(state, {PortfolioCsv::csvRepresentation(portfolioOf(int(state.range(0))).holdings())});
+    const BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
+    writeFloor(state, {PortfolioCsv::csvRepresentation(portfolio, portfolio.holdings())});
 }
 
 void BM_ExportQif_FloorWrite(benchmark::State &state)
 {
     const BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
-    writeFloor(state, {PortfolioQuicken::quickenPriceListRepresentation(portfolio.holdings()),
+    writeFloor(state, {PortfolioQuicken::quickenPriceListRepresentation(portfolio, portfolio.holdings()),
                        PortfolioQuicken::quickenPortfolioRepresentation(portfolio, portfolio.holdings())});
 }
 

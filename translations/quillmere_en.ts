@@ -932,6 +932,13 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>HoldingPresentation</name>
+    <message>
+        <source>computed by this program, not published by the Treasury: Series EE bonds issued since May 2005 from their fixed rate, matured bonds from their value at final maturity</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>HoldingsTableModel</name>
     <message>
         <source>quantity below 1: counts as no bonds</source>

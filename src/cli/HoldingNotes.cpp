@@ -17,31 +17,27 @@ QString seriesBonds(const Series *series)
     return CliText::tr("Series %1 bonds").arg(series->code());
 }
 
-QString monthOf(const QDate &month)
-{
-    return Month::of(month).toString(Month::Style::Slash);
-}
 
 } // namespace
 
 namespace HoldingNotes {
 
-QString noPricingData(const Holding &holding)
+QString noPricingData(const HoldingFigures &holding)
 {
-    const Series *series = holding.series();
+    const Series *series = holding.bond().series;
     switch (holding.status()) {
     case HoldingStatus::NoPricingData:
         return CliText::tr("the database has no value for this bond in that month; \"quillmere-cli update\" "
                               "installs newer values once the Treasury has published them");
     case HoldingStatus::BeforeSeriesBegan:
         return CliText::tr("%1 were first issued in %2; no values exist for this issue month")
-            .arg(seriesBonds(series), monthOf(series->firstIssue()));
+            .arg(seriesBonds(series), series->firstIssue().toString(Month::Style::Slash));
     case HoldingStatus::AfterSeriesEnded:
         return CliText::tr("%1 were last issued in %2; no values exist for this issue month")
-            .arg(seriesBonds(series), monthOf(series->lastIssue()));
+            .arg(seriesBonds(series), series->lastIssue().toString(Month::Style::Slash));
     case HoldingStatus::NotIssuedYet:
         return CliText::tr("this bond was issued in %1, after the valuation month; it has no value before then")
-            .arg(HoldingPresentation::issueMonthText(holding.issueDate()));
+            .arg(HoldingPresentation::issueMonthText(holding.bond().issueMonth));
     case HoldingStatus::Valued:
     case HoldingStatus::NotYetRedeemable:
         break;

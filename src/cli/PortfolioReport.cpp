@@ -16,9 +16,9 @@ namespace {
 
 using HoldingPresentation::Remark;
 
-QString monthKey(const QDateTime &date)
+QString monthKey(Month month)
 {
-    return Month::of(date).toString(Month::Style::Iso);
+    return month.toString(Month::Style::Iso);
 }
 
 // A rate as JSON shows it: the float's own digits, not its double expansion (3.94, not 3.9400000572).
@@ -88,7 +88,7 @@ QString text(const BondPortfolio &portfolio)
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     QString out;
     out += CliText::tr("Portfolio:   %1\n").arg(portfolio.displayName());
-    out += CliText::tr("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfDate()));
+    out += CliText::tr("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfMonth()));
     QStringList names;
     for (const PersonRef &person : portfolio.titleHolders())
         names << person->name();
@@ -112,21 +112,22 @@ QString text(const BondPortfolio &portfolio)
     QStringList missing; // why bonds lack pricing data, each reason once
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
+        const HoldingFigures figures = portfolio.figuresOf(h);
         QString series = h.series()->label();
         if (!h.isPaper())
             series += QStringLiteral("*");
         QString registration = h.registration();
-        const QString why = remarkText(remarkOf(h));
+        const QString why = remarkText(remarkOf(figures));
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         if (h.hasQuantityBelowOne())
             registration = CliText::tr("[quantity below 1: counts as no bonds] %1").arg(registration);
-        anyComputed = anyComputed || remarkOf(h) == Remark::Computed;
-        if (const QString note = HoldingNotes::noPricingData(h); !note.isEmpty() && !missing.contains(note))
+        anyComputed = anyComputed || remarkOf(figures) == Remark::Computed;
+        if (const QString note = HoldingNotes::noPricingData(figures); !note.isEmpty() && !missing.contains(note))
             missing << note;
         out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
-                     formatDollars(h.issuePrice()), formatDollars(h.interestEarned()), formatDollars(h.value()),
-                     percentText(h.currentYield()), percentText(h.compoundAnnualGrowthRate()), registration.trimmed()});
+                     formatDollars(h.issuePrice()), formatDollars(figures.interestEarned()), formatDollars(figures.value()),
+                     percentText(figures.currentYield()), percentText(figures.compoundAnnualGrowthRate()), registration.trimmed()});
     }
     out += line({CliText::tr("Total"), QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
                  formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
@@ -135,7 +136,7 @@ QString text(const BondPortfolio &portfolio)
         out += QStringLiteral("(%1)\n").arg(left);
     out += CliText::tr("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
     if (anyComputed)
-        out += CliText::tr("([computed] %1)\n").arg(Holding::derivedValueNote());
+        out += CliText::tr("([computed] %1)\n").arg(HoldingPresentation::derivedValueNote());
     for (const QString &note : std::as_const(missing))
         out += CliText::tr("([no pricing data] %1)\n").arg(note);
 
@@ -156,26 +157,27 @@ QByteArray json(const BondPortfolio &portfolio)
     const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
+        const HoldingFigures figures = portfolio.figuresOf(h);
         holdings.append(QJsonObject{
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
             {"quantity", h.quantity()},
             {"countsAsNoBonds", h.hasQuantityBelowOne()},
-            {"issueDate", h.issueDate().isValid() ? QJsonValue(monthKey(h.issueDate())) : QJsonValue()},
+            {"issueDate", h.issueDate().isNull() ? QJsonValue() : QJsonValue(monthKey(h.issueDate()))},
             {"faceValue", h.faceValue()},
             {"paper", h.isPaper()},
             {"serialNumber", h.serialNumber().isNull() ? QJsonValue() : QJsonValue(h.serialNumber())},
             {"issuePrice", h.issuePrice()},
-            {"interestEarned", h.interestEarned()},
-            {"value", h.value()},
-            {"currentYield", rateNumber(h.currentYield())},
-            {"compoundAnnualGrowthRate", rateNumber(h.compoundAnnualGrowthRate())},
+            {"interestEarned", figures.interestEarned()},
+            {"value", figures.value()},
+            {"currentYield", rateNumber(figures.currentYield())},
+            {"compoundAnnualGrowthRate", rateNumber(figures.compoundAnnualGrowthRate())},
             {"owner", person(h.owner())},
             {"coOwner", person(h.coOwner())},
             {"beneficiary", person(h.beneficiary())},
             {"registration", h.registration().isNull() ? QJsonValue() : QJsonValue(h.registration())},
-            {"status", statusKey(pricingRemarkOf(h))},
-            {"computed", h.isValueDerived()},
+            {"status", statusKey(pricingRemarkOf(figures))},
+            {"computed", figures.isValueDerived()},
         });
     }
     QJsonArray people;
@@ -187,7 +189,7 @@ QByteArray json(const BondPortfolio &portfolio)
     const QJsonObject root{
         {"name", portfolio.displayName()},
         {"file", portfolio.fileName()},
-        {"valueOfDate", monthKey(portfolio.valueOfDate())},
+        {"valueOfDate", monthKey(portfolio.valueOfMonth())},
         {"moneyUnit", "pennies"},
         {"titleHolders", people},
         {"holdings", holdings},

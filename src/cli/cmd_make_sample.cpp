@@ -91,7 +91,7 @@ int run(const QStringList &arguments)
         h->setQuantity(s.quantity);
         h->setFaceValue(s.faceValue);
         // Noon UTC on day 1 is day 1 in every time zone, so the month reads the same everywhere.
-        h->setIssueDate(QDateTime(QDate(s.year, s.month, 1), QTime(12, 0), Qt::UTC));
+        h->setIssueDate(Month(s.year, s.month));
         h->setPaper(s.paper);
         if (s.serial)
             h->setSerialNumber(QString::fromLatin1(s.serial));
@@ -100,7 +100,7 @@ int run(const QStringList &arguments)
             h->setCoOwner(people.at(s.other));
         else if (s.role == Beneficiary)
             h->setBeneficiary(people.at(s.other));
-        h->setPortfolio(&portfolio);
+        portfolio.adopt(*h);
         holdings << h;
     }
     portfolio.setHoldings(holdings);

@@ -2,6 +2,7 @@
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
 #include "HoldingNotes.h"
+#include "document/HoldingPresentation.h"
 #include "model/Holding.h"
 #include "base/Money.h"
 #include "model/PeopleStore.h"
@@ -32,7 +33,7 @@ const Series *seriesNamed(QString name)
 }
 
 // The value with its markers as words.
-QString valueText(const Holding &holding)
+QString valueText(const HoldingFigures &holding)
 {
     if (!holding.isValidIssue())
         return CliText::tr("no pricing data");
@@ -87,9 +88,10 @@ int run(const QStringList &arguments)
     const HoldingRef bond = Holding::create();
     bond->setSeries(series);
     bond->setFaceValue(faceValue);
-    bond->setIssueDate(issued);
+    bond->setIssueDate(Month::of(issued));
     bond->setPaper(!parser.isSet(electronicOption));
-    bond->setPortfolio(&portfolio);
+    portfolio.adopt(*bond);
+    const HoldingFigures figures = portfolio.figuresOf(*bond);
 
     cliOut() << (bond->isPaper() ? CliText::tr("Series:          %1 (paper)\n")
                                  : CliText::tr("Series:          %1 (electronic)\n"))
@@ -98,11 +100,11 @@ int run(const QStringList &arguments)
              << CliText::tr("Issued:          %1\n").arg(monthText(issued))
              << CliText::tr("Value as of:     %1\n").arg(monthText(portfolio.valueOfDate()))
              << CliText::tr("Issue price:     %1\n").arg(formatDollars(bond->issuePrice()))
-             << CliText::tr("Value:           %1\n").arg(valueText(*bond))
-             << CliText::tr("Interest earned: %1\n").arg(formatDollars(bond->interestEarned()));
-    if (bond->isValueDerived())
-        cliOut() << CliText::tr("Computed:        %1\n").arg(Holding::derivedValueNote());
-    else if (const QString note = HoldingNotes::noPricingData(*bond); !note.isEmpty())
+             << CliText::tr("Value:           %1\n").arg(valueText(figures))
+             << CliText::tr("Interest earned: %1\n").arg(formatDollars(figures.interestEarned()));
+    if (figures.isValueDerived())
+        cliOut() << CliText::tr("Computed:        %1\n").arg(HoldingPresentation::derivedValueNote());
+    else if (const QString note = HoldingNotes::noPricingData(figures); !note.isEmpty())
         cliOut() << CliText::tr("Note:            %1\n").arg(note);
     return 0;
 }

@@ -19,9 +19,9 @@ HoldingDelegate::HoldingDelegate(BondPortfolio *portfolio, QObject *parent)
 {
 }
 
-QDateTime HoldingDelegate::monthFromText(const QString &text)
+Month HoldingDelegate::monthFromText(const QString &text)
 {
-    return Month::fromString(text, Month::Form::Slash).toDateTime();
+    return Month::fromString(text, Month::Form::Slash);
 }
 
 QWidget *HoldingDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
@@ -68,7 +68,7 @@ void HoldingDelegate::setEditorData(QWidget *editor, const QModelIndex &index) c
         return;
     }
     if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == IssueDate) {
-        edit->setText(HoldingPresentation::monthText(value.toDateTime()));
+        edit->setText(HoldingPresentation::monthText(value.value<Month>()));
         return;
     }
     if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == FaceValue) {
@@ -86,9 +86,9 @@ void HoldingDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, c
     }
     if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == IssueDate) {
         // Text that is no month leaves the old month; a month is checked by the holding.
-        const QDateTime month = monthFromText(edit->text());
-        if (month.isValid())
-            model->setData(index, month, Qt::EditRole);
+        const Month month = monthFromText(edit->text());
+        if (!month.isNull())
+            model->setData(index, QVariant::fromValue(month), Qt::EditRole);
         return;
     }
     if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == FaceValue) {

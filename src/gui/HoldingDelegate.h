@@ -2,6 +2,7 @@
 // Editors of the bond table: the series pop-up, the month editor ("mm/yyyy"), the dollar editor
 // and the person pickers. They only hand values to the model; validation and the role rules are
 // the holding's.
+#include "base/Month.h"
 #include <QStyledItemDelegate>
 
 class BondPortfolio;
@@ -13,7 +14,7 @@ public:
     explicit HoldingDelegate(BondPortfolio *portfolio, QObject *parent = nullptr);
 
     // "MM/yyyy" (or "M/yyyy") as a month date; invalid for anything else.
-    static QDateTime monthFromText(const QString &text);
+    static Month monthFromText(const QString &text);
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;

@@ -17,28 +17,24 @@ QString seriesBonds(const Series *series)
     return HoldingExplanations::tr("Series E bonds");
 }
 
-QString monthOf(const QDate &month)
-{
-    return Month::of(month).toString(Month::Style::Slash);
-}
 
 // Why the holding has no value and what the user can do; empty when it does not lack one.
-QString whyNoValue(const Holding &holding)
+QString whyNoValue(const HoldingFigures &holding)
 {
-    const Series *series = holding.series();
+    const Series *series = holding.bond().series;
     switch (holding.status()) {
     case HoldingStatus::NoPricingData:
         return HoldingExplanations::tr("the database has no value for this bond in that month. Tools ▸ Update "
                                        "Redemption Values… installs newer values once the Treasury has published them.");
     case HoldingStatus::BeforeSeriesBegan:
         return HoldingExplanations::tr("%1 were first issued in %2; no values exist for this issue month.")
-            .arg(seriesBonds(series), monthOf(series->firstIssue()));
+            .arg(seriesBonds(series), series->firstIssue().toString(Month::Style::Slash));
     case HoldingStatus::AfterSeriesEnded:
         return HoldingExplanations::tr("%1 were last issued in %2; no values exist for this issue month.")
-            .arg(seriesBonds(series), monthOf(series->lastIssue()));
+            .arg(seriesBonds(series), series->lastIssue().toString(Month::Style::Slash));
     case HoldingStatus::NotIssuedYet:
         return HoldingExplanations::tr("this bond was issued in %1, after the valuation month; it has no value before then.")
-            .arg(HoldingPresentation::issueMonthText(holding.issueDate()));
+            .arg(HoldingPresentation::issueMonthText(holding.bond().issueMonth));
     case HoldingStatus::Valued:
     case HoldingStatus::NotYetRedeemable:
         break;
@@ -48,13 +44,13 @@ QString whyNoValue(const Holding &holding)
 
 } // namespace
 
-QString HoldingExplanations::valueTip(const Holding &holding)
+QString HoldingExplanations::valueTip(const HoldingFigures &holding)
 {
     using HoldingPresentation::Remark;
     const Remark remark = HoldingPresentation::remarkOf(holding);
     switch (remark) {
     case Remark::Computed:
-        return tr("computed") + QStringLiteral(": ") + Holding::derivedValueNote();
+        return tr("computed") + QStringLiteral(": ") + HoldingPresentation::derivedValueNote();
     case Remark::NoPricingData:
         return tr("no pricing data") + QStringLiteral(": ") + whyNoValue(holding);
     case Remark::NotYetRedeemable:

@@ -4,14 +4,14 @@
 #include <QCoreApplication>
 #include <QString>
 
-class Holding;
+class HoldingFigures;
 
 class HoldingExplanations
 {
     Q_DECLARE_TR_FUNCTIONS(HoldingExplanations)
 public:
     // The holding's remark with what it means ("no pricing data: ..."); empty without a remark.
-    static QString valueTip(const Holding &holding);
+    static QString valueTip(const HoldingFigures &holding);
     // "2 bonds without pricing data are not in these totals"; empty for none.
     static QString notInTotals(qint64 bonds);
 };

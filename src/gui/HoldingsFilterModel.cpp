@@ -9,7 +9,33 @@ HoldingsFilterModel::HoldingsFilterModel(BondPortfolio *portfolio, QObject *pare
 {
     setSortRole(HoldingsTableModel::SortRole);
     setDynamicSortFilter(true);
-    connect(portfolio, &BondPortfolio::holdingsFilterChanged, this, &HoldingsFilterModel::invalidateFilter);
+    connect(portfolio, &BondPortfolio::titleHoldersChanged, this, &HoldingsFilterModel::titleHoldersChanged);
+}
+
+void HoldingsFilterModel::setSelectedPeople(const QList<PersonRef> &people)
+{
+    m_filter = HoldingFilter(people);
+    invalidateFilter();
+    emit filterChanged();
+}
+
+void HoldingsFilterModel::keepShown(const HoldingRef &holding)
+{
+    m_filter.keepShown(holding);
+    invalidateFilter();
+}
+
+QList<HoldingRef> HoldingsFilterModel::shownHoldings() const
+{
+    return m_filter.shownOf(m_portfolio->holdings());
+}
+
+void HoldingsFilterModel::titleHoldersChanged()
+{
+    if (!m_filter.keepOnly(m_portfolio->titleHolders()))
+        return;
+    invalidateFilter();
+    emit filterChanged();
 }
 
 void HoldingsFilterModel::sort(int column, Qt::SortOrder order)
@@ -24,5 +50,5 @@ bool HoldingsFilterModel::filterAcceptsRow(int sourceRow, const QModelIndex &) c
 {
     if (sourceRow < 0 || sourceRow >= m_portfolio->holdings().size())
         return false;
-    return m_portfolio->isHoldingShown(*m_portfolio->holdings().at(sourceRow));
+    return m_filter.accepts(*m_portfolio->holdings().at(sourceRow));
 }

@@ -1,7 +1,9 @@
 #pragma once
-// The bond table as shown: the holdings the document's people filter lets through, sorted by the
-// chosen column's raw values. The document decides what is shown, so the table and the interest
-// summary always agree.
+// The bond table as shown: the holdings its people filter lets through, sorted by the chosen
+// column's raw values. The filter is this view's; the interest summary and the totals ask for it,
+// so that they always cover the rows shown.
+#include "model/HoldingFilter.h"
+
 #include <QSortFilterProxyModel>
 
 class BondPortfolio;
@@ -12,11 +14,24 @@ class HoldingsFilterModel : public QSortFilterProxyModel
 public:
     explicit HoldingsFilterModel(BondPortfolio *portfolio, QObject *parent = nullptr);
 
+    const HoldingFilter &filter() const { return m_filter; }
+    // Shows the holdings naming any of these people; none shows every holding.
+    void setSelectedPeople(const QList<PersonRef> &people);
+    // Keeps a newly added holding shown until the people chosen change.
+    void keepShown(const HoldingRef &holding);
+    QList<HoldingRef> shownHoldings() const;
+
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+signals:
+    void filterChanged();
 
 protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
 
 private:
+    void titleHoldersChanged();
+
     BondPortfolio *m_portfolio;
+    HoldingFilter m_filter;
 };

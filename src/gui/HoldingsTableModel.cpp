@@ -71,16 +71,16 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(descriptor(column).alignment);
     case Qt::ForegroundRole:
-        return lineColor(holding.status());
+        return lineColor(m_portfolio->figuresOf(holding).status());
     case Qt::ToolTipRole:
         if (column == Quantity && holding.hasQuantityBelowOne())
             return tr("quantity below 1: counts as no bonds");
         if (column == Value || column == InterestEarned)
-            return HoldingExplanations::valueTip(holding);
+            return HoldingExplanations::valueTip(m_portfolio->figuresOf(holding));
         return {};
     case Qt::FontRole:
         // Values the program computed rather than the Treasury published are set in italics.
-        if ((column == Value || column == InterestEarned) && holding.isValueDerived()) {
+        if ((column == Value || column == InterestEarned) && m_portfolio->figuresOf(holding).isValueDerived()) {
             QFont italic;
             italic.setItalic(true);
             return italic;
@@ -106,6 +106,7 @@ QVariant HoldingsTableModel::lineColor(HoldingStatus status)
 QVariant HoldingsTableModel::displayData(const Holding &holding, int column) const
 {
     auto name = [](const PersonRef &person) { return person ? person->name() : QString(); };
+    const HoldingFigures figures = m_portfolio->figuresOf(holding);
     switch (column) {
     case HoldingColumns::Series:
         return holding.series()->label();
@@ -118,13 +119,13 @@ QVariant HoldingsTableModel::displayData(const Holding &holding, int column) con
     case IssuePrice:
         return formatDollars(holding.issuePrice());
     case InterestEarned:
-        return formatDollars(holding.interestEarned());
+        return formatDollars(figures.interestEarned());
     case Value:
-        return formatDollars(holding.value());
+        return formatDollars(figures.value());
     case CurrentYield:
-        return HoldingPresentation::percentText(holding.currentYield());
+        return HoldingPresentation::percentText(figures.currentYield());
     case GrowthRate:
-        return HoldingPresentation::percentText(holding.compoundAnnualGrowthRate());
+        return HoldingPresentation::percentText(figures.compoundAnnualGrowthRate());
     case SerialNumber:
         return holding.serialNumber();
     case Paper:
@@ -148,7 +149,7 @@ QVariant HoldingsTableModel::editData(const Holding &holding, int column) const
     case HoldingColumns::Series:
         return holding.series()->code();
     case IssueDate:
-        return holding.issueDate();
+        return holding.issueDate().isNull() ? QVariant() : QVariant::fromValue(holding.issueDate());
     case FaceValue:
         return DollarTransformer::transformedValue(holding.faceValue());
     case Paper:
@@ -166,23 +167,24 @@ QVariant HoldingsTableModel::editData(const Holding &holding, int column) const
 
 QVariant HoldingsTableModel::sortData(const Holding &holding, int column) const
 {
+    const HoldingFigures figures = m_portfolio->figuresOf(holding);
     switch (column) {
     case HoldingColumns::Series:
         return holding.series()->label();
     case IssueDate:
-        return holding.issueDate().isValid() ? holding.issueDate().toSecsSinceEpoch() : qint64(0);
+        return holding.issueDate().index();
     case FaceValue:
         return holding.faceValue();
     case IssuePrice:
         return holding.issuePrice();
     case InterestEarned:
-        return holding.interestEarned();
+        return figures.interestEarned();
     case Value:
-        return holding.value();
+        return figures.value();
     case CurrentYield:
-        return holding.currentYield();
+        return figures.currentYield();
     case GrowthRate:
-        return holding.compoundAnnualGrowthRate();
+        return figures.compoundAnnualGrowthRate();
     case Paper:
         return holding.isPaper();
     default:
@@ -274,14 +276,13 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
 
 bool HoldingsTableModel::setIssueDate(Holding &holding, const QVariant &value)
 {
-    const QDateTime month = value.toDateTime();
-    if (!month.isValid())
+    const Month month = value.value<Month>();
+    if (month.isNull())
         return false;
-    if (holding.issueDate().isValid() && holding.issueDate().date().year() == month.date().year()
-        && holding.issueDate().date().month() == month.date().month())
+    if (holding.issueDate() == month)
         return true;
     ValidationError refusal;
-    if (!holding.validateIssueDate(month, &refusal)) {
+    if (!holding.validateIssueDate(month, m_portfolio->assessor(), &refusal)) {
         emit editRefused(tr("Invalid issue date"), refusal.message);
         return false;
     }

@@ -3,6 +3,7 @@
 // column per HoldingColumns entry. Texts and figures come from the holding and the core's
 // presentation helpers; edits go to the holding's setters, which the document records for undo.
 #include "model/Holding.h"
+#include "valuation/HoldingFigures.h"
 
 #include <QAbstractTableModel>
 

@@ -1,12 +1,16 @@
 #include "InterestSummaryModel.h"
 
+#include "HoldingsFilterModel.h"
+
 #include <QTimer>
 
-InterestSummaryModel::InterestSummaryModel(BondPortfolio *portfolio, QObject *parent)
+InterestSummaryModel::InterestSummaryModel(BondPortfolio *portfolio, const HoldingsFilterModel *shown, QObject *parent)
     : QAbstractTableModel(parent)
     , m_portfolio(portfolio)
+    , m_shown(shown)
 {
     connect(portfolio, &BondPortfolio::interestSummaryChanged, this, &InterestSummaryModel::scheduleRefresh);
+    connect(shown, &HoldingsFilterModel::filterChanged, this, &InterestSummaryModel::scheduleRefresh);
     m_dirty = true;
     refreshNow();
 }
@@ -27,7 +31,7 @@ void InterestSummaryModel::refreshNow()
     QList<InterestSummaryRow> rows;
     {
         BondAssessor::ReadBatch batch(m_portfolio->assessor());
-        rows = m_portfolio->interestSummary();
+        rows = m_portfolio->interestSummary(m_shown->filter());
     }
     if (rows == m_rows)
         return;

@@ -1,7 +1,10 @@
 #pragma once
-// The interest summary beside the tables: tax year and interest, over the holdings shown. The
-// document computes the rows; this model asks once per burst of changes, not once per signal.
+// The interest summary beside the tables: tax year and interest, over the holdings the bond
+// table shows. The document computes the rows; this model asks once per burst of changes, not
+// once per signal.
 #include "document/BondPortfolio.h"
+
+class HoldingsFilterModel;
 
 #include <QAbstractTableModel>
 
@@ -11,7 +14,7 @@ class InterestSummaryModel : public QAbstractTableModel
 public:
     enum Column { TaxYear, Interest, Count };
 
-    explicit InterestSummaryModel(BondPortfolio *portfolio, QObject *parent = nullptr);
+    InterestSummaryModel(BondPortfolio *portfolio, const HoldingsFilterModel *shown, QObject *parent = nullptr);
 
     // Reads the summary now if a change is pending (tests and printing need it at once).
     void refreshNow();
@@ -25,6 +28,7 @@ private:
     void scheduleRefresh();
 
     BondPortfolio *m_portfolio;
+    const HoldingsFilterModel *m_shown;
     QList<InterestSummaryRow> m_rows;
     bool m_dirty = false;
 };

@@ -60,8 +60,10 @@ QFont pointFont(QFont font, bool bold)
 
 } // namespace
 
-PortfolioPrintLayout::PortfolioPrintLayout(QList<HoldingRef> holdings, const QPageLayout &page)
+PortfolioPrintLayout::PortfolioPrintLayout(QList<HoldingRef> holdings, const ValuationContext &valuation,
+                                           const QPageLayout &page)
     : m_holdings(std::move(holdings))
+    , m_valuation(valuation)
     , m_bodyFont(pointFont(QFont(QStringLiteral("Helvetica")), false))
     , m_headerFont(pointFont(QFont(QStringLiteral("Helvetica")), true))
     , m_pageNumberFont(pointFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont), false))
@@ -170,13 +172,14 @@ void PortfolioPrintLayout::paintPage(QPainter &painter, const QPaintDevice &devi
     painter.setPen(pen);
     for (int index = begin; index < end; ++index) {
         const Holding &holding = *m_holdings.at(index);
+        const HoldingFigures figures(m_valuation, holding.facts());
         const QString date =
-            holding.issueDate().isValid() ? HoldingPresentation::issueMonthText(holding.issueDate()) : QString();
+            holding.issueDate().isNull() ? QString() : HoldingPresentation::issueMonthText(holding.issueDate());
         const QString line1 = QStringLiteral("%1\t%2\t%3\t%4\t%5\t%6\t%7")
                                   .arg(holding.series()->label())
                                   .arg(holding.quantity())
                                   .arg(date, amountText(holding.faceValue()), amountText(holding.issuePrice()),
-                                       amountText(holding.interestEarned()), amountText(holding.value()));
+                                       amountText(figures.interestEarned()), amountText(figures.value()));
         const QString line2 = holding.serialNumber() + QLatin1Char('\t') + holding.registration();
         const QRectF band = rectForHolding(index);
         drawText(painter, device, line1, m_bodyFont, tabs.line1, band.topLeft());

@@ -3,6 +3,7 @@
 // header in the top margin of every page and "- n -" centred in the bottom margin. Geometry is
 // worked out in points from the page's paper size and margins; painting scales to the device.
 #include "model/Holding.h"
+#include "valuation/HoldingFigures.h"
 
 #include <QFont>
 #include <QList>
@@ -19,7 +20,8 @@ class PortfolioPrintLayout
 public:
     static constexpr float BandHeight = 40.0f;
 
-    PortfolioPrintLayout(QList<HoldingRef> holdings, const QPageLayout &page);
+    // Figures as of the context, which must outlive the layout.
+    PortfolioPrintLayout(QList<HoldingRef> holdings, const ValuationContext &valuation, const QPageLayout &page);
 
     // Bands that fit between the top margin and a bottom margin as tall as the top one; 0 when
     // the page is too short, and then nothing may be printed.
@@ -43,6 +45,7 @@ private:
                   const QList<QTextOption::Tab> &tabs, QPointF topLeft) const;
 
     QList<HoldingRef> m_holdings;
+    ValuationContext m_valuation;
     float m_paperWidth;
     float m_paperHeight;
     float m_leftMargin;

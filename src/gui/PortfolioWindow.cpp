@@ -41,7 +41,7 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
     m_filterModel = new HoldingsFilterModel(portfolio, this);
     m_filterModel->setSourceModel(m_holdingsModel);
     m_peopleModel = new PeopleTableModel(portfolio, this);
-    m_summaryModel = new InterestSummaryModel(portfolio, this);
+    m_summaryModel = new InterestSummaryModel(portfolio, m_filterModel, this);
 
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(createPeopleAndSummary());
@@ -68,6 +68,7 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
     connect(portfolio, &BondPortfolio::editedChanged, this, &QWidget::setWindowModified);
     connect(portfolio, &BondPortfolio::fileNameChanged, this, &PortfolioWindow::updateTitle);
     connect(portfolio, &BondPortfolio::interestSummaryChanged, this, &PortfolioWindow::scheduleTotals);
+    connect(m_filterModel, &HoldingsFilterModel::filterChanged, this, &PortfolioWindow::scheduleTotals);
     connect(portfolio, &BondPortfolio::holdingsReset, this, &PortfolioWindow::updateActions);
     connect(portfolio, &BondPortfolio::holdingInserted, this, &PortfolioWindow::updateActions);
     connect(portfolio, &BondPortfolio::holdingRemoved, this, &PortfolioWindow::updateActions);
@@ -174,7 +175,7 @@ QWidget *PortfolioWindow::createBondTable()
 
 void PortfolioWindow::peopleSelectionChanged()
 {
-    m_portfolio->setSelectedPeople(selectedPeople());
+    m_filterModel->setSelectedPeople(selectedPeople());
     updateActions();
 }
 

@@ -25,6 +25,7 @@
 void PortfolioWindow::addBond()
 {
     const HoldingRef holding = m_portfolio->addNewHolding(int(m_portfolio->holdings().size()));
+    m_filterModel->keepShown(holding);
     const QModelIndex source = m_holdingsModel->index(m_portfolio->indexOfHolding(holding.get()), 0);
     const QModelIndex shown = m_filterModel->mapFromSource(source);
     if (!shown.isValid())
@@ -57,7 +58,7 @@ void PortfolioWindow::paste()
     // The pasted bonds join the portfolio (taking their people) as one "Insert Holding".
     UndoStep step(*m_portfolio, UndoActionName::InsertHolding);
     for (const HoldingRef &holding : holdings) {
-        holding->setPortfolio(m_portfolio.get());
+        m_portfolio->adopt(*holding);
         m_portfolio->appendHolding(holding);
     }
 }
@@ -186,7 +187,7 @@ void PortfolioWindow::scheduleTotals()
 void PortfolioWindow::updateTotals()
 {
     m_totalsPending = false;
-    const QList<HoldingRef> shown = m_portfolio->shownHoldings();
+    const QList<HoldingRef> shown = m_filterModel->shownHoldings();
     const HoldingTotals totals = HoldingTotals::of(*m_portfolio, shown);
     QString text = tr("Total of %n bond(s) shown: face value %1 · issue price %2 · interest %3 · value %4", nullptr,
                       int(totals.quantity))

@@ -29,7 +29,7 @@ void PortfolioWindow::exportCsv()
     if (!selected.isEmpty())
         m_exportRow = choice->row;
     const QList<HoldingRef> holdings = ExportChoice::holdingsToExport(m_portfolio->holdings(), selected, choice->row);
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(choice->path, holdings);
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(choice->path, *m_portfolio, holdings);
     if (!outcome.succeeded) {
         qWarning().noquote() << "CSV export failed:" << outcome.detail;
         m_panels->beep();

@@ -36,7 +36,7 @@ QList<HoldingRef> PortfolioWindow::arrangedHoldings() const
 
 bool PortfolioWindow::printOn(QPrinter &printer)
 {
-    const PortfolioPrintLayout layout(arrangedHoldings(), printer.pageLayout());
+    const PortfolioPrintLayout layout(arrangedHoldings(), m_portfolio->valuationContext(), printer.pageLayout());
     if (layout.print(printer, printer.fromPage(), printer.toPage()))
         return true;
     QApplication::beep();

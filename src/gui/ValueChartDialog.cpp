@@ -33,13 +33,14 @@ ValueChartDialog::ValueChartDialog(const BondPortfolio &portfolio, HoldingRef ho
     auto *values = new QLineSeries;
     values->setName(tr("Redemption value"));
     auto *marked = new QScatterSeries;
-    marked->setName(tr("Value as of %1").arg(HoldingPresentation::monthText(portfolio.valueOfDate())));
-    const int first = MonthIndex::of(holding->issueDate());
+    marked->setName(tr("Value as of %1").arg(HoldingPresentation::monthText(portfolio.valueOfMonth())));
+    const int first = holding->issueDate().index();
     const int last = MonthIndex::of(portfolio.assessor().maximumRedemptionDate());
-    const int valuation = MonthIndex::of(portfolio.valueOfDate());
+    const int valuation = portfolio.valueOfMonth().index();
+    const HoldingFigures figures = portfolio.figuresOf(*holding);
     qreal top = 0;
     for (int month = first; first != MonthIndex::None && month <= last; ++month) {
-        const Pennies value = holding->absoluteValueAsOfMonth(month) * holding->countedQuantity();
+        const Pennies value = figures.absoluteValueAsOfMonth(Month::fromIndex(month)) * holding->countedQuantity();
         // Months without a price (not yet redeemable, or missing data) are left out, not drawn as 0.
         if (value <= 0)
             continue;

@@ -22,12 +22,12 @@ public:
         auto holding = Holding::create();
         holding->setSeries(Series::seriesForCode(QLatin1String(code)));
         if (year)
-            holding->setIssueDate(BondAssessor::monthDate(year, month));
+            holding->setIssueDate(Month(year, month));
         holding->setFaceValue(face);
         holding->setQuantity(quantity);
         holding->setPaper(paper);
         holding->setSerialNumber(serial);
-        holding->setPortfolio(portfolio.get());
+        portfolio->adopt(*holding);
         return holding;
     }
 

@@ -122,8 +122,7 @@ private slots:
         PortfolioWindow *window = GuiTest::openSample();
         const QAbstractItemModel *model = window->bondTable()->model();
         if (issued.isValid())
-            model->index(row, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>()->setIssueDate(
-                QDateTime(issued, QTime(12, 0), Qt::UTC));
+            model->index(row, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>()->setIssueDate(Month::of(issued));
         window->valuationPicker()->setDate(valuedAsOf);
         const QModelIndex value = model->index(row, HoldingColumns::Value);
         const QString shown = value.data(Qt::ToolTipRole).toString();

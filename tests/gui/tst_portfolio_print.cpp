@@ -51,14 +51,14 @@ private slots:
         // One priced bond; the others keep a face value of 0, which prints as nothing.
         const HoldingRef priced = portfolio.holdings().constFirst();
         priced->setFaceValue(5000);
-        priced->setIssueDate(QDateTime(QDate(2001, 5, 1), QTime(0, 0, 1)));
+        priced->setIssueDate(Month(2001, 5));
         priced->setSerialNumber(QStringLiteral("Q100"));
         QVERIFY(portfolio.setValueOfDate(QDateTime(QDate(2021, 11, 1), QTime(0, 0, 1))));
 
         const QString pdf = GuiTest::path(QStringLiteral("print.pdf"));
         QPdfWriter writer(pdf);
         writer.setPageLayout(letter(90));
-        const PortfolioPrintLayout layout(portfolio.holdings(), writer.pageLayout());
+        const PortfolioPrintLayout layout(portfolio.holdings(), portfolio.valuationContext(), writer.pageLayout());
         QCOMPARE(layout.holdingsPerPage(), 15);
         QVERIFY(layout.print(writer));
         portfolio.markSaved();
@@ -81,7 +81,7 @@ private slots:
     {
         QPdfWriter writer(GuiTest::path(QStringLiteral("refused.pdf")));
         writer.setPageLayout(letter(396));
-        const PortfolioPrintLayout layout({}, writer.pageLayout());
+        const PortfolioPrintLayout layout({}, ValuationContext(), writer.pageLayout());
         QCOMPARE(layout.holdingsPerPage(), 0);
         QVERIFY(!layout.print(writer));
     }

@@ -75,11 +75,20 @@ private slots:
         PortfolioWindow *window = GuiTest::openSample();
         new QAbstractItemModelTester(window->peopleTable()->model(), window);
         const QString allTotals = window->totalsText();
+        auto summaryText = [window] {
+            QStringList cells;
+            const QAbstractItemModel *summary = window->summaryTable()->model();
+            for (int row = 0; row < summary->rowCount(); ++row)
+                cells << summary->index(row, 1).data().toString();
+            return cells.join(u' ');
+        };
+        const QString allSummary = summaryText();
         selectPeople(window, people);
         QCOMPARE(window->bondTable()->model()->rowCount(), rowsShown);
         // The summary and the totals line cover exactly the rows shown.
-        QCOMPARE(window->portfolio()->shownHoldings().size(), rowsShown);
+        QCOMPARE(window->shownHoldingsModel()->shownHoldings().size(), rowsShown);
         QTRY_COMPARE(window->totalsText() == allTotals, people.isEmpty());
+        QTRY_COMPARE(summaryText() == allSummary, people.isEmpty());
     }
 
     // The totals line counts every bond of the holdings shown, and says how many it leaves out

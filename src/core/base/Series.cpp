@@ -92,32 +92,31 @@ Pennies Series::issuePriceForFaceValue(Pennies faceValue, bool paperIssue) const
     }
 }
 
-QDate Series::firstIssue() const
+Month Series::firstIssue() const
 {
     switch (kind().unicode()) {
-    case 'I': return {1998, 9, 1};
-    case 'N': return {1980, 1, 1};
-    case 'E': return {1941, 5, 1};
-    default: return {1967, 5, 1};
+    case 'I': return {1998, 9};
+    case 'N': return {1980, 1};
+    case 'E': return {1941, 5};
+    default: return {1967, 5};
     }
 }
 
-QDate Series::lastIssue() const
+Month Series::lastIssue() const
 {
     switch (kind().unicode()) {
-    case 'E': return {1980, 6, 1};
-    case 'S': return {1970, 10, 1};
+    case 'E': return {1980, 6};
+    case 'S': return {1970, 10};
     default: return {};
     }
 }
 
-bool Series::wasIssuedIn(const QDate &month) const
+bool Series::wasIssuedIn(Month month) const
 {
-    if (!month.isValid())
+    if (month.isNull())
         return true;
-    const QDate first = firstIssue(), last = lastIssue();
-    const auto key = [](const QDate &date) { return date.year() * 12 + date.month(); };
-    return key(month) >= key(first) && (!last.isValid() || key(month) <= key(last));
+    const Month last = lastIssue();
+    return month >= firstIssue() && (last.isNull() || month <= last);
 }
 
 int Series::compare(const Series *other) const

@@ -2,8 +2,8 @@
 // The four kinds of savings bond. Exactly four Series objects exist for the life of the process;
 // identity is pointer identity, and archives store the one-letter code.
 #include "base/Money.h"
+#include "base/Month.h"
 
-#include <QDate>
 #include <QList>
 #include <QString>
 
@@ -25,12 +25,12 @@ public:
     // Dollars for one $25 unit of face value; a fixed constant per code, used by the Quicken export.
     double sharePrice() const;
     Pennies issuePriceForFaceValue(Pennies faceValue, bool paperIssue) const;
-    // The first and the last month the Treasury sold this series in (day 1); lastIssue() is null
-    // while the series is still sold. No values can exist for an issue month outside them.
-    QDate firstIssue() const;
-    QDate lastIssue() const;
-    // False for a month outside those; true for a null date, which has no month to judge.
-    bool wasIssuedIn(const QDate &month) const;
+    // The first and the last month the Treasury sold this series in; lastIssue() is null while
+    // the series is still sold. No values can exist for an issue month outside them.
+    Month firstIssue() const;
+    Month lastIssue() const;
+    // False for a month outside those; true for a null month, which has nothing to judge.
+    bool wasIssuedIn(Month month) const;
     // Case-insensitive comparison of labels: negative, zero or positive.
     int compare(const Series *other) const;
 

@@ -118,51 +118,9 @@ HoldingRef BondPortfolio::takeHoldingWithoutRecording(int index)
 HoldingRef BondPortfolio::addNewHolding(int index)
 {
     const HoldingRef holding = Holding::create();
-    holding->setPortfolio(this);
-    m_newHolding = holding;
+    adopt(*holding);
     insertHolding(holding, index);
     return holding;
-}
-
-void BondPortfolio::setHoldingsFilter(HoldingFilter filter)
-{
-    m_filter = std::move(filter);
-    emit holdingsFilterChanged();
-    emit interestSummaryChanged();
-}
-
-void BondPortfolio::setSelectedPeople(const QList<PersonRef> &people)
-{
-    m_selectedPeople = people;
-    m_newHolding.reset();
-    emit holdingsFilterChanged();
-    emit interestSummaryChanged();
-}
-
-bool BondPortfolio::isHoldingShown(const Holding &holding) const
-{
-    if (m_filter && !m_filter(holding))
-        return false;
-    if (m_selectedPeople.isEmpty() || m_newHolding.lock().get() == &holding)
-        return true;
-    for (const PersonRef &person : m_selectedPeople) {
-        if (samePerson(holding.owner().get(), person.get()) || samePerson(holding.coOwner().get(), person.get())
-            || samePerson(holding.beneficiary().get(), person.get()))
-            return true;
-    }
-    return false;
-}
-
-QList<HoldingRef> BondPortfolio::shownHoldings() const
-{
-    if (!m_filter && m_selectedPeople.isEmpty())
-        return m_holdings;
-    QList<HoldingRef> shown;
-    for (const HoldingRef &holding : m_holdings) {
-        if (isHoldingShown(*holding))
-            shown << holding;
-    }
-    return shown;
 }
 
 void BondPortfolio::setTitleHolders(const QList<PersonRef> &people)
@@ -191,14 +149,7 @@ void BondPortfolio::installTitleHolders(const QList<PersonRef> &people)
                      [](const PersonRef &a, const PersonRef &b) { return a->name() < b->name(); });
     emit titleHoldersAboutToChange();
     m_titleHolders = sorted;
-    // A person who leaves the list no longer narrows the holdings shown.
-    const qsizetype selected = m_selectedPeople.size();
-    m_selectedPeople.removeIf([this](const PersonRef &p) { return !m_titleHolders.contains(p); });
     emit titleHoldersChanged();
-    if (m_selectedPeople.size() != selected) {
-        emit holdingsFilterChanged();
-        emit interestSummaryChanged();
-    }
 }
 
 void BondPortfolio::deleteTitleHolderFromAllBonds(const PersonRef &person)
@@ -271,4 +222,36 @@ QString BondPortfolio::displayName() const
     if (m_fileName.isEmpty())
         return QStringLiteral("Untitled");
     return QFileInfo(m_fileName).completeBaseName();
+}
+
+void BondPortfolio::adopt(Holding &holding)
+{
+    QList<PersonRef> people = m_titleHolders;
+    auto listed = [&people](const PersonRef &person) -> PersonRef {
+        for (const PersonRef &candidate : people) {
+            if (samePerson(candidate.get(), person.get()))
+                return candidate;
+        }
+        return nullptr;
+    };
+    bool peopleChanged = false;
+    if (const PersonRef owner = holding.owner()) {
+        if (const PersonRef own = listed(owner)) {
+            holding.setOwner(own);
+        } else {
+            people << owner;
+            peopleChanged = true;
+            holding.setOwner(nullptr);
+        }
+    }
+    if (const PersonRef coOwner = holding.coOwner()) {
+        if (const PersonRef own = listed(coOwner))
+            holding.setCoOwner(own);
+    }
+    if (const PersonRef beneficiary = holding.beneficiary()) {
+        if (const PersonRef own = listed(beneficiary))
+            holding.setBeneficiary(own);
+    }
+    if (peopleChanged)
+        setTitleHolders(people);
 }

@@ -1,16 +1,20 @@
 #pragma once
 // The portfolio document: its holdings in table order, its title holders sorted by name, its own
 // redemption value reader, the valuation date and summary mode, the undo history and the file.
+// Which holdings a window shows is the window's (a HoldingFilter), not the document's.
 //
 // The document observes the holdings and people it holds and records the inverse of every change
 // on its undo stack ("Edit", "Insert Holding", "Delete Holding", "Edit People"); the edited state
 // follows the stack's clean state. No widgets: windows and the command line use the same object.
 #include "document/DocumentFileWriter.h"
 #include "model/Holding.h"
+#include "model/HoldingFilter.h"
 #include "base/Money.h"
 #include "model/Person.h"
 #include "base/ValidationError.h"
 #include "valuation/BondAssessor.h"
+#include "valuation/HoldingFigures.h"
+#include "valuation/InterestSummary.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -36,17 +40,6 @@ struct PortfolioSaveFailure
     FileWriteResult file;
 };
 
-// What the interest summary lists per tax year: the interest earned since issue as of each
-// December, or the interest earned in that year alone.
-enum class SummaryMode { Cumulative, Yearly };
-
-struct InterestSummaryRow
-{
-    int taxYear = 0;
-    Pennies interestEarned = 0;
-    bool operator==(const InterestSummaryRow &) const = default;
-};
-
 namespace PortfolioFile {
 // Every portfolio file carries this extension (without the dot).
 inline constexpr const char *Extension = "bondportfolio";
@@ -68,8 +61,6 @@ public:
     static constexpr const char *NoValuationDataMessage =
         "No pricing data available for bonds with that valuation date";
 
-    using HoldingFilter = std::function<bool(const Holding &)>;
-
     // A new, empty portfolio: no holdings, the store's family as title holders, the cumulative summary,
     // the initial valuation date, no undo history. The store defaults to PeopleStore::shared(),
     // the database to the working copy.
@@ -88,19 +79,12 @@ public:
     void appendHoldings(const QList<HoldingRef> &holdings);
     void removeHoldingAt(int index);
     int indexOfHolding(const Holding *holding) const;
-    // A new holding with its defaults, attached to this portfolio and inserted (undoable "Insert
-    // Holding"). It stays shown under a people filter until the filter next changes.
+    // A new holding with its defaults, adopted and inserted (undoable "Insert Holding").
     HoldingRef addNewHolding(int index);
-
-    // The holdings currently shown (the people table narrows them); all when no filter is set.
-    // The interest summary covers exactly these, and the window's table asks isHoldingShown().
-    void setHoldingsFilter(HoldingFilter filter);
-    // Narrows the shown holdings to those naming any of the people in any role; an empty list
-    // switches the filter off. Forgets the newly added holding.
-    void setSelectedPeople(const QList<PersonRef> &people);
-    const QList<PersonRef> &selectedPeople() const { return m_selectedPeople; }
-    bool isHoldingShown(const Holding &holding) const;
-    QList<HoldingRef> shownHoldings() const;
+    // Readies a holding for this portfolio before it is inserted: swaps its people for the
+    // portfolio's own equal objects. An owner the portfolio does not list joins its title holders
+    // and leaves this holding's owner role, as files and users have long relied on.
+    void adopt(Holding &holding);
 
     // --- Title holders ---
     const QList<PersonRef> &titleHolders() const { return m_titleHolders; }
@@ -120,19 +104,19 @@ public:
 
     // --- Valuation date and summary ---
     QDateTime valueOfDate() const { return m_valueOfDate; }
-    int valueOfMonth() const { return m_valueOfMonth; } // MonthIndex of the valuation date
+    Month valueOfMonth() const { return m_valueOfMonth; }
+    // What this portfolio's figures are computed against: its database, its valuation month.
+    ValuationContext valuationContext() const { return {m_assessor.get(), m_valueOfMonth}; }
+    HoldingFigures figuresOf(const Holding &holding) const { return {valuationContext(), holding.facts()}; }
     // Stores the instant given; an invalid date is refused (returns false).
     bool setValueOfDate(const QDateTime &date);
     bool validateValueOfDate(const QDateTime &proposed, ValidationError *error = nullptr) const;
     // The earlier of now and the database's latest month; now when the database has none.
     QDateTime initialValueOfDate() const;
-    // The interest period holding the valuation month, as month counts (MonthIndex): from the
-    // May or November at or before it to the next November or May.
-    std::pair<int, int> currentInterestPeriodMonths() const;
     SummaryMode summaryMode() const { return m_summaryMode; }
     void setSummaryMode(SummaryMode mode);
-    QMap<int, Pennies> yearsWithInterestEarnedCumulative(bool cumulative) const;
-    QList<InterestSummaryRow> interestSummary() const;
+    // The summary of the holdings the filter shows, in the summary mode.
+    QList<InterestSummaryRow> interestSummary(const HoldingFilter &filter = HoldingFilter()) const;
 
     // --- Undo and edited state ---
     QUndoStack *undoStack() const { return m_undoStack; }
@@ -178,8 +162,6 @@ signals:
     void holdingChanged(Holding *holding, const QString &key);
     void titleHoldersAboutToChange();
     void titleHoldersChanged();
-    // Which holdings are shown changed (people selected, or the filter switched off).
-    void holdingsFilterChanged();
     void valueOfDateChanged();
     // Every figure may read differently: the valuation date moved or the database's values did.
     void figuresChanged();
@@ -207,13 +189,10 @@ private:
     SummaryMode m_summaryMode = SummaryMode::Cumulative;
     std::unique_ptr<BondAssessor> m_assessor;
     QDateTime m_valueOfDate;
-    int m_valueOfMonth = 0; // kept with the date by storeValueOfDate()
+    Month m_valueOfMonth; // kept with the date by storeValueOfDate()
     PeopleStore *m_people;
     QUndoStack *m_undoStack;
     PortfolioRecorder *m_recorder;
-    HoldingFilter m_filter;
-    QList<PersonRef> m_selectedPeople;
-    std::weak_ptr<Holding> m_newHolding;
     QString m_fileName;
     int m_missingPeople = 0;
 };

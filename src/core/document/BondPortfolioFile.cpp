@@ -45,7 +45,7 @@ bool BondPortfolio::loadDataRepresentation(const QByteArray &data, QString *erro
     if (decoded.hasTitleHolders)
         setTitleHolders(decoded.titleHolders);
     for (const HoldingRef &holding : decoded.holdings)
-        holding->setPortfolio(this);
+        adopt(*holding);
     setHoldings(decoded.holdings);
     m_missingPeople = decoded.missingPeople;
     m_summaryMode = SummaryMode::Cumulative;

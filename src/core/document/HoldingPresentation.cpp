@@ -3,16 +3,18 @@
 #include "base/Month.h"
 #include "document/BondPortfolio.h"
 
+#include <QCoreApplication>
+
 namespace HoldingPresentation {
 
-QString issueMonthText(const QDateTime &month)
+QString issueMonthText(Month month)
 {
-    return month.isValid() ? Month::of(month).toString(Month::Style::Slash) : QString::fromLatin1(NoIssueMonthText);
+    return month.isNull() ? QString::fromLatin1(NoIssueMonthText) : month.toString(Month::Style::Slash);
 }
 
-QString monthText(const QDateTime &month)
+QString monthText(Month month)
 {
-    return Month::of(month).toString(Month::Style::Slash);
+    return month.toString(Month::Style::Slash);
 }
 
 namespace {
@@ -28,7 +30,7 @@ Remark remarkOnStatus(HoldingStatus status)
 
 } // namespace
 
-Remark remarkOf(const Holding &holding)
+Remark remarkOf(const HoldingFigures &holding)
 {
     const Remark remark = remarkOnStatus(holding.status());
     if (remark != Remark::None)
@@ -36,9 +38,17 @@ Remark remarkOf(const Holding &holding)
     return holding.isValueDerived() ? Remark::Computed : Remark::None;
 }
 
-Remark pricingRemarkOf(const Holding &holding)
+Remark pricingRemarkOf(const HoldingFigures &holding)
 {
     return remarkOnStatus(holding.status());
+}
+
+QString derivedValueNote()
+{
+    return QCoreApplication::translate("HoldingPresentation",
+                                       "computed by this program, not published by the Treasury: Series EE bonds "
+                                       "issued since May 2005 from their fixed rate, matured bonds from their value at "
+                                       "final maturity");
 }
 
 QString percentText(float rate)
@@ -48,13 +58,13 @@ QString percentText(float rate)
 
 } // namespace HoldingPresentation
 
-void HoldingTotals::add(const Holding &holding)
+void HoldingTotals::add(const HoldingFigures &holding)
 {
-    const qint64 bonds = holding.countedQuantity();
+    const qint64 bonds = holding.bond().countedQuantity();
     quantity += bonds;
     if (lacksPricingData(holding.status()))
         withoutPricingData += bonds;
-    faceValue += holding.faceValue() * bonds;
+    faceValue += holding.bond().faceValue * bonds;
     issuePrice += holding.issuePrice() * bonds;
     interestEarned += holding.interestEarned();
     value += holding.value();
@@ -66,6 +76,6 @@ HoldingTotals HoldingTotals::of(const BondPortfolio &portfolio, const QList<Hold
     portfolio.prefetchValues(holdings);
     HoldingTotals totals;
     for (const HoldingRef &holding : holdings)
-        totals.add(*holding);
+        totals.add(portfolio.figuresOf(*holding));
     return totals;
 }

@@ -3,8 +3,9 @@
 // command line and reports all show the same words and sums from here.
 #include "model/Holding.h"
 #include "base/Money.h"
+#include "base/Month.h"
+#include "valuation/HoldingFigures.h"
 
-#include <QDateTime>
 #include <QList>
 #include <QString>
 
@@ -14,17 +15,19 @@ namespace HoldingPresentation {
 // What an issue-month cell shows when the holding has no issue date.
 inline constexpr const char *NoIssueMonthText = "mm/yyyy";
 
-// "MM/yyyy", or "mm/yyyy" for no date.
-QString issueMonthText(const QDateTime &month);
-// "MM/yyyy" of a valuation month; empty for no date.
-QString monthText(const QDateTime &month);
+// "MM/yyyy", or "mm/yyyy" for no month.
+QString issueMonthText(Month month);
+// "MM/yyyy" of a valuation month; empty for no month.
+QString monthText(Month month);
 // The remark a holding's line carries: why it shows no value, else that its value was computed
 // rather than published. Every status lacking pricing data is one remark; the window and the
 // command line word it, and say why.
 enum class Remark { None, NoPricingData, NotYetRedeemable, Computed };
-Remark remarkOf(const Holding &holding);
+Remark remarkOf(const HoldingFigures &holding);
 // The remark when it says why there is no value; None otherwise (a computed value included).
-Remark pricingRemarkOf(const Holding &holding);
+Remark pricingRemarkOf(const HoldingFigures &holding);
+// What a computed value is, in the words the window's tip and the command line's note share.
+QString derivedValueNote();
 // A rate as "3.94%".
 QString percentText(float rate);
 }
@@ -41,7 +44,7 @@ struct HoldingTotals
     Pennies interestEarned = 0;
     Pennies value = 0;
 
-    void add(const Holding &holding);
+    void add(const HoldingFigures &holding);
     // Reads every figure in one batch of the portfolio's database reader.
     static HoldingTotals of(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
 };

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <QTimeZone>
 #include <limits>
 
 namespace {
@@ -13,6 +14,13 @@ const QString HoldingClass = QStringLiteral("Holding");
 const QString PersonClass = QStringLiteral("Person");
 const QString SeriesClass = QStringLiteral("Series");
 const QString NSObjectClass = QStringLiteral("NSObject");
+
+// The file needs an instant for an issue month. Noon UTC on the first falls on the first in
+// every time zone, so the month reads back the same wherever the file is opened.
+QDateTime instantOf(Month month)
+{
+    return QDateTime(QDate(month.year(), month.month(), 1), QTime(12, 0), QTimeZone::utc());
+}
 
 std::shared_ptr<ArchiveObject> makeObject(const QString &className)
 {
@@ -55,7 +63,7 @@ public:
         object->set(QString::fromLatin1(HoldingKey::Quantity), qint64(holding.quantity()));
         object->set(QString::fromLatin1(HoldingKey::FaceValue), qint64(holding.faceValue()));
         object->set(QString::fromLatin1(HoldingKey::IssueDate),
-                    holding.issueDate().isValid() ? ArchiveRef(ArchiveDate{holding.issueDate()}) : ArchiveRef());
+                    holding.issueDate().isNull() ? ArchiveRef() : ArchiveRef(ArchiveDate{instantOf(holding.issueDate())}));
         object->set(QString::fromLatin1(HoldingKey::SerialNumber),
                     holding.serialNumber().isNull() ? ArchiveRef() : ArchiveRef(holding.serialNumber()));
         object->set(QString::fromLatin1(HoldingKey::Owner), person(holding.owner()));
@@ -201,7 +209,8 @@ private:
         return *converted.insert(key, instant.toLocalTime());
     }
 
-    static QDateTime date(const ArchiveObject &object)
+    // The file keeps an instant; the holding keeps the month it falls in here.
+    static Month date(const ArchiveObject &object)
     {
         const ArchiveRef ref = reference(object, HoldingKey::IssueDate);
         if (std::holds_alternative<std::monostate>(ref))
@@ -209,7 +218,7 @@ private:
         if (const auto *value = std::get_if<ArchiveDate>(&ref)) {
             if (!value->instant.isValid())
                 throw DecodeFailure{damaged(QStringLiteral("an issue date is out of range"))};
-            return localTime(value->instant);
+            return Month::of(localTime(value->instant));
         }
         throw DecodeFailure{damaged(QStringLiteral("an issue date is not a date"))};
     }

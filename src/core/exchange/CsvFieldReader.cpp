@@ -58,7 +58,7 @@ Pennies faceValue(QStringView text)
     return pennies;
 }
 
-QDateTime issueMonth(const QString &text)
+Month issueMonth(const QString &text)
 {
     static const QRegularExpression pattern(QStringLiteral("^ *([0-9]{1,2})/([0-9]{4}) *$"));
     const QRegularExpressionMatch match = pattern.match(text);
@@ -66,10 +66,9 @@ QDateTime issueMonth(const QString &text)
         return {};
     const int month = match.captured(1).toInt();
     const int year = match.captured(2).toInt();
-    const QDate first(year, month, 1);
-    if (!first.isValid())
+    if (month < 1 || month > 12 || year < 1)
         return {};
-    return QDateTime(first, QTime(0, 0), Qt::LocalTime);
+    return Month(year, month);
 }
 
 const Series *series(QStringView text)

@@ -6,6 +6,8 @@
 // exactly as they always have, quirks included.
 #include "base/Money.h"
 
+#include "base/Month.h"
+
 #include <QDateTime>
 #include <QList>
 #include <QString>
@@ -32,10 +34,10 @@ qint32 integerValue(QStringView text);
 //   number of digits: 50.5 is 5005 pennies, 50.50 is 5050. Three or more pieces add nothing.
 Pennies faceValue(QStringView text);
 
-// "M/YYYY" or "MM/YYYY", optionally surrounded by blanks: the first day of the month at
-// midnight, local time. Anything else (another month number, a two-digit year, trailing
-// text) gives an invalid date.
-QDateTime issueMonth(const QString &text);
+// "M/YYYY" or "MM/YYYY", optionally surrounded by spaces (and stricter than Month's reader: no
+// blank beside the slash). Anything else (another month number, a two-digit year, trailing
+// text) gives no month.
+Month issueMonth(const QString &text);
 
 // The series a field names, its surrounding double quotes removed first; nullptr for none.
 const Series *series(QStringView text);

@@ -1,7 +1,5 @@
 #include "exchange/ExportText.h"
 
-#include "document/BondPortfolio.h"
-
 #include <QSaveFile>
 #include <charconv>
 
@@ -64,18 +62,6 @@ bool writeFileAtomically(const QString &path, const ChunkWriter &writer, QString
         return false;
     }
     return true;
-}
-
-std::unique_ptr<BondAssessor::ReadBatch> readBatchFor(const QList<std::shared_ptr<Holding>> &holdings)
-{
-    for (const auto &holding : holdings) {
-        if (holding && holding->portfolio()) {
-            auto batch = std::make_unique<BondAssessor::ReadBatch>(holding->portfolio()->assessor());
-            holding->portfolio()->prefetchValues(holdings);
-            return batch;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace ExportText

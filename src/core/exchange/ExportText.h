@@ -3,15 +3,11 @@
 // numbers independent of the user's locale, and atomic file writing.
 #include "base/Money.h"
 
-#include "valuation/BondAssessor.h"
-
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <functional>
-#include <memory>
 
-class Holding;
 class QIODevice;
 
 namespace ExportText {
@@ -33,7 +29,4 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, QString *
 // whenever it grows past a chunk, so that a large export never sits whole in memory.
 using ChunkWriter = std::function<void(QByteArray &buffer, const std::function<void()> &flushIfFull)>;
 bool writeFileAtomically(const QString &path, const ChunkWriter &writer, QString *error = nullptr);
-
-// One consistent, fast read of the figures of holdings that share a portfolio (null when none has).
-std::unique_ptr<BondAssessor::ReadBatch> readBatchFor(const QList<std::shared_ptr<Holding>> &holdings);
 }

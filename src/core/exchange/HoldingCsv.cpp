@@ -1,5 +1,6 @@
 #include "exchange/HoldingCsv.h"
 
+#include "document/BondPortfolio.h"
 #include "exchange/ExportText.h"
 
 namespace {
@@ -24,19 +25,20 @@ QString csvHeader()
                           "Serial Number,Owner,Co-owner,Beneficiary\n");
 }
 
-QString asCSV(const Holding &holding)
+QString asCSV(const Holding &holding, const ValuationContext &context)
 {
-    const QDate issued = holding.issueDate().date();
-    const int month = issued.isValid() ? issued.month() : 0;
-    const int year = issued.isValid() ? issued.year() : 0;
+    const HoldingFigures figures(context, holding.facts());
+    const Month issued = holding.issueDate();
+    const int month = issued.isNull() ? 0 : issued.month();
+    const int year = issued.isNull() ? 0 : issued.year();
     const QChar comma = QLatin1Char(',');
     return QLatin1Char('"') + holding.series()->label() + QLatin1Char('"') + comma
         + QString::number(holding.quantity()) + comma
         + QString::number(month) + QLatin1Char('/') + QString::number(year) + comma
         + dollars(holding.issuePrice()) + comma
         + dollars(holding.faceValue()) + comma
-        + dollars(holding.interestEarned()) + comma
-        + dollars(holding.value()) + comma
+        + dollars(figures.interestEarned()) + comma
+        + dollars(figures.value()) + comma
         + holding.serialNumber() + comma
         + nameOf(holding.owner()) + comma
         + nameOf(holding.coOwner()) + comma
@@ -48,29 +50,33 @@ QString asCSV(const Holding &holding)
 namespace PortfolioCsv {
 
 namespace {
-void appendCsv(QByteArray &buffer, const QList<HoldingRef> &holdings, const std::function<void()> &flushIfFull)
+void appendCsv(QByteArray &buffer, const BondPortfolio &portfolio, const QList<HoldingRef> &holdings,
+               const std::function<void()> &flushIfFull)
 {
-    const auto batch = ExportText::readBatchFor(holdings);
+    const BondAssessor::ReadBatch batch(portfolio.assessor());
+    portfolio.prefetchValues(holdings);
+    const ValuationContext context = portfolio.valuationContext();
     buffer += ExportText::latin1Bytes(HoldingCsv::csvHeader());
     for (const HoldingRef &holding : holdings) {
-        buffer += ExportText::latin1Bytes(HoldingCsv::asCSV(*holding));
+        buffer += ExportText::latin1Bytes(HoldingCsv::asCSV(*holding, context));
         flushIfFull();
     }
 }
 }
 
-QByteArray csvRepresentation(const QList<HoldingRef> &holdings)
+QByteArray csvRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
 {
     QByteArray bytes;
-    appendCsv(bytes, holdings, [] {});
+    appendCsv(bytes, portfolio, holdings, [] {});
     return bytes;
 }
 
-ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const QList<HoldingRef> &holdings)
+ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const BondPortfolio &portfolio,
+                                             const QList<HoldingRef> &holdings)
 {
     ExchangeOutcome outcome;
     outcome.succeeded = ExportText::writeFileAtomically(
-        path, [&](QByteArray &buffer, const std::function<void()> &flushIfFull) { appendCsv(buffer, holdings, flushIfFull); },
+        path, [&](QByteArray &buffer, const std::function<void()> &flushIfFull) { appendCsv(buffer, portfolio, holdings, flushIfFull); },
         &outcome.detail);
     return outcome;
 }

@@ -7,6 +7,7 @@
 // feed, and the text is ISO Latin 1 with '?' for what Latin 1 cannot hold.
 #include "exchange/ExchangeOutcome.h"
 #include "model/Holding.h"
+#include "valuation/HoldingFigures.h"
 
 #include <QByteArray>
 #include <QList>
@@ -15,16 +16,19 @@
 namespace HoldingCsv {
 // "Bond Series,Quantity,Issue Date,...,Beneficiary\n": 11 columns, 118 bytes.
 QString csvHeader();
-// The holding's line, with the figures as of its portfolio's valuation date, ending in "\n".
+// The holding's line, with the figures as of the context's month, ending in "\n".
 // Face value and issue price are those of one bond, value and interest those of the whole
 // holding. A holding without issue date writes "0/0".
-QString asCSV(const Holding &holding);
+QString asCSV(const Holding &holding, const ValuationContext &context);
 }
+
+class BondPortfolio;
 
 namespace PortfolioCsv {
 // The header's bytes followed by each holding's line, in list order.
-QByteArray csvRepresentation(const QList<HoldingRef> &holdings);
+QByteArray csvRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
 // Writes csvRepresentation atomically, replacing any file of that name. A failure has no alert
 // (the window only beeps) but carries the reason in its detail. Never touches the document.
-ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const QList<HoldingRef> &holdings);
+ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const BondPortfolio &portfolio,
+                                             const QList<HoldingRef> &holdings);
 }

@@ -13,8 +13,8 @@ struct IssueMonth
 // A holding without issue date writes month and year 0.
 IssueMonth issueMonthOf(const Holding &holding)
 {
-    const QDate issued = holding.issueDate().date();
-    if (!issued.isValid())
+    const Month issued = holding.issueDate();
+    if (issued.isNull())
         return {};
     return {issued.month(), issued.year()};
 }
@@ -62,9 +62,5 @@ QString asQuickenTransaction(const Holding &holding)
         + QStringLiteral("\rM") + memo(holding, issued) + QStringLiteral("\r^\r");
 }
 
-QStringList valuesSinceIssue(const Holding &holding)
-{
-    return holding.valuesSinceIssue();
-}
 
 } // namespace HoldingQuicken

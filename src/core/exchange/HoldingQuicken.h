@@ -16,6 +16,4 @@ QString quickenName(const Holding &holding);
 // price times the quantity) and the shares that buys, with a memo naming the series, serial
 // number, issue month and registration.
 QString asQuickenTransaction(const Holding &holding);
-// The price lines "security,dollars,MM/1/YYYY\r" of every month with a positive value.
-QStringList valuesSinceIssue(const Holding &holding);
 }

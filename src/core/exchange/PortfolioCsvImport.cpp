@@ -49,7 +49,7 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
             ++rejected;
             continue;
         }
-        holding->setPortfolio(&portfolio);
+        portfolio.adopt(*holding);
         added << holding;
     }
 

@@ -20,25 +20,30 @@ using FlushIfFull = std::function<void()>;
 class PriceLines
 {
 public:
+    explicit PriceLines(const BondPortfolio &portfolio) : m_portfolio(portfolio) {}
+
     const QByteArray &of(const Holding &holding)
     {
         const QString symbol = holding.security();
         auto found = m_lines.find(symbol);
         if (found == m_lines.end()) {
             found = m_lines.insert(symbol, QByteArray());
-            holding.appendValuesSinceIssue(*found);
+            m_portfolio.figuresOf(holding).appendValuesSinceIssue(*found);
         }
         return *found;
     }
+    const BondPortfolio &portfolio() const { return m_portfolio; }
 
 private:
+    const BondPortfolio &m_portfolio;
     QHash<QString, QByteArray> m_lines;
 };
 
 void appendPriceList(QByteArray &out, const QList<HoldingRef> &holdings, const FlushIfFull &flushIfFull,
                      PriceLines &lines)
 {
-    const auto batch = ExportText::readBatchFor(holdings);
+    const BondAssessor::ReadBatch batch(lines.portfolio().assessor());
+    lines.portfolio().prefetchValues(holdings);
     out += "!Type:Prices\r";
     for (const HoldingRef &holding : holdings) {
         out += lines.of(*holding);
@@ -50,7 +55,6 @@ void appendPriceList(QByteArray &out, const QList<HoldingRef> &holdings, const F
 void appendPortfolio(QByteArray &out, const QString &accountName, const QList<HoldingRef> &holdings,
                      const FlushIfFull &flushIfFull, PriceLines &lines)
 {
-    const auto batch = ExportText::readBatchFor(holdings);
     out += "!Type:Security\r";
     for (const HoldingRef &holding : holdings) {
         out += latin1Bytes(QLatin1Char('N') + HoldingQuicken::quickenName(*holding) + QStringLiteral("\rS")
@@ -69,25 +73,20 @@ void appendPortfolio(QByteArray &out, const QString &accountName, const QList<Ho
 }
 } // namespace
 
-QByteArray quickenPriceListRepresentation(const QList<HoldingRef> &holdings)
+QByteArray quickenPriceListRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
 {
     QByteArray bytes;
-    PriceLines lines;
+    PriceLines lines(portfolio);
     appendPriceList(bytes, holdings, [] {}, lines);
-    return bytes;
-}
-
-QByteArray quickenPortfolioRepresentation(const QString &accountName, const QList<HoldingRef> &holdings)
-{
-    QByteArray bytes;
-    PriceLines lines;
-    appendPortfolio(bytes, accountName, holdings, [] {}, lines);
     return bytes;
 }
 
 QByteArray quickenPortfolioRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
 {
-    return quickenPortfolioRepresentation(portfolio.displayName(), holdings);
+    QByteArray bytes;
+    PriceLines lines(portfolio);
+    appendPortfolio(bytes, portfolio.displayName(), holdings, [] {}, lines);
+    return bytes;
 }
 
 } // namespace PortfolioQuicken
@@ -111,7 +110,7 @@ Outcome exportToQuickenFileSet(const BondPortfolio &portfolio, const QList<Holdi
     outcome.paths = pathsInDirectory(directory);
     // The price list always covers the whole portfolio; the positions only the chosen holdings.
     using ExportText::writeFileAtomically;
-    PortfolioQuicken::PriceLines lines;
+    PortfolioQuicken::PriceLines lines(portfolio);
     outcome.succeeded =
         writeFileAtomically(
             outcome.paths.priceList,

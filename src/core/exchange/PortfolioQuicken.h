@@ -15,11 +15,9 @@ namespace PortfolioQuicken {
 inline constexpr const char *AccountDescription = "Generated with Quillmere";
 
 // "!Type:Prices\r", every price line of each holding in list order, "^\r".
-QByteArray quickenPriceListRepresentation(const QList<HoldingRef> &holdings);
-// Securities, the account named accountName, the purchases, then the price list of the same
-// holdings.
-QByteArray quickenPortfolioRepresentation(const QString &accountName, const QList<HoldingRef> &holdings);
-// The same with the document's display name as the account name.
+QByteArray quickenPriceListRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
+// Securities, the account named after the document, the purchases, then the price list of the
+// same holdings.
 QByteArray quickenPortfolioRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
 }
 

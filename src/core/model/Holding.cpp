@@ -1,7 +1,7 @@
 #include "model/Holding.h"
 
-#include "document/BondPortfolio.h"
 #include "base/UserDefaults.h"
+#include "valuation/BondAssessor.h"
 
 namespace HoldingKey {
 
@@ -106,14 +106,14 @@ void Holding::setFaceValue(Pennies faceValue)
     announce(HoldingKey::FaceValue, old);
 }
 
-void Holding::setIssueDate(const QDateTime &issueDate)
+void Holding::setIssueDate(Month issueDate)
 {
     ChangeScope scope(this);
-    if (issueDate.isValid() == m_issueDate.isValid() && issueDate == m_issueDate)
+    if (issueDate == m_issueDate)
         return;
-    const QDateTime old = m_issueDate;
+    const Month old = m_issueDate;
     m_issueDate = issueDate;
-    announce(HoldingKey::IssueDate, old.isValid() ? QVariant(old) : QVariant());
+    announce(HoldingKey::IssueDate, old.isNull() ? QVariant() : QVariant::fromValue(old));
 }
 
 void Holding::setSerialNumber(const QString &serialNumber)
@@ -205,53 +205,9 @@ void Holding::deleteTitleHolder(const Person *person)
         setBeneficiary(nullptr);
 }
 
-BondPortfolio *Holding::portfolio() const
+bool Holding::validateIssueDate(Month proposed, const BondAssessor &database, ValidationError *error) const
 {
-    return m_portfolio.data();
-}
-
-void Holding::setPortfolio(BondPortfolio *portfolio)
-{
-    ChangeScope scope(this);
-    m_portfolio = portfolio;
-    if (!portfolio)
-        return;
-    QList<PersonRef> people = portfolio->titleHolders();
-    auto listed = [&people](const PersonRef &person) -> PersonRef {
-        for (const PersonRef &candidate : people) {
-            if (samePerson(candidate.get(), person.get()))
-                return candidate;
-        }
-        return nullptr;
-    };
-    bool peopleChanged = false;
-    if (m_owner) {
-        if (const PersonRef own = listed(m_owner)) {
-            setOwner(own);
-        } else {
-            // The unlisted owner joins the title holders and leaves this holding's owner role:
-            // long-standing behaviour that files and users rely on.
-            people << m_owner;
-            peopleChanged = true;
-            setOwner(nullptr);
-        }
-    }
-    if (m_coOwner) {
-        if (const PersonRef own = listed(m_coOwner))
-            setCoOwner(own);
-    }
-    if (m_beneficiary) {
-        if (const PersonRef own = listed(m_beneficiary))
-            setBeneficiary(own);
-    }
-    if (peopleChanged)
-        portfolio->setTitleHolders(people);
-}
-
-bool Holding::validateIssueDate(const QDateTime &proposed, ValidationError *error) const
-{
-    const BondAssessor *reader = assessor();
-    if (reader && reader->isValidIssueDate(proposed, series()))
+    if (!proposed.isNull() && database.isValidIssueDate(proposed.toDateTime(), series()))
         return true;
     if (error)
         *error = {QString::fromLatin1(IssueDateErrorDomain), 1, QString::fromLatin1(NoIssueDataMessage)};
@@ -279,7 +235,7 @@ QVariant Holding::valueForKey(const QString &key) const
     if (key == QLatin1String(HoldingKey::FaceValue))
         return m_faceValue;
     if (key == QLatin1String(HoldingKey::IssueDate))
-        return m_issueDate.isValid() ? QVariant(m_issueDate) : QVariant();
+        return m_issueDate.isNull() ? QVariant() : QVariant::fromValue(m_issueDate);
     if (key == QLatin1String(HoldingKey::SerialNumber))
         return m_serialNumber.isNull() ? QVariant() : QVariant(m_serialNumber);
     if (key == QLatin1String(HoldingKey::Paper))
@@ -303,7 +259,7 @@ bool Holding::setValueForKey(const QString &key, const QVariant &value)
     else if (key == QLatin1String(HoldingKey::FaceValue))
         setFaceValue(value.toLongLong());
     else if (key == QLatin1String(HoldingKey::IssueDate))
-        setIssueDate(value.toDateTime());
+        setIssueDate(value.value<Month>());
     else if (key == QLatin1String(HoldingKey::SerialNumber))
         setSerialNumber(value.isValid() ? value.toString() : QString());
     else if (key == QLatin1String(HoldingKey::Paper))

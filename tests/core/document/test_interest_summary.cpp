@@ -19,9 +19,9 @@ protected:
     {
         auto h = Holding::create();
         h->setSeries(Series::seriesForCode(QString::fromLatin1(series)));
-        h->setIssueDate(BondAssessor::monthDate(year, month));
+        h->setIssueDate(Month(year, month));
         h->setFaceValue(2500);
-        h->setPortfolio(&portfolio);
+        portfolio.adopt(*h);
         portfolio.appendHolding(h);
         return h;
     }
@@ -47,9 +47,9 @@ TEST_F(InterestSummary, CumulativeAndYearlyOverTheHoldingsShown)
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2001, 25}, {2002, 100}, {2003, 110}, {2004, 290}}));
     EXPECT_EQ(announced, 1);
 
-    portfolio.setHoldingsFilter([&](const Holding &h) { return &h == iBond.get(); });
-    EXPECT_EQ(portfolio.interestSummary(), (Rows{{2003, 10}, {2004, 90}}));
-    EXPECT_EQ(announced, 2);
+    const PersonRef owner = people.person("Ann", "Smith");
+    iBond->setOwner(owner);
+    EXPECT_EQ(portfolio.interestSummary(HoldingFilter({owner})), (Rows{{2003, 10}, {2004, 90}}));
 }
 
 TEST_F(InterestSummary, SkipsLeadingZeroYearsButKeepsLaterOnes)
@@ -129,9 +129,10 @@ TEST_P(QuantityBelowOne, CountsAsNoBondsInEveryTotal)
         const Holding &h = *each->holdings().at(1);
         EXPECT_EQ(h.quantity(), GetParam());
         EXPECT_TRUE(h.hasQuantityBelowOne());
-        EXPECT_EQ(h.value(), 0);
-        EXPECT_EQ(h.interestEarned(), 0);
-        EXPECT_EQ(h.compoundAnnualGrowthRate(), 0.0f);
+        const HoldingFigures figures = each->figuresOf(h);
+        EXPECT_EQ(figures.value(), 0);
+        EXPECT_EQ(figures.interestEarned(), 0);
+        EXPECT_EQ(figures.compoundAnnualGrowthRate(), 0.0f);
         EXPECT_EQ(each->interestSummary(), summary);
         const HoldingTotals totals = HoldingTotals::of(*each, each->holdings());
         EXPECT_EQ(totals.quantity, alone.quantity);

@@ -182,7 +182,7 @@ TEST(KeyedArchiveOfTheMacProgram, CalendarDatesAndUnreadBinaryDataAreRead)
         ASSERT_TRUE(archive.ok) << archive.error.toStdString();
         const auto decoded = PortfolioArchive::decodePortfolio(archive.root, PeopleStore(QString()));
         ASSERT_TRUE(decoded.ok) << decoded.error.toStdString();
-        EXPECT_EQ(decoded.holdings.at(0)->issueDate().toUTC(), noon);
+        EXPECT_EQ(decoded.holdings.at(0)->issueDate(), Month::of(noon.toLocalTime()));
     }
     // Where a value is read, data is still refused.
     const auto spoilt = KeyedArchive::decode(soundArchiveWith([](plist_t a) {

@@ -16,7 +16,7 @@ protected:
         : portfolio(&people.store, ValueTable().finish())
     {
         portfolio.setTitleHolders({ann, bob});
-        bond->setPortfolio(&portfolio);
+        portfolio.adopt(*bond);
         bond->setFaceValue(5000);
         portfolio.setHoldings({bond});
         portfolio.undoStack()->clear();
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(EditCase{"series", [](Holding &h, auto &, auto &) { h.setSeries(Series::seriesForCode("I")); }},
                       EditCase{"quantity", [](Holding &h, auto &, auto &) { h.setQuantity(4); }},
                       EditCase{"paper", [](Holding &h, auto &, auto &) { h.setPaper(false); }},
-                      EditCase{"issueDate", [](Holding &h, auto &, auto &) { h.setIssueDate(BondAssessor::monthDate(1995, 3)); }},
+                      EditCase{"issueDate", [](Holding &h, auto &, auto &) { h.setIssueDate(Month(1995, 3)); }},
                       EditCase{"faceValue", [](Holding &h, auto &, auto &) { h.setFaceValue(10000); }},
                       EditCase{"serialNumber", [](Holding &h, auto &, auto &) { h.setSerialNumber("Q100"); }},
                       EditCase{"owner", [](Holding &h, auto &ann, auto &) { h.setOwner(ann); }},
@@ -110,7 +110,7 @@ TEST_F(PortfolioUndo, RoleSwapIsOneStepAndUndoesWhole)
 TEST_F(PortfolioUndo, DeletedHoldingReturnsAtItsIndexWithItsRoles)
 {
     auto second = Holding::create();
-    second->setPortfolio(&portfolio);
+    portfolio.adopt(*second);
     portfolio.appendHolding(second);
     EXPECT_EQ(stack().undoText(), QStringLiteral("Insert Holding"));
     bond->setOwner(ann);
@@ -139,7 +139,7 @@ TEST_F(PortfolioUndo, DeletedHoldingReturnsAtItsIndexWithItsRoles)
 TEST_F(PortfolioUndo, UndoneInsertionClearsRolesAndRedoRestoresThem)
 {
     auto fresh = Holding::create();
-    fresh->setPortfolio(&portfolio);
+    portfolio.adopt(*fresh);
     fresh->setOwner(bob);
     portfolio.insertHolding(fresh, 0);
     EXPECT_EQ(portfolio.holdings().first(), fresh);
@@ -183,7 +183,7 @@ TEST_F(PortfolioUndo, ActionsOnManyBondsAreOneStep)
     for (int k = 0; k < 20; ++k) {
         twenty << Holding::create();
         twenty.last()->setQuantity(k + 1);
-        twenty.last()->setPortfolio(&portfolio);
+        portfolio.adopt(*twenty.last());
     }
     portfolio.setHoldings(QList<HoldingRef>{bond} + twenty);
     {

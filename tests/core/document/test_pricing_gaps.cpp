@@ -49,8 +49,9 @@ TEST_F(PricingGaps, StatusTellsAMonthNeverSoldFromOneNotPricedYet)
     for (const auto &c : cases) {
         SCOPED_TRACE(testing::Message() << c.code << ' ' << c.year << '-' << c.month);
         const HoldingRef holding = make(c.code, c.year, c.month, 5000);
-        EXPECT_EQ(holding->status(), c.status);
-        EXPECT_EQ(HoldingPresentation::pricingRemarkOf(*holding), c.remark);
+        const HoldingFigures figures = portfolio->figuresOf(*holding);
+        EXPECT_EQ(figures.status(), c.status);
+        EXPECT_EQ(HoldingPresentation::pricingRemarkOf(figures), c.remark);
     }
 }
 

@@ -24,13 +24,15 @@ struct OpenPortfolio
     std::unique_ptr<BondPortfolio> document;
     HoldingRef holding = Holding::create();
 
+    HoldingFigures figures() const { return document->figuresOf(*holding); }
+
     OpenPortfolio()
     {
         EXPECT_TRUE(install(database, {{QStringLiteral("jan.bin"), priceFile('I', 2030, 1, 2001, 2, 3000)}}));
         document = std::make_unique<BondPortfolio>(&people, database);
-        holding->setPortfolio(document.get());
+        document->adopt(*holding);
         holding->setSeries(Series::seriesForCode(QStringLiteral("I")));
-        holding->setIssueDate(BondAssessor::monthDate(2001, 3));
+        holding->setIssueDate(Month(2001, 3));
         holding->setFaceValue(5000);
         holding->setQuantity(2);
         document->setHoldings({holding});
@@ -45,10 +47,10 @@ class ValuesInstalledWhileOpen : public testing::TestWithParam<Installer> {};
 TEST_P(ValuesInstalledWhileOpen, ShowAtTheNextRead)
 {
     OpenPortfolio open;
-    ASSERT_EQ(open.holding->value(), 2 * (3000 + 2) * 2);
+    ASSERT_EQ(open.figures().value(), 2 * (3000 + 2) * 2);
     const QDateTime february = BondAssessor::monthDate(2030, 2);
     EXPECT_FALSE(open.document->validateValueOfDate(february));
-    EXPECT_EQ(open.holding->absoluteValueAsOfDate(february), 0); // read once: nothing yet
+    EXPECT_EQ(open.figures().absoluteValueAsOfMonth(Month::of(february)), 0); // read once: nothing yet
 
     if (GetParam() == Installer::ThisProcess) {
         ASSERT_TRUE(install(open.database, {{QStringLiteral("feb.bin"), priceFile('I', 2030, 2, 2001, 2, 4000)}}));
@@ -65,9 +67,9 @@ TEST_P(ValuesInstalledWhileOpen, ShowAtTheNextRead)
 
     EXPECT_TRUE(open.document->validateValueOfDate(february));
     EXPECT_EQ(open.document->assessor().maximumRedemptionDate(), february);
-    EXPECT_EQ(open.holding->absoluteValueAsOfDate(february), (4000 + 2) * 2);
+    EXPECT_EQ(open.figures().absoluteValueAsOfMonth(Month::of(february)), (4000 + 2) * 2);
     ASSERT_TRUE(open.document->setValueOfDate(february));
-    EXPECT_EQ(open.holding->value(), 2 * (4000 + 2) * 2);
+    EXPECT_EQ(open.figures().value(), 2 * (4000 + 2) * 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Installers, ValuesInstalledWhileOpen,
@@ -81,19 +83,19 @@ TEST(ValuationFreshness, MonthsBackAndForthAndEditsBetweenReads)
     const QDateTime february = BondAssessor::monthDate(2030, 2);
     for (int round = 0; round < 2; ++round) {
         open.document->setValueOfDate(february);
-        EXPECT_EQ(open.holding->value(), 2 * (4000 + 2) * 2);
+        EXPECT_EQ(open.figures().value(), 2 * (4000 + 2) * 2);
         open.document->setValueOfDate(january);
-        EXPECT_EQ(open.holding->value(), 2 * (3000 + 2) * 2);
+        EXPECT_EQ(open.figures().value(), 2 * (3000 + 2) * 2);
     }
     // Each edit shows at once: another issue month, face value, quantity, and a bond without data.
-    open.holding->setIssueDate(BondAssessor::monthDate(2002, 7));
-    EXPECT_EQ(open.holding->value(), 2 * (3000 + 12 + 6) * 2);
+    open.holding->setIssueDate(Month(2002, 7));
+    EXPECT_EQ(open.figures().value(), 2 * (3000 + 12 + 6) * 2);
     open.holding->setFaceValue(2500);
     open.holding->setQuantity(3);
-    EXPECT_EQ(open.holding->value(), 3 * (3000 + 18));
+    EXPECT_EQ(open.figures().value(), 3 * (3000 + 18));
     open.holding->setSeries(Series::seriesForCode(QStringLiteral("E")));
-    EXPECT_EQ(open.holding->value(), 0);
-    EXPECT_TRUE(lacksPricingData(open.holding->status()));
+    EXPECT_EQ(open.figures().value(), 0);
+    EXPECT_TRUE(lacksPricingData(open.figures().status()));
 }
 
 } // namespace

@@ -13,7 +13,7 @@ TEST(Holding, NewHoldingTakesTheDefaults)
     UserDefaults::remove(paperKey);
     Holding plain;
     EXPECT_EQ(std::tuple(plain.quantity(), plain.faceValue(), plain.series(), plain.isPaper()), std::tuple(1, Pennies(0), Series::eeBond(), true));
-    EXPECT_FALSE(plain.issueDate().isValid());
+    EXPECT_TRUE(plain.issueDate().isNull());
     EXPECT_TRUE(plain.serialNumber().isNull());
     EXPECT_TRUE(plain.registration().isNull());
 
@@ -101,7 +101,7 @@ TEST(Holding, JoiningAPortfolioSwapsInItsPeopleAndEnlistsAnUnknownOwner)
     Holding pasted;
     pasted.setOwner(Person::create(listedAnn->record()));
     pasted.setBeneficiary(cyCopy);
-    pasted.setPortfolio(&portfolio);
+    portfolio.adopt(pasted);
     EXPECT_EQ(pasted.owner(), listedAnn);
     EXPECT_EQ(pasted.beneficiary(), cy);
     EXPECT_TRUE(cyCopy->beneficiaryHoldings().isEmpty());
@@ -110,7 +110,7 @@ TEST(Holding, JoiningAPortfolioSwapsInItsPeopleAndEnlistsAnUnknownOwner)
     const PersonRef strangerCoOwner = people.person("Dan", "Brown");
     unknownOwner.setOwner(bob);
     unknownOwner.setCoOwner(strangerCoOwner);
-    unknownOwner.setPortfolio(&portfolio);
+    portfolio.adopt(unknownOwner);
     EXPECT_EQ(unknownOwner.owner(), nullptr) << "an unlisted owner leaves the bond";
     EXPECT_EQ(unknownOwner.coOwner(), strangerCoOwner) << "an unlisted co-owner stays and is not listed";
     QStringList listed;
@@ -124,9 +124,9 @@ TEST(Holding, IssueDateValidationAsksTheDatabaseForTheSeries)
     PortfolioFixture fixture(ValueTable().add("E", 2005, 1, 1980, 6, 9000), BondAssessor::monthDate(2005, 1));
     const HoldingRef h = fixture.make("E", 0, 0, 2500);
     ValidationError error;
-    EXPECT_TRUE(h->validateIssueDate(BondAssessor::monthDate(1980, 6), &error));
+    EXPECT_TRUE(h->validateIssueDate(Month(1980, 6), fixture.portfolio->assessor(), &error));
     h->setSeries(Series::seriesForCode(QStringLiteral("I")));
-    EXPECT_FALSE(h->validateIssueDate(BondAssessor::monthDate(1980, 6), &error));
+    EXPECT_FALSE(h->validateIssueDate(Month(1980, 6), fixture.portfolio->assessor(), &error));
     EXPECT_EQ(error.domain, QStringLiteral("HoldingIssueDate"));
     EXPECT_EQ(error.code, 1);
     EXPECT_EQ(error.message, QStringLiteral("No pricing data available for bonds with that issue date. Do you need to update your bond values?"));

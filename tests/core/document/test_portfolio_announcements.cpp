@@ -1,5 +1,5 @@
-// Which holdings a portfolio shows when people are selected, and the announcements item models
-// rely on: before-and-after pairs for list changes, and a refresh when the database's range moves.
+// The announcements item models rely on: before-and-after pairs for list changes, and a refresh
+// when the database's range moves.
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
 #include "document/BondPortfolio.h"
@@ -11,28 +11,20 @@
 
 namespace {
 
-class PeopleFilter : public ::testing::Test
+class PortfolioAnnouncements : public ::testing::Test
 {
 protected:
-    PeopleFilter()
+    PortfolioAnnouncements()
         : portfolio(&people.store, ValueTable().finish())
     {
         portfolio.setTitleHolders({ann, bob, cy});
         for (const HoldingRef &bond : bonds)
-            bond->setPortfolio(&portfolio);
+            portfolio.adopt(*bond);
         bonds[0]->setOwner(ann);
         bonds[1]->setCoOwner(bob);
         bonds[1]->setOwner(cy);
         bonds[2]->setBeneficiary(bob);
         portfolio.setHoldings(bonds);
-    }
-
-    QList<Holding *> shown() const
-    {
-        QList<Holding *> out;
-        for (const HoldingRef &h : portfolio.shownHoldings())
-            out << h.get();
-        return out;
     }
 
     PeopleFixture people;
@@ -41,40 +33,7 @@ protected:
     const QList<HoldingRef> bonds{Holding::create(), Holding::create(), Holding::create(), Holding::create()};
 };
 
-TEST_F(PeopleFilter, ShowsHoldingsNamingAnySelectedPersonInAnyRole)
-{
-    EXPECT_EQ(shown().size(), 4);
-    portfolio.setSelectedPeople({bob});
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[1].get(), bonds[2].get()}));
-    portfolio.setSelectedPeople({ann, bob});
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get(), bonds[1].get(), bonds[2].get()}));
-    portfolio.setSelectedPeople({});
-    EXPECT_EQ(shown().size(), 4);
-}
-
-TEST_F(PeopleFilter, ANewHoldingStaysShownUntilTheFilterChanges)
-{
-    portfolio.setSelectedPeople({ann});
-    const HoldingRef added = portfolio.addNewHolding(1);
-    EXPECT_EQ(portfolio.holdings().at(1), added);
-    EXPECT_EQ(added->portfolio(), &portfolio);
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get(), added.get()}));
-    portfolio.setSelectedPeople({ann});
-    EXPECT_EQ(shown(), (QList<Holding *>{bonds[0].get()}));
-}
-
-TEST_F(PeopleFilter, APersonLeavingTheListNoLongerNarrowsTheHoldings)
-{
-    portfolio.setSelectedPeople({ann});
-    int filterChanges = 0;
-    QObject::connect(&portfolio, &BondPortfolio::holdingsFilterChanged, [&] { ++filterChanges; });
-    portfolio.deleteTitleHolderFromAllBonds(ann);
-    EXPECT_EQ(filterChanges, 1);
-    EXPECT_TRUE(portfolio.selectedPeople().isEmpty());
-    EXPECT_EQ(shown().size(), 4);
-}
-
-TEST_F(PeopleFilter, ListChangesAreAnnouncedBeforeAndAfter)
+TEST_F(PortfolioAnnouncements, ListChangesAreAnnouncedBeforeAndAfter)
 {
     QStringList order;
     auto note = [&order](const char *what) { return [&order, what] { order << QLatin1String(what); }; };
@@ -90,7 +49,7 @@ TEST_F(PeopleFilter, ListChangesAreAnnouncedBeforeAndAfter)
     EXPECT_EQ(order, (QStringList{"before insert", "insert", "before reset", "reset", "before people", "people"}));
 }
 
-TEST_F(PeopleFilter, ANewDatabaseRangeRefreshesEveryFigure)
+TEST_F(PortfolioAnnouncements, ANewDatabaseRangeRefreshesEveryFigure)
 {
     int figures = 0, summaries = 0;
     QObject::connect(&portfolio, &BondPortfolio::figuresChanged, [&] { ++figures; });

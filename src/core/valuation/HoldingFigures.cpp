@@ -1,0 +1,156 @@
+#include "valuation/HoldingFigures.h"
+
+#include "base/Series.h"
+#include "valuation/BondAssessor.h"
+#include "valuation/ValueHistory.h"
+
+#include <algorithm>
+#include <cmath>
+
+std::pair<Month, Month> ValuationContext::interestPeriod() const
+{
+    if (month.isNull())
+        return {};
+    const int year = month.year();
+    if (month.month() <= 4)
+        return {Month(year - 1, 11), Month(year, 5)};
+    if (month.month() <= 10)
+        return {Month(year, 5), Month(year, 11)};
+    return {Month(year, 11), Month(year + 1, 5)};
+}
+
+qint64 HoldingFigures::rawValueAsOfMonth(Month month) const
+{
+    if (!m_context.assessor)
+        return RedemptionMarker::NoPricingData;
+    if (m_bond.issueMonth.isNull())
+        return RedemptionMarker::NoIssueDate;
+    const qint32 stored = m_context.assessor->history(m_bond.series, m_bond.issueMonth.index()).at(month.index());
+    return BondAssessor::scaled(BondAssessor::adjusted(stored, m_bond.pricingCorrectionFactor()), m_bond.faceValue);
+}
+
+Pennies HoldingFigures::absoluteValueAsOfMonth(Month month) const
+{
+    if (!m_context.assessor)
+        return 0;
+    const qint64 value = rawValueAsOfMonth(month);
+    return value < 0 ? 0 : value;
+}
+
+Pennies HoldingFigures::value() const
+{
+    return absoluteValueAsOfMonth(m_context.month) * m_bond.countedQuantity();
+}
+
+Pennies HoldingFigures::cumulativeInterestEarnedAsOfMonth(Month month) const
+{
+    const Pennies cost = issuePrice() * m_bond.countedQuantity();
+    const Pennies worth = absoluteValueAsOfMonth(month) * m_bond.countedQuantity();
+    return cost < worth ? worth - cost : 0;
+}
+
+void HoldingFigures::addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums) const
+{
+    if (!m_context.assessor || m_bond.issueMonth.isNull())
+        return;
+    // One history and one cost for every year: the same figures as asking year by year.
+    const ValueHistory &values = m_context.assessor->history(m_bond.series, m_bond.issueMonth.index());
+    const int factor = m_bond.pricingCorrectionFactor();
+    const qint64 quantity = m_bond.countedQuantity();
+    const Pennies cost = issuePrice() * quantity;
+    for (int year = toYear; year >= fromYear; --year) {
+        const qint64 perBond =
+            BondAssessor::scaled(BondAssessor::adjusted(values.at(Month(year, 12).index()), factor), m_bond.faceValue);
+        const Pennies worth = (perBond < 0 ? 0 : perBond) * quantity;
+        sums[year - fromYear] += cost < worth ? worth - cost : 0;
+    }
+}
+
+Pennies HoldingFigures::interestEarned() const
+{
+    return cumulativeInterestEarnedAsOfMonth(m_context.month);
+}
+
+bool HoldingFigures::isValidIssue() const
+{
+    return rawValueAsOfMonth(m_context.month) != RedemptionMarker::NoPricingData;
+}
+
+bool HoldingFigures::isRedeemableIssue() const
+{
+    return rawValueAsOfMonth(m_context.month) != RedemptionMarker::NotRedeemable;
+}
+
+HoldingStatus HoldingFigures::status() const
+{
+    if (value() != 0)
+        return HoldingStatus::Valued;
+    if (!isValidIssue()) {
+        // The series' dates and the valuation month tell a value no update will ever bring from one
+        // not published yet.
+        const Month issued = m_bond.issueMonth;
+        if (!m_bond.series->wasIssuedIn(issued))
+            return issued < m_bond.series->firstIssue() ? HoldingStatus::BeforeSeriesBegan
+                                                        : HoldingStatus::AfterSeriesEnded;
+        if (!issued.isNull() && !m_context.month.isNull() && issued > m_context.month)
+            return HoldingStatus::NotIssuedYet;
+        return HoldingStatus::NoPricingData;
+    }
+    if (!isRedeemableIssue())
+        return HoldingStatus::NotYetRedeemable;
+    return HoldingStatus::Valued;
+}
+
+qint32 HoldingFigures::monthsHeld() const
+{
+    if (m_bond.issueMonth.isNull() || m_context.month.isNull())
+        return 0;
+    return std::max(0, m_context.month.index() - m_bond.issueMonth.index());
+}
+
+float HoldingFigures::currentYield() const
+{
+    const auto [first, last] = m_context.interestPeriod();
+    const Pennies start = absoluteValueAsOfMonth(first);
+    const Pennies end = absoluteValueAsOfMonth(last);
+    if (start == 0 || end == 0)
+        return 0.0f;
+    const float growth = static_cast<float>(end - start) / static_cast<float>(start);
+    const float percent = growth * 100.0f;
+    return percent * 2.0f; // a half year's growth, annualised
+}
+
+float HoldingFigures::compoundAnnualGrowthRate() const
+{
+    if (m_bond.countedQuantity() == 0)
+        return 0.0f;
+    const Pennies price = issuePrice();
+    const Pennies perBond = value() / m_bond.countedQuantity();
+    const float years = static_cast<float>(monthsHeld()) / 12.0f;
+    if (price <= 0 || perBond <= 0)
+        return 0.0f;
+    if (!(years > 0.0f))
+        return 0.0f;
+    const double exponent = static_cast<double>(1.0f / years);
+    const double ratio = static_cast<double>(static_cast<float>(perBond) / static_cast<float>(price));
+    const float grown = static_cast<float>(std::pow(ratio, exponent));
+    return (grown - 1.0f) * 100.0f;
+}
+
+bool HoldingFigures::isValueDerived() const
+{
+    return m_context.assessor && !m_bond.issueMonth.isNull() && rawValueAsOfMonth(m_context.month) > 0
+        && m_context.assessor->history(m_bond.series, m_bond.issueMonth.index()).isDerived(m_context.month.index());
+}
+
+QStringList HoldingFigures::valuesSinceIssue() const
+{
+    return m_context.assessor ? m_context.assessor->valuesSinceIssue(m_bond.terms()) : QStringList();
+}
+
+void HoldingFigures::appendValuesSinceIssue(QByteArray &out) const
+{
+    if (m_context.assessor && !m_bond.issueMonth.isNull())
+        m_context.assessor->appendValuesSinceIssue(out, m_bond.series, m_bond.issueMonth.index(),
+                                                   m_bond.security().toLatin1());
+}
