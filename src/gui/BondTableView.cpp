@@ -1,7 +1,5 @@
 #include "BondTableView.h"
 
-#include "valuation/BondAssessor.h"
-
 #include <QApplication>
 #include <QDrag>
 #include <QHeaderView>
@@ -10,7 +8,6 @@
 #include <QJsonObject>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <optional>
 
 BondTableView::BondTableView(QWidget *parent)
     : QTableView(parent)
@@ -113,12 +110,4 @@ void BondTableView::keyPressEvent(QKeyEvent *event)
         return;
     }
     QTableView::keyPressEvent(event);
-}
-
-void BondTableView::paintEvent(QPaintEvent *event)
-{
-    std::optional<BondAssessor::ReadBatch> batch;
-    if (m_figures)
-        batch.emplace(*m_figures);
-    QTableView::paintEvent(event);
 }

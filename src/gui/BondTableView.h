@@ -3,8 +3,6 @@
 // and never move or remove anything; Tab walks the editable cells; Enter and F2 start editing.
 #include <QTableView>
 
-class BondAssessor;
-
 class BondTableView : public QTableView
 {
     Q_OBJECT
@@ -12,8 +10,6 @@ public:
     static constexpr const char *TableIndicesType = "QBBondPortfolioTableIndices";
 
     explicit BondTableView(QWidget *parent = nullptr);
-    // The database reader whose figures the rows show: a repaint reads them all in one batch.
-    void setFigureSource(const BondAssessor *assessor) { m_figures = assessor; }
 
     // What a drag of these rows (as shown) carries, marked as coming from this table.
     QMimeData *mimeDataForRows(const QList<int> &rows) const;
@@ -24,8 +20,4 @@ protected:
     void startDrag(Qt::DropActions supportedActions) override;
     QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    const BondAssessor *m_figures = nullptr;
 };

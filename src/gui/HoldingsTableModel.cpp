@@ -13,14 +13,24 @@ using namespace HoldingColumns;
 HoldingsTableModel::HoldingsTableModel(BondPortfolio *portfolio, QObject *parent)
     : QAbstractTableModel(parent)
     , m_portfolio(portfolio)
+    , m_figures(portfolio)
 {
+    // Figures are read as the rows come and change, never while they are painted.
     connect(portfolio, &BondPortfolio::holdingsAboutToBeReset, this, &HoldingsTableModel::beginResetModel);
-    connect(portfolio, &BondPortfolio::holdingsReset, this, &HoldingsTableModel::endResetModel);
+    connect(portfolio, &BondPortfolio::holdingsReset, this, [this] {
+        m_figures.refreshAll();
+        endResetModel();
+    });
     connect(portfolio, &BondPortfolio::holdingAboutToBeInserted, this,
             [this](int index) { beginInsertRows({}, index, index); });
-    connect(portfolio, &BondPortfolio::holdingInserted, this, &HoldingsTableModel::endInsertRows);
-    connect(portfolio, &BondPortfolio::holdingAboutToBeRemoved, this,
-            [this](int index) { beginRemoveRows({}, index, index); });
+    connect(portfolio, &BondPortfolio::holdingInserted, this, [this](int index) {
+        m_figures.refresh(*m_portfolio->holdings().at(index));
+        endInsertRows();
+    });
+    connect(portfolio, &BondPortfolio::holdingAboutToBeRemoved, this, [this](int index) {
+        m_figures.forget(m_portfolio->holdings().at(index).get());
+        beginRemoveRows({}, index, index);
+    });
     connect(portfolio, &BondPortfolio::holdingRemoved, this, &HoldingsTableModel::endRemoveRows);
     connect(portfolio, &BondPortfolio::holdingChanged, this,
             [this](Holding *holding, const QString &) { holdingChanged(holding); });
@@ -30,6 +40,7 @@ HoldingsTableModel::HoldingsTableModel(BondPortfolio *portfolio, QObject *parent
         if (rowCount() > 0)
             emit dataChanged(index(0, Owner), index(rowCount() - 1, Registration));
     });
+    m_figures.refreshAll();
 }
 
 HoldingRef HoldingsTableModel::holdingAt(int row) const
@@ -71,7 +82,7 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(descriptor(column).alignment);
     case Qt::ForegroundRole:
-        return lineColor(m_portfolio->figuresOf(holding).status());
+        return lineColor(m_figures.of(holding).status);
     case Qt::ToolTipRole:
         if (column == Quantity && holding.hasQuantityBelowOne())
             return tr("quantity below 1: counts as no bonds");
@@ -80,7 +91,7 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
         return {};
     case Qt::FontRole:
         // Values the program computed rather than the Treasury published are set in italics.
-        if ((column == Value || column == InterestEarned) && m_portfolio->figuresOf(holding).isValueDerived()) {
+        if ((column == Value || column == InterestEarned) && m_figures.of(holding).valueDerived) {
             QFont italic;
             italic.setItalic(true);
             return italic;
@@ -106,7 +117,7 @@ QVariant HoldingsTableModel::lineColor(HoldingStatus status)
 QVariant HoldingsTableModel::displayData(const Holding &holding, int column) const
 {
     auto name = [](const PersonRef &person) { return person ? person->name() : QString(); };
-    const HoldingFigures figures = m_portfolio->figuresOf(holding);
+    const RowFigures &figures = m_figures.of(holding);
     switch (column) {
     case HoldingColumns::Series:
         return holding.series()->label();
@@ -119,13 +130,13 @@ QVariant HoldingsTableModel::displayData(const Holding &holding, int column) con
     case IssuePrice:
         return formatDollars(holding.issuePrice());
     case InterestEarned:
-        return formatDollars(figures.interestEarned());
+        return formatDollars(figures.interestEarned);
     case Value:
-        return formatDollars(figures.value());
+        return formatDollars(figures.value);
     case CurrentYield:
-        return HoldingPresentation::percentText(figures.currentYield());
+        return HoldingPresentation::percentText(figures.currentYield);
     case GrowthRate:
-        return HoldingPresentation::percentText(figures.compoundAnnualGrowthRate());
+        return HoldingPresentation::percentText(figures.growthRate);
     case SerialNumber:
         return holding.serialNumber();
     case Paper:
@@ -167,7 +178,7 @@ QVariant HoldingsTableModel::editData(const Holding &holding, int column) const
 
 QVariant HoldingsTableModel::sortData(const Holding &holding, int column) const
 {
-    const HoldingFigures figures = m_portfolio->figuresOf(holding);
+    const RowFigures &figures = m_figures.of(holding);
     switch (column) {
     case HoldingColumns::Series:
         return holding.series()->label();
@@ -178,13 +189,13 @@ QVariant HoldingsTableModel::sortData(const Holding &holding, int column) const
     case IssuePrice:
         return holding.issuePrice();
     case InterestEarned:
-        return figures.interestEarned();
+        return figures.interestEarned;
     case Value:
-        return figures.value();
+        return figures.value;
     case CurrentYield:
-        return figures.currentYield();
+        return figures.currentYield;
     case GrowthRate:
-        return figures.compoundAnnualGrowthRate();
+        return figures.growthRate;
     case Paper:
         return holding.isPaper();
     default:
@@ -304,15 +315,16 @@ PersonRef HoldingsTableModel::titleHolderWithId(const QString &uniqueId) const
 void HoldingsTableModel::holdingChanged(Holding *holding)
 {
     const int row = m_portfolio->indexOfHolding(holding);
-    if (row >= 0)
-        emit dataChanged(index(row, 0), index(row, Count - 1));
+    if (row < 0)
+        return;
+    m_figures.refresh(*holding);
+    emit dataChanged(index(row, 0), index(row, Count - 1));
 }
 
 void HoldingsTableModel::figuresChanged()
 {
+    m_figures.refreshAll();
     if (rowCount() == 0)
         return;
-    // One batch for the whole table: a sorted view re-reads every figure now.
-    BondAssessor::ReadBatch batch(m_portfolio->assessor());
     emit dataChanged(index(0, 0), index(rowCount() - 1, Count - 1));
 }

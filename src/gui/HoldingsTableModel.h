@@ -2,6 +2,7 @@
 // The bond table's model: one row per holding of the portfolio, in the document's order, one
 // column per HoldingColumns entry. Texts and figures come from the holding and the core's
 // presentation helpers; edits go to the holding's setters, which the document records for undo.
+#include "BondTableFigures.h"
 #include "model/Holding.h"
 #include "valuation/HoldingFigures.h"
 
@@ -45,4 +46,5 @@ private:
     void figuresChanged();
 
     BondPortfolio *m_portfolio;
+    BondTableFigures m_figures;
 };

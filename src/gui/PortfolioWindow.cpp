@@ -149,7 +149,6 @@ QWidget *PortfolioWindow::createBondTable()
     layout->setContentsMargins(0, 0, 0, 0);
     m_bondTable = new BondTableView(panel);
     m_bondTable->setModel(m_filterModel);
-    m_bondTable->setFigureSource(&m_portfolio->assessor());
     m_bondTable->setItemDelegate(new HoldingDelegate(m_portfolio.get(), m_bondTable));
     for (int column = 0; column < HoldingColumns::Count; ++column)
         m_bondTable->setColumnWidth(column, HoldingColumns::descriptor(column).width);

@@ -16,6 +16,7 @@
 
 #include <QAction>
 #include <QColor>
+#include <QElapsedTimer>
 #include <QFont>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -181,6 +182,39 @@ private slots:
         QCOMPARE(GuiTest::alertTexts(&window), QStringList{QString::fromLatin1(BondPortfolio::NoValuationDataMessage)});
         window.valuationPicker()->setDate(QDate(2015, 7, 1));
         QCOMPARE(window.portfolio()->valueOfDate().date(), QDate(2015, 7, 1));
+    }
+
+    // Another program holds the database (installing a file, say): the table still paints at once,
+    // with the figures it read before, since painting reads memory only. (The program's own wait
+    // for a held database is 10 seconds.)
+    void theTablePaintsWhileAnotherProgramHoldsTheDatabase()
+    {
+        const QString path = GuiTest::path("held.bvdb");
+        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path));
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        auto *portfolio = new BondPortfolio(nullptr, path);
+        QString error;
+        QVERIFY2(portfolio->readFromFile(GuiTest::samplePath(), &error), qPrintable(error));
+        PortfolioWindow window(portfolio);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QModelIndex value = window.bondTable()->model()->index(1, HoldingColumns::Value);
+        const QString shown = value.data().toString();
+        QVERIFY(shown.startsWith(u'$'));
+
+        sqlite3 *db = nullptr;
+        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
+        // The shipped file keeps its rollback journal: an exclusive lock keeps every reader out.
+        QCOMPARE(sqlite3_exec(db, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
+        QElapsedTimer clock;
+        clock.start();
+        window.bondTable()->viewport()->grab();
+        const qint64 elapsed = clock.elapsed();
+        const QString shownMeanwhile = value.data().toString();
+        sqlite3_exec(db, "rollback", nullptr, nullptr, nullptr);
+        sqlite3_close(db);
+        QVERIFY2(elapsed < 2000, qPrintable(QString::number(elapsed)));
+        QCOMPARE(shownMeanwhile, shown);
     }
 
     void everyPickerFollowsANewDatabaseRange()

@@ -1,5 +1,7 @@
 #include "document/BondPortfolio.h"
 
+#include "document/PortfolioReading.h"
+
 #include "document/PortfolioUndo.h"
 #include "model/PeopleStore.h"
 #include "base/Series.h"
@@ -36,7 +38,7 @@ void BondPortfolio::redemptionValuesChanged()
 
 BondPortfolio::~BondPortfolio()
 {
-    for (const HoldingRef &holding : std::as_const(m_holdings))
+    for (const HoldingRef &holding : std::as_const(m_data.holdings))
         m_recorder->stopObserving(holding.get());
     // Commands keep removed holdings alive; let them go while this object is still whole.
     delete m_undoStack;
@@ -45,13 +47,13 @@ BondPortfolio::~BondPortfolio()
 
 void BondPortfolio::setHoldings(const QList<HoldingRef> &holdings)
 {
-    if (holdings == m_holdings)
+    if (holdings == m_data.holdings)
         return;
     emit holdingsAboutToBeReset();
-    for (const HoldingRef &holding : std::as_const(m_holdings))
+    for (const HoldingRef &holding : std::as_const(m_data.holdings))
         m_recorder->stopObserving(holding.get());
-    m_holdings = holdings;
-    for (const HoldingRef &holding : std::as_const(m_holdings))
+    m_data.holdings = holdings;
+    for (const HoldingRef &holding : std::as_const(m_data.holdings))
         m_recorder->startObserving(holding);
     emit holdingsReset();
     emit interestSummaryChanged();
@@ -59,9 +61,9 @@ void BondPortfolio::setHoldings(const QList<HoldingRef> &holdings)
 
 void BondPortfolio::insertHolding(const HoldingRef &holding, int index)
 {
-    if (!holding || m_holdings.contains(holding))
+    if (!holding || m_data.holdings.contains(holding))
         return;
-    index = std::clamp(index, 0, int(m_holdings.size()));
+    index = std::clamp(index, 0, int(m_data.holdings.size()));
     m_recorder->record(new InsertHoldingCommand(this, holding, index));
 }
 
@@ -70,21 +72,21 @@ void BondPortfolio::appendHoldings(const QList<HoldingRef> &holdings)
     if (holdings.isEmpty())
         return;
     // Installed at once, as loading does, then recorded as the one step it was.
-    setHoldings(m_holdings + holdings);
+    setHoldings(m_data.holdings + holdings);
     m_recorder->record(new AppendHoldingsCommand(this, holdings));
 }
 
 void BondPortfolio::removeHoldingAt(int index)
 {
-    if (index < 0 || index >= m_holdings.size())
+    if (index < 0 || index >= m_data.holdings.size())
         return;
     m_recorder->record(new DeleteHoldingCommand(this, index));
 }
 
 int BondPortfolio::indexOfHolding(const Holding *holding) const
 {
-    for (qsizetype i = 0; i < m_holdings.size(); ++i) {
-        if (m_holdings.at(i).get() == holding)
+    for (qsizetype i = 0; i < m_data.holdings.size(); ++i) {
+        if (m_data.holdings.at(i).get() == holding)
             return int(i);
     }
     return -1;
@@ -92,24 +94,24 @@ int BondPortfolio::indexOfHolding(const Holding *holding) const
 
 void BondPortfolio::insertHoldingWithoutRecording(const HoldingRef &holding, int index)
 {
-    index = std::clamp(index, 0, int(m_holdings.size()));
+    index = std::clamp(index, 0, int(m_data.holdings.size()));
     emit holdingAboutToBeInserted(index);
     m_recorder->startObserving(holding);
-    m_holdings.insert(index, holding);
+    m_data.holdings.insert(index, holding);
     emit holdingInserted(index);
     emit interestSummaryChanged();
 }
 
 HoldingRef BondPortfolio::takeHoldingWithoutRecording(int index)
 {
-    const HoldingRef holding = m_holdings.at(index);
+    const HoldingRef holding = m_data.holdings.at(index);
     emit holdingAboutToBeRemoved(index);
     m_recorder->stopObserving(holding.get());
     // Unobserved, so clearing the roles records nothing; it unlinks the people's lists.
     holding->setOwner(nullptr);
     holding->setCoOwner(nullptr);
     holding->setBeneficiary(nullptr);
-    m_holdings.removeAt(index);
+    m_data.holdings.removeAt(index);
     emit holdingRemoved(index);
     emit interestSummaryChanged();
     return holding;
@@ -125,10 +127,10 @@ HoldingRef BondPortfolio::addNewHolding(int index)
 
 void BondPortfolio::setTitleHolders(const QList<PersonRef> &people)
 {
-    if (people == m_titleHolders)
+    if (people == m_data.titleHolders)
         return;
     if (!m_recorder->isApplying())
-        m_recorder->record(new SetTitleHoldersCommand(this, m_titleHolders, people));
+        m_recorder->record(new SetTitleHoldersCommand(this, m_data.titleHolders, people));
     installTitleHolders(people);
 }
 
@@ -140,15 +142,9 @@ void BondPortfolio::setTitleHoldersWithoutRecording(const QList<PersonRef> &peop
 
 void BondPortfolio::installTitleHolders(const QList<PersonRef> &people)
 {
-    QList<PersonRef> sorted;
-    for (const PersonRef &person : people) {
-        if (person)
-            sorted << person;
-    }
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const PersonRef &a, const PersonRef &b) { return a->name() < b->name(); });
+    const QList<PersonRef> sorted = Portfolio::sortedByName(people);
     emit titleHoldersAboutToChange();
-    m_titleHolders = sorted;
+    m_data.titleHolders = sorted;
     emit titleHoldersChanged();
 }
 
@@ -158,15 +154,15 @@ void BondPortfolio::deleteTitleHolderFromAllBonds(const PersonRef &person)
         return;
     // Roles name the list's own objects; the caller may hold an equal one.
     QList<const Person *> objects{person.get()};
-    for (const PersonRef &listed : std::as_const(m_titleHolders)) {
+    for (const PersonRef &listed : std::as_const(m_data.titleHolders)) {
         if (listed != person && samePerson(listed.get(), person.get()))
             objects << listed.get();
     }
     UndoStep step(*this, UndoActionName::EditPeople);
-    QList<PersonRef> remaining = m_titleHolders;
+    QList<PersonRef> remaining = m_data.titleHolders;
     remaining.removeIf([&person](const PersonRef &p) { return samePerson(p.get(), person.get()); });
     setTitleHolders(remaining);
-    const QList<HoldingRef> holdings = m_holdings;
+    const QList<HoldingRef> holdings = m_data.holdings;
     for (const HoldingRef &holding : holdings) {
         for (const Person *object : std::as_const(objects))
             holding->deleteTitleHolder(object);
@@ -226,32 +222,7 @@ QString BondPortfolio::displayName() const
 
 void BondPortfolio::adopt(Holding &holding)
 {
-    QList<PersonRef> people = m_titleHolders;
-    auto listed = [&people](const PersonRef &person) -> PersonRef {
-        for (const PersonRef &candidate : people) {
-            if (samePerson(candidate.get(), person.get()))
-                return candidate;
-        }
-        return nullptr;
-    };
-    bool peopleChanged = false;
-    if (const PersonRef owner = holding.owner()) {
-        if (const PersonRef own = listed(owner)) {
-            holding.setOwner(own);
-        } else {
-            people << owner;
-            peopleChanged = true;
-            holding.setOwner(nullptr);
-        }
-    }
-    if (const PersonRef coOwner = holding.coOwner()) {
-        if (const PersonRef own = listed(coOwner))
-            holding.setCoOwner(own);
-    }
-    if (const PersonRef beneficiary = holding.beneficiary()) {
-        if (const PersonRef own = listed(beneficiary))
-            holding.setBeneficiary(own);
-    }
-    if (peopleChanged)
+    QList<PersonRef> people = m_data.titleHolders;
+    if (PortfolioReading::adopt(people, holding))
         setTitleHolders(people);
 }

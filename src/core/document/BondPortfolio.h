@@ -9,6 +9,7 @@
 #include "document/DocumentFileWriter.h"
 #include "model/Holding.h"
 #include "model/HoldingFilter.h"
+#include "model/Portfolio.h"
 #include "base/Money.h"
 #include "model/Person.h"
 #include "base/ValidationError.h"
@@ -28,6 +29,7 @@
 #include <utility>
 
 class PeopleStore;
+namespace PortfolioReading { struct Result; }
 class PortfolioRecorder;
 class QUndoStack;
 class Series;
@@ -68,13 +70,16 @@ public:
                            QObject *parent = nullptr);
     ~BondPortfolio() override;
 
+    // The holdings and title holders, as data.
+    const Portfolio &data() const { return m_data; }
+
     // --- Holdings ---
-    const QList<HoldingRef> &holdings() const { return m_holdings; }
+    const QList<HoldingRef> &holdings() const { return m_data.holdings; }
     // Installs a whole list (loading, import). Records nothing for undo.
     void setHoldings(const QList<HoldingRef> &holdings);
     // Undoable insertion and removal of single holdings. The holding should know its portfolio.
     void insertHolding(const HoldingRef &holding, int index);
-    void appendHolding(const HoldingRef &holding) { insertHolding(holding, int(m_holdings.size())); }
+    void appendHolding(const HoldingRef &holding) { insertHolding(holding, int(m_data.holdings.size())); }
     // Appends a whole list (an import) as one undoable "Insert Holding".
     void appendHoldings(const QList<HoldingRef> &holdings);
     void removeHoldingAt(int index);
@@ -87,7 +92,7 @@ public:
     void adopt(Holding &holding);
 
     // --- Title holders ---
-    const QList<PersonRef> &titleHolders() const { return m_titleHolders; }
+    const QList<PersonRef> &titleHolders() const { return m_data.titleHolders; }
     // Sorts by name and records an undoable "Edit People".
     void setTitleHolders(const QList<PersonRef> &people);
     // Removes the person from the list and from every role on every holding.
@@ -183,9 +188,9 @@ private:
     HoldingRef takeHoldingWithoutRecording(int index);
     void installTitleHolders(const QList<PersonRef> &people);
     void storeValueOfDate(const QDateTime &date);
+    bool install(const PortfolioReading::Result &read, QString *error);
 
-    QList<HoldingRef> m_holdings;
-    QList<PersonRef> m_titleHolders;
+    Portfolio m_data;
     SummaryMode m_summaryMode = SummaryMode::Cumulative;
     std::unique_ptr<BondAssessor> m_assessor;
     QDateTime m_valueOfDate;

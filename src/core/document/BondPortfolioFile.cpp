@@ -3,14 +3,9 @@
 
 #include "document/KeyedArchive.h"
 #include "document/PortfolioArchive.h"
+#include "document/PortfolioReading.h"
 
-#include <QFile>
 #include <QUndoStack>
-
-namespace {
-// Far above any real portfolio; refuses to read whatever huge file was chosen by mistake.
-constexpr qint64 MaximumFileSize = 64 * 1024 * 1024;
-}
 
 QByteArray BondPortfolio::dataRepresentation(const QString &typeName, QString *error) const
 {
@@ -20,7 +15,7 @@ QByteArray BondPortfolio::dataRepresentation(const QString &typeName, QString *e
         return {};
     }
     QString encodeError;
-    const QByteArray data = KeyedArchive::encode(PortfolioArchive::encodePortfolio(m_holdings, m_titleHolders),
+    const QByteArray data = KeyedArchive::encode(PortfolioArchive::encodePortfolio(m_data.holdings, m_data.titleHolders),
                                                  &encodeError);
     if (data.isEmpty() && error)
         *error = encodeError.isEmpty() ? QStringLiteral("The portfolio could not be encoded.") : encodeError;
@@ -29,25 +24,20 @@ QByteArray BondPortfolio::dataRepresentation(const QString &typeName, QString *e
 
 bool BondPortfolio::loadDataRepresentation(const QByteArray &data, QString *error)
 {
-    const KeyedArchive::DecodeResult archive = KeyedArchive::decode(data);
-    if (!archive.ok) {
+    return install(PortfolioReading::fromData(data, *m_people, m_data.titleHolders), error);
+}
+
+bool BondPortfolio::install(const PortfolioReading::Result &read, QString *error)
+{
+    if (!read.ok) {
         if (error)
-            *error = archive.error;
+            *error = read.error;
         return false;
     }
-    const PortfolioArchive::Decoded decoded = PortfolioArchive::decodePortfolio(archive.root, *m_people);
-    if (!decoded.ok) {
-        if (error)
-            *error = decoded.error;
-        return false;
-    }
-    // Everything decoded: only now does the document change.
-    if (decoded.hasTitleHolders)
-        setTitleHolders(decoded.titleHolders);
-    for (const HoldingRef &holding : decoded.holdings)
-        adopt(*holding);
-    setHoldings(decoded.holdings);
-    m_missingPeople = decoded.missingPeople;
+    // Everything read: only now does the document change.
+    setTitleHolders(read.portfolio.titleHolders);
+    setHoldings(read.portfolio.holdings);
+    m_missingPeople = read.missingPeople;
     m_summaryMode = SummaryMode::Cumulative;
     // Loading is not an edit: nothing of it can be undone.
     m_undoStack->clear();
@@ -76,18 +66,7 @@ bool BondPortfolio::saveToFile(const QString &path, PortfolioSaveFailure *failur
 
 bool BondPortfolio::readFromFile(const QString &path, QString *error)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        if (error)
-            *error = QStringLiteral("Could not open %1: %2").arg(path, file.errorString());
-        return false;
-    }
-    if (file.size() > MaximumFileSize) {
-        if (error)
-            *error = QStringLiteral("%1 is far too large to be a portfolio.").arg(path);
-        return false;
-    }
-    if (!loadDataRepresentation(file.readAll(), error))
+    if (!install(PortfolioReading::fromFile(path, *m_people, m_data.titleHolders), error))
         return false;
     setFileName(path);
     return true;

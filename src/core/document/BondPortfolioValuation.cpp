@@ -48,19 +48,13 @@ void BondPortfolio::setSummaryMode(SummaryMode mode)
 
 void BondPortfolio::prefetchValues(const QList<HoldingRef> &holdings) const
 {
-    QList<std::pair<const Series *, int>> bonds;
-    bonds.reserve(holdings.size());
-    for (const HoldingRef &holding : holdings) {
-        if (!holding->issueDate().isNull())
-            bonds.append({holding->series(), holding->issueDate().index()});
-    }
-    m_assessor->prefetch(bonds);
+    Portfolio::prefetchValues(*m_assessor, holdings);
 }
 
 QList<InterestSummaryRow> BondPortfolio::interestSummary(const HoldingFilter &filter) const
 {
     QList<BondFacts> bonds;
-    const QList<HoldingRef> shown = filter.shownOf(m_holdings);
+    const QList<HoldingRef> shown = filter.shownOf(m_data.holdings);
     bonds.reserve(shown.size());
     for (const HoldingRef &holding : shown)
         bonds.append(holding->facts());

@@ -1,0 +1,28 @@
+#include "model/Portfolio.h"
+
+#include "valuation/BondAssessor.h"
+
+#include <algorithm>
+
+QList<PersonRef> Portfolio::sortedByName(const QList<PersonRef> &people)
+{
+    QList<PersonRef> sorted;
+    for (const PersonRef &person : people) {
+        if (person)
+            sorted << person;
+    }
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const PersonRef &a, const PersonRef &b) { return a->name() < b->name(); });
+    return sorted;
+}
+
+void Portfolio::prefetchValues(const BondAssessor &database, const QList<HoldingRef> &holdings)
+{
+    QList<std::pair<const Series *, int>> bonds;
+    bonds.reserve(holdings.size());
+    for (const HoldingRef &holding : holdings) {
+        if (!holding->issueDate().isNull())
+            bonds.append({holding->series(), holding->issueDate().index()});
+    }
+    database.prefetch(bonds);
+}

@@ -1,0 +1,21 @@
+#pragma once
+// A portfolio as data: its holdings in table order and its title holders sorted by name. What
+// read-only work needs (showing, exporting); the editing document keeps one and adds undo, the
+// edited state and the file.
+#include "model/Holding.h"
+#include "model/Person.h"
+
+#include <QList>
+
+class BondAssessor;
+
+struct Portfolio
+{
+    QList<HoldingRef> holdings;
+    QList<PersonRef> titleHolders;
+
+    // The people without nulls, sorted by name; equal names keep their order.
+    static QList<PersonRef> sortedByName(const QList<PersonRef> &people);
+    // Readies the database values of these holdings ahead of reading all their figures.
+    static void prefetchValues(const BondAssessor &database, const QList<HoldingRef> &holdings);
+};

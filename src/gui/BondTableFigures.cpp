@@ -1,0 +1,36 @@
+#include "BondTableFigures.h"
+
+#include "document/BondPortfolio.h"
+
+RowFigures BondTableFigures::read(const Holding &holding) const
+{
+    const HoldingFigures figures = m_portfolio->figuresOf(holding);
+    return {figures.value(),  figures.interestEarned(), figures.currentYield(), figures.compoundAnnualGrowthRate(),
+            figures.status(), figures.isValueDerived()};
+}
+
+void BondTableFigures::refreshAll()
+{
+    m_rows.clear();
+    const QList<HoldingRef> &holdings = m_portfolio->holdings();
+    if (holdings.isEmpty())
+        return;
+    const BondAssessor::ReadBatch batch(m_portfolio->assessor());
+    m_portfolio->prefetchValues(holdings);
+    m_rows.reserve(holdings.size());
+    for (const HoldingRef &holding : holdings)
+        m_rows.insert(holding.get(), read(*holding));
+}
+
+void BondTableFigures::refresh(const Holding &holding)
+{
+    const BondAssessor::ReadBatch batch(m_portfolio->assessor());
+    m_rows.insert(&holding, read(holding));
+}
+
+const RowFigures &BondTableFigures::of(const Holding &holding) const
+{
+    static const RowFigures none;
+    const auto found = m_rows.constFind(&holding);
+    return found == m_rows.constEnd() ? none : *found;
+}
