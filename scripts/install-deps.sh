@@ -6,6 +6,7 @@ if [ "$(id -u)" -ne 0 ]; then SUDO="sudo"; fi
 packages=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-svg-dev qt6-charts-dev libqt6opengl6-dev
+  qt6-tools-dev qt6-l10n-tools
   libgl-dev
   libsqlite3-dev sqlite3 libplist-dev poppler-utils
   libgtest-dev libgmock-dev libbenchmark-dev

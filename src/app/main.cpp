@@ -22,10 +22,11 @@ int main(int argc, char *argv[])
     UserDefaults::registerDefault(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey), QStringLiteral("N"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Keeps track of United States savings bonds."));
+    parser.setApplicationDescription(QCoreApplication::translate("main", "Keeps track of United States savings bonds."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Portfolios to open (.bondportfolio)."),
+    parser.addPositionalArgument(QStringLiteral("file"),
+                                 QCoreApplication::translate("main", "Portfolios to open (.bondportfolio)."),
                                  QStringLiteral("[FILE...]"));
     parser.process(app);
 

@@ -50,12 +50,14 @@ QString helpText(const QCommandLineParser &parser, const QString &command, const
 {
     QString text = parser.helpText();
     const qsizetype lineEnd = text.indexOf(QLatin1Char('\n'));
-    const QString programUsage = QStringLiteral("Usage: ") + QCoreApplication::arguments().constFirst();
+    // The parser's own words, so that its translation serves both.
+    const QString usageLine = QCoreApplication::translate("QCommandLineParser", "Usage: %1");
+    const QString programUsage = usageLine.arg(QCoreApplication::arguments().constFirst());
     if (lineEnd < 0 || !text.startsWith(programUsage))
         return text;
     const QString rest = usage.isEmpty() ? text.mid(programUsage.size(), lineEnd - programUsage.size())
                                          : QLatin1Char(' ') + usage;
-    return QStringLiteral("Usage: ") + command + rest + text.mid(lineEnd);
+    return usageLine.arg(command) + rest + text.mid(lineEnd);
 }
 
 } // namespace
@@ -80,7 +82,7 @@ bool parseArguments(QCommandLineParser &parser, const QStringList &arguments, co
     }
     if (given.size() > positionals.maximum) {
         *exitStatus = cliFail(positionals.tooMany.isEmpty()
-                                  ? QStringLiteral("unexpected argument '%1'").arg(given.at(positionals.maximum))
+                                  ? CliText::tr("unexpected argument '%1'").arg(given.at(positionals.maximum))
                                   : positionals.tooMany);
         return false;
     }

@@ -1,6 +1,7 @@
 #pragma once
 // Sub-commands of quillmere-cli. Each lives in a file of its own and registers itself with a
 // static CliCommand::Registration, so main() needs no list of them.
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -10,10 +11,16 @@
 
 class QCommandLineParser;
 
+// The command line's words, under one translation context.
+class CliText
+{
+    Q_DECLARE_TR_FUNCTIONS(CliText)
+};
+
 struct CliCommand
 {
     QString name;
-    QString synopsis; // one line for the usage text
+    const char *synopsis; // one line for the usage text, marked with QT_TRANSLATE_NOOP("CliText", ...)
     // Receives the arguments after the sub-command name (argument 0 is "quillmere-cli NAME").
     std::function<int(const QStringList &arguments)> run;
 

@@ -1,5 +1,7 @@
 #include "CliDatabase.h"
 
+#include "CliCommand.h"
+
 #include "valuation/RedemptionDatabase.h"
 
 #include "base/Month.h"
@@ -8,7 +10,7 @@ std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
 {
     const QString path = RedemptionDatabase::path();
     if (path.isEmpty()) {
-        *error = QStringLiteral("no redemption value database found: the program's own copy (%1) is missing "
+        *error = CliText::tr("no redemption value database found: the program's own copy (%1) is missing "
                                 "and %2 is not set")
                      .arg(QLatin1String(RedemptionDatabase::FileName), QLatin1String(RedemptionDatabase::PathEnvironmentVariable));
         return nullptr;
@@ -16,7 +18,7 @@ std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
     auto assessor = std::make_unique<BondAssessor>(path);
     switch (assessor->state()) {
     case BondAssessor::State::Missing:
-        *error = QStringLiteral("the redemption value database %1 does not exist").arg(path);
+        *error = CliText::tr("the redemption value database %1 does not exist").arg(path);
         return nullptr;
     case BondAssessor::State::Unreadable:
         *error = assessor->errorMessage();
@@ -25,7 +27,7 @@ std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
         break;
     }
     if (!assessor->maximumRedemptionDate().isValid()) {
-        *error = QStringLiteral("%1 is not a redemption value database (it holds no redemption months)").arg(path);
+        *error = CliText::tr("%1 is not a redemption value database (it holds no redemption months)").arg(path);
         return nullptr;
     }
     return assessor;
@@ -33,7 +35,7 @@ std::unique_ptr<BondAssessor> openRedemptionDatabase(QString *error)
 
 QString monthText(const QDateTime &date)
 {
-    return date.isValid() ? Month::of(date).toString(Month::Style::Iso) : QStringLiteral("none");
+    return date.isValid() ? Month::of(date).toString(Month::Style::Iso) : CliText::tr("none");
 }
 
 QDateTime monthFromText(const QString &text, MonthSeparators separators)

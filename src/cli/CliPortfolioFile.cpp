@@ -1,6 +1,7 @@
 #include "CliPortfolioFile.h"
 
 #include "CliCommand.h"
+#include "document/SaveFailureReason.h"
 #include "model/PeopleStore.h"
 #include "valuation/RedemptionDatabase.h"
 
@@ -27,13 +28,13 @@ bool applyValuationMonth(BondPortfolio &portfolio, const QDateTime &month, QStri
 std::unique_ptr<BondPortfolio> openPortfolioFile(const QString &path, QString *error, PeopleStore &people)
 {
     if (!QFileInfo(path).isFile()) {
-        *error = QStringLiteral("%1: no such portfolio file").arg(path);
+        *error = CliText::tr("%1: no such portfolio file").arg(path);
         return nullptr;
     }
     auto portfolio = newPortfolio(people);
     QString reason;
     if (!portfolio->readFromFile(path, &reason)) {
-        *error = QStringLiteral("%1: cannot open the portfolio: %2").arg(path, reason);
+        *error = CliText::tr("%1: cannot open the portfolio: %2").arg(path, reason);
         return nullptr;
     }
     return portfolio;
@@ -47,7 +48,7 @@ std::unique_ptr<BondPortfolio> newPortfolio(PeopleStore &people)
 QCommandLineOption peopleFileOption()
 {
     return QCommandLineOption(QStringLiteral("people"),
-                              QStringLiteral("vCard file that names the portfolio's people (default: $%1, else %2 "
+                              CliText::tr("vCard file that names the portfolio's people (default: $%1, else %2 "
                                              "beside the portfolio, else your own people file).")
                                   .arg(QLatin1String(PeopleStore::PathEnvironmentVariable), QLatin1String(PeopleStore::FileName)),
                               QStringLiteral("file"));
@@ -65,15 +66,16 @@ QString missingPeopleText(const BondPortfolio &portfolio)
     const int missing = portfolio.missingPeopleCount();
     if (missing == 0)
         return {};
-    return QStringLiteral("%1 named in %2 %3 not in %4")
-        .arg(missing == 1 ? QStringLiteral("1 person") : QStringLiteral("%1 people").arg(missing), portfolio.fileName(),
-             missing == 1 ? QStringLiteral("is") : QStringLiteral("are"), portfolio.peopleStore().path());
+    if (missing == 1)
+        return CliText::tr("1 person named in %1 is not in %2").arg(portfolio.fileName(), portfolio.peopleStore().path());
+    return CliText::tr("%1 people named in %2 are not in %3")
+        .arg(QString::number(missing), portfolio.fileName(), portfolio.peopleStore().path());
 }
 
 QCommandLineOption valuationMonthOption()
 {
     return QCommandLineOption(QStringLiteral("as-of"),
-                              QStringLiteral("Valuation month, YYYY-MM (default: the latest month with values, "
+                              CliText::tr("Valuation month, YYYY-MM (default: the latest month with values, "
                                              "or this month if earlier)."),
                               QStringLiteral("month"));
 }
@@ -88,7 +90,7 @@ bool readValuationMonth(const QCommandLineParser &parser, const QCommandLineOpti
     *month = monthFromText(text, separators);
     if (month->isValid())
         return true;
-    *error = QStringLiteral("the valuation month must be written YYYY-MM, not '%1'").arg(text);
+    *error = CliText::tr("the valuation month must be written YYYY-MM, not '%1'").arg(text);
     return false;
 }
 
@@ -103,33 +105,14 @@ std::unique_ptr<BondPortfolio> openValuedPortfolio(const QString &path, const QC
     if (!portfolio || !applyValuationMonth(*portfolio, month, error))
         return nullptr;
     if (const QString missing = missingPeopleText(*portfolio); !missing.isEmpty())
-        cliErr() << "quillmere-cli: warning: " << missing << "; their names are left out (name the people file "
-                 << "that holds them with --people FILE)\n";
+        cliErr() << CliText::tr("quillmere-cli: warning: %1; their names are left out (name the people file that "
+                                "holds them with --people FILE)\n")
+                        .arg(missing);
     return portfolio;
 }
 
 QString saveFailureText(const QString &path, const PortfolioSaveFailure &failure)
 {
-    QString why;
-    switch (failure.file.failure) {
-    case FileWriteFailure::None:
-        why = failure.encodeError;
-        if (why.endsWith(u'.'))
-            why.chop(1);
-        break;
-    case FileWriteFailure::DiskFull:
-        why = QStringLiteral("the disk is full");
-        break;
-    case FileWriteFailure::PermissionDenied:
-        why = QStringLiteral("permission denied");
-        break;
-    case FileWriteFailure::ReadOnlyFileSystem:
-        why = QStringLiteral("read-only file system");
-        break;
-    case FileWriteFailure::Other:
-        why = qt_error_string(failure.file.systemError);
-        break;
-    }
-    const QString kept = QFileInfo::exists(path) ? QStringLiteral("; the file is unchanged") : QString();
-    return QStringLiteral("%1: cannot save the portfolio: %2%3").arg(path, why, kept);
+    const QString kept = QFileInfo::exists(path) ? CliText::tr("; the file is unchanged") : QString();
+    return CliText::tr("%1: cannot save the portfolio: %2%3").arg(path, saveFailureReason(failure), kept);
 }

@@ -1,5 +1,7 @@
 #include "HoldingNotes.h"
 
+#include "CliCommand.h"
+
 #include "base/Month.h"
 #include "document/HoldingPresentation.h"
 #include "model/Holding.h"
@@ -9,10 +11,10 @@ namespace {
 QString seriesBonds(const Series *series)
 {
     if (series->code() == QLatin1String("S"))
-        return QStringLiteral("Savings Notes");
+        return CliText::tr("Savings Notes");
     if (series == Series::eeBond())
-        return QStringLiteral("Series EE bonds");
-    return QStringLiteral("Series %1 bonds").arg(series->code());
+        return CliText::tr("Series EE bonds");
+    return CliText::tr("Series %1 bonds").arg(series->code());
 }
 
 
@@ -25,16 +27,16 @@ QString noPricingData(const HoldingFigures &holding)
     const Series *series = holding.bond().series;
     switch (holding.status()) {
     case HoldingStatus::NoPricingData:
-        return QStringLiteral("the database has no value for this bond in that month; \"quillmere-cli update\" "
+        return CliText::tr("the database has no value for this bond in that month; \"quillmere-cli update\" "
                               "installs newer values once the Treasury has published them");
     case HoldingStatus::BeforeSeriesBegan:
-        return QStringLiteral("%1 were first issued in %2; no values exist for this issue month")
+        return CliText::tr("%1 were first issued in %2; no values exist for this issue month")
             .arg(seriesBonds(series), series->firstIssue().toString(Month::Style::Slash));
     case HoldingStatus::AfterSeriesEnded:
-        return QStringLiteral("%1 were last issued in %2; no values exist for this issue month")
+        return CliText::tr("%1 were last issued in %2; no values exist for this issue month")
             .arg(seriesBonds(series), series->lastIssue().toString(Month::Style::Slash));
     case HoldingStatus::NotIssuedYet:
-        return QStringLiteral("this bond was issued in %1, after the valuation month; it has no value before then")
+        return CliText::tr("this bond was issued in %1, after the valuation month; it has no value before then")
             .arg(HoldingPresentation::issueMonthText(holding.bond().issueMonth));
     case HoldingStatus::Valued:
     case HoldingStatus::NotYetRedeemable:
@@ -48,8 +50,8 @@ QString notInTotals(qint64 bonds)
     if (bonds <= 0)
         return {};
     if (bonds == 1)
-        return QStringLiteral("1 bond without pricing data is not in these totals");
-    return QStringLiteral("%1 bonds without pricing data are not in these totals").arg(bonds);
+        return CliText::tr("1 bond without pricing data is not in these totals");
+    return CliText::tr("%1 bonds without pricing data are not in these totals").arg(bonds);
 }
 
 } // namespace HoldingNotes

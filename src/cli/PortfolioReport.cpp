@@ -1,7 +1,8 @@
 #include "PortfolioReport.h"
 
-#include "base/Month.h"
+#include "CliCommand.h"
 #include "HoldingNotes.h"
+#include "base/Month.h"
 
 #include "document/BondPortfolio.h"
 #include "document/HoldingPresentation.h"
@@ -12,6 +13,8 @@
 #include <QJsonObject>
 
 namespace {
+
+using HoldingPresentation::Remark;
 
 QString monthKey(Month month)
 {
@@ -24,10 +27,55 @@ double rateNumber(float rate)
     return QString::number(double(rate), 'g', 7).toDouble();
 }
 
-QString summaryTitle(const BondPortfolio &portfolio)
+// The remark as the report's text words it.
+QString remarkText(Remark remark)
+{
+    switch (remark) {
+    case Remark::NoPricingData:
+        return CliText::tr("no pricing data");
+    case Remark::NotYetRedeemable:
+        return CliText::tr("not yet redeemable");
+    case Remark::Computed:
+        return CliText::tr("computed");
+    case Remark::None:
+        break;
+    }
+    return {};
+}
+
+// The status as the JSON names it, whatever the language: null when the holding has a value.
+QJsonValue statusKey(Remark remark)
+{
+    switch (remark) {
+    case Remark::NoPricingData:
+        return QStringLiteral("no pricing data");
+    case Remark::NotYetRedeemable:
+        return QStringLiteral("not yet redeemable");
+    case Remark::Computed:
+    case Remark::None:
+        break;
+    }
+    return {};
+}
+
+// The summary mode as the JSON names it.
+QString summaryKey(const BondPortfolio &portfolio)
 {
     return portfolio.summaryMode() == SummaryMode::Cumulative ? QStringLiteral("cumulative") : QStringLiteral("yearly");
 }
+
+QString summaryTitle(const BondPortfolio &portfolio)
+{
+    return portfolio.summaryMode() == SummaryMode::Cumulative ? CliText::tr("cumulative") : CliText::tr("yearly");
+}
+
+// The table's column titles.
+const char *const ColumnTitles[] = {
+    QT_TRANSLATE_NOOP("CliText", "Series"),      QT_TRANSLATE_NOOP("CliText", "Qty"),
+    QT_TRANSLATE_NOOP("CliText", "Issued"),      QT_TRANSLATE_NOOP("CliText", "Face value"),
+    QT_TRANSLATE_NOOP("CliText", "Issue price"), QT_TRANSLATE_NOOP("CliText", "Interest"),
+    QT_TRANSLATE_NOOP("CliText", "Value"),       QT_TRANSLATE_NOOP("CliText", "Yield"),
+    QT_TRANSLATE_NOOP("CliText", "Growth"),      QT_TRANSLATE_NOOP("CliText", "Registration")};
 
 } // namespace
 
@@ -39,12 +87,12 @@ QString text(const BondPortfolio &portfolio)
 {
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     QString out;
-    out += QStringLiteral("Portfolio:   %1\n").arg(portfolio.displayName());
-    out += QStringLiteral("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfMonth()));
+    out += CliText::tr("Portfolio:   %1\n").arg(portfolio.displayName());
+    out += CliText::tr("Valued as of %1\n").arg(HoldingPresentation::monthText(portfolio.valueOfMonth()));
     QStringList names;
     for (const PersonRef &person : portfolio.titleHolders())
         names << person->name();
-    out += QStringLiteral("People:      %1\n\n").arg(names.isEmpty() ? QStringLiteral("(none)") : names.join(QLatin1String(", ")));
+    out += CliText::tr("People:      %1\n\n").arg(names.isEmpty() ? CliText::tr("(none)") : names.join(QLatin1String(", ")));
 
     const QString row = QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9  %10\n");
     auto line = [&row](const QStringList &cells) {
@@ -55,8 +103,10 @@ QString text(const BondPortfolio &portfolio)
             text.remove(text.size() - 2, 1);
         return text;
     };
-    out += line({"Series", "Qty", "Issued", "Face value", "Issue price", "Interest", "Value", "Yield", "Growth",
-                 "Registration"});
+    QStringList titles;
+    for (const char *title : ColumnTitles)
+        titles << CliText::tr(title);
+    out += line(titles);
     const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
     bool anyComputed = false;
     QStringList missing; // why bonds lack pricing data, each reason once
@@ -67,11 +117,11 @@ QString text(const BondPortfolio &portfolio)
         if (!h.isPaper())
             series += QStringLiteral("*");
         QString registration = h.registration();
-        const QString why = remarkText(figures);
+        const QString why = remarkText(remarkOf(figures));
         if (!why.isEmpty())
             registration = QStringLiteral("[%1] %2").arg(why, registration);
         if (h.hasQuantityBelowOne())
-            registration = QStringLiteral("[quantity below 1: counts as no bonds] %1").arg(registration);
+            registration = CliText::tr("[quantity below 1: counts as no bonds] %1").arg(registration);
         anyComputed = anyComputed || remarkOf(figures) == Remark::Computed;
         if (const QString note = HoldingNotes::noPricingData(figures); !note.isEmpty() && !missing.contains(note))
             missing << note;
@@ -79,21 +129,21 @@ QString text(const BondPortfolio &portfolio)
                      formatDollars(h.issuePrice()), formatDollars(figures.interestEarned()), formatDollars(figures.value()),
                      percentText(figures.currentYield()), percentText(figures.compoundAnnualGrowthRate()), registration.trimmed()});
     }
-    out += line({"Total", QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
+    out += line({CliText::tr("Total"), QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
                  formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
                  QString(), QString(), QString()});
     if (const QString left = HoldingNotes::notInTotals(totals.withoutPricingData); !left.isEmpty())
         out += QStringLiteral("(%1)\n").arg(left);
-    out += QStringLiteral("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
+    out += CliText::tr("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
     if (anyComputed)
-        out += QStringLiteral("([computed] %1)\n").arg(HoldingPresentation::derivedValueNote());
+        out += CliText::tr("([computed] %1)\n").arg(HoldingPresentation::derivedValueNote());
     for (const QString &note : std::as_const(missing))
-        out += QStringLiteral("([no pricing data] %1)\n").arg(note);
+        out += CliText::tr("([no pricing data] %1)\n").arg(note);
 
-    out += QStringLiteral("\nInterest earned by tax year (%1):\n").arg(summaryTitle(portfolio));
+    out += CliText::tr("\nInterest earned by tax year (%1):\n").arg(summaryTitle(portfolio));
     const QList<InterestSummaryRow> summary = portfolio.interestSummary();
     if (summary.isEmpty())
-        out += QStringLiteral("  (none)\n");
+        out += CliText::tr("  (none)\n");
     for (const InterestSummaryRow &r : summary)
         out += QStringLiteral("  %1 %2\n").arg(r.taxYear).arg(formatDollars(r.interestEarned), 14);
     return out;
@@ -108,7 +158,6 @@ QByteArray json(const BondPortfolio &portfolio)
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
         const HoldingFigures figures = portfolio.figuresOf(h);
-        const QString why = statusText(figures);
         holdings.append(QJsonObject{
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
@@ -127,7 +176,7 @@ QByteArray json(const BondPortfolio &portfolio)
             {"coOwner", person(h.coOwner())},
             {"beneficiary", person(h.beneficiary())},
             {"registration", h.registration().isNull() ? QJsonValue() : QJsonValue(h.registration())},
-            {"status", why.isEmpty() ? QJsonValue() : QJsonValue(why)},
+            {"status", statusKey(pricingRemarkOf(figures))},
             {"computed", figures.isValueDerived()},
         });
     }
@@ -147,7 +196,7 @@ QByteArray json(const BondPortfolio &portfolio)
         {"totals", QJsonObject{{"quantity", totals.quantity}, {"faceValue", totals.faceValue},
                                {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interestEarned},
                                {"value", totals.value}, {"withoutPricingData", totals.withoutPricingData}}},
-        {"summaryMode", summaryTitle(portfolio)},
+        {"summaryMode", summaryKey(portfolio)},
         {"interestSummary", summary},
     };
     return QJsonDocument(root).toJson(QJsonDocument::Indented);

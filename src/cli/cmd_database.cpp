@@ -9,7 +9,7 @@ namespace {
 int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Prints the path of the redemption value database, its earliest and latest\n"
+    parser.setApplicationDescription(CliText::tr("Prints the path of the redemption value database, its earliest and latest\n"
                                                     "redemption months, its number of values and its installed files."));
     int status = 0;
     if (!parseArguments(parser, arguments, PositionalCount::none(), {}, &status))
@@ -19,18 +19,18 @@ int run(const QStringList &arguments)
     if (!assessor)
         return cliFail(error);
     const QStringList files = assessor->installedFiles();
-    cliOut() << "Database:                   " << assessor->databasePath() << '\n'
-             << "Earliest redemption month:  " << monthText(assessor->minimumRedemptionDate()) << '\n'
-             << "Latest redemption month:    " << monthText(assessor->maximumRedemptionDate()) << '\n'
-             << "Values:                     " << assessor->valueCount() << '\n'
-             << "Installed files:            " << files.size() << '\n';
+    cliOut() << CliText::tr("Database:                   %1\n").arg(assessor->databasePath())
+             << CliText::tr("Earliest redemption month:  %1\n").arg(monthText(assessor->minimumRedemptionDate()))
+             << CliText::tr("Latest redemption month:    %1\n").arg(monthText(assessor->maximumRedemptionDate()))
+             << CliText::tr("Values:                     %1\n").arg(assessor->valueCount())
+             << CliText::tr("Installed files:            %1\n").arg(files.size());
     for (const QString &file : files)
         cliOut() << "  " << file << '\n';
     return 0;
 }
 
 const CliCommand::Registration registration({QStringLiteral("database"),
-                                             QStringLiteral("database                 where the redemption value database is and what it holds"),
+                                             QT_TRANSLATE_NOOP("CliText", "database                 where the redemption value database is and what it holds"),
                                              run});
 
 } // namespace

@@ -12,16 +12,16 @@ namespace {
 int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Writes every holding of a portfolio, with its figures as of the "
+    parser.setApplicationDescription(CliText::tr("Writes every holding of a portfolio, with its figures as of the "
                                                     "valuation month, to a CSV file (ISO Latin 1, line feeds)."));
     const QCommandLineOption asOf = valuationMonthOption();
     const QCommandLineOption peopleOption = peopleFileOption();
     parser.addOptions({asOf, peopleOption});
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
-    parser.addPositionalArgument(QStringLiteral("OUT"), QStringLiteral("The CSV file to write (replaced if it exists)."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), CliText::tr("The portfolio document."));
+    parser.addPositionalArgument(QStringLiteral("OUT"), CliText::tr("The CSV file to write (replaced if it exists)."));
     int status = 0;
     if (!parseArguments(parser, arguments,
-                        PositionalCount::exactly(2, QStringLiteral("export-csv needs a portfolio file and an output file (see --help)")),
+                        PositionalCount::exactly(2, CliText::tr("export-csv needs a portfolio file and an output file (see --help)")),
                         {}, &status))
         return status;
     const QStringList paths = parser.positionalArguments();
@@ -35,13 +35,14 @@ int run(const QStringList &arguments)
     const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(paths.at(1), *portfolio, portfolio->holdings());
     if (!outcome.succeeded)
         return cliFail(outcome.detail);
-    cliOut() << "Exported " << portfolio->holdings().size() << " holdings as of " << monthText(portfolio->valueOfDate())
-             << " to " << paths.at(1) << '\n';
+    cliOut() << CliText::tr("Exported %1 holdings as of %2 to %3\n")
+                    .arg(portfolio->holdings().size())
+                    .arg(monthText(portfolio->valueOfDate()), paths.at(1));
     return 0;
 }
 
 const CliCommand::Registration registration({QStringLiteral("export-csv"),
-                                             QStringLiteral("export-csv FILE OUT [--as-of YYYY-MM] [--people FILE]   write a portfolio's holdings as CSV"),
+                                             QT_TRANSLATE_NOOP("CliText", "export-csv FILE OUT [--as-of YYYY-MM] [--people FILE]   write a portfolio's holdings as CSV"),
                                              run});
 
 } // namespace

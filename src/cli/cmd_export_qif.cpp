@@ -3,6 +3,7 @@
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
 #include "model/PeopleStore.h"
+#include "exchange/ExchangeAlerts.h"
 #include "exchange/PortfolioQuicken.h"
 
 #include <QCommandLineParser>
@@ -13,22 +14,22 @@ namespace {
 int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Writes PriceList.qif and Positions.qif for a portfolio into a "
+    parser.setApplicationDescription(CliText::tr("Writes PriceList.qif and Positions.qif for a portfolio into a "
                                                     "directory; numbered names (PriceList-1.qif, ...) when a price list "
                                                     "is already there."));
     const QCommandLineOption asOf = valuationMonthOption();
     const QCommandLineOption peopleOption = peopleFileOption();
     parser.addOptions({asOf, peopleOption});
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The portfolio document."));
-    parser.addPositionalArgument(QStringLiteral("DIR"), QStringLiteral("An existing directory to write into."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), CliText::tr("The portfolio document."));
+    parser.addPositionalArgument(QStringLiteral("DIR"), CliText::tr("An existing directory to write into."));
     int status = 0;
     if (!parseArguments(parser, arguments,
-                        PositionalCount::exactly(2, QStringLiteral("export-qif needs a portfolio file and a directory (see --help)")),
+                        PositionalCount::exactly(2, CliText::tr("export-qif needs a portfolio file and a directory (see --help)")),
                         {}, &status))
         return status;
     const QStringList paths = parser.positionalArguments();
     if (!QFileInfo(paths.at(1)).isDir())
-        return cliFail(QStringLiteral("%1: no such directory").arg(paths.at(1)));
+        return cliFail(CliText::tr("%1: no such directory").arg(paths.at(1)));
 
     // The price history does not depend on the valuation month, but the option is accepted
     // (and checked) so that the export commands take the same arguments.
@@ -40,16 +41,17 @@ int run(const QStringList &arguments)
 
     const QuickenFileSet::Outcome outcome =
         QuickenFileSet::exportToQuickenFileSet(*portfolio, portfolio->holdings(), paths.at(1));
+    const ExchangeAlert alert = ExchangeAlerts::of(outcome);
     if (!outcome.succeeded)
-        return cliFail(QStringLiteral("%1 (%2)").arg(outcome.message, outcome.detail));
-    cliOut() << outcome.title << ": " << outcome.message << '\n'
+        return cliFail(QStringLiteral("%1 (%2)").arg(alert.message, outcome.detail));
+    cliOut() << alert.title << ": " << alert.message << '\n'
              << "  " << outcome.paths.priceList << '\n'
              << "  " << outcome.paths.positions << '\n';
     return 0;
 }
 
 const CliCommand::Registration registration({QStringLiteral("export-qif"),
-                                             QStringLiteral("export-qif FILE DIR [--as-of YYYY-MM] [--people FILE]   write Quicken price list and positions"),
+                                             QT_TRANSLATE_NOOP("CliText", "export-qif FILE DIR [--as-of YYYY-MM] [--people FILE]   write Quicken price list and positions"),
                                              run});
 
 } // namespace

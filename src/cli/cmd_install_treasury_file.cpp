@@ -2,6 +2,7 @@
 // into the user's redemption value database, without an update server.
 #include "CliCommand.h"
 #include "CliDatabase.h"
+#include "update/InstallationSummary.h"
 #include "update/TreasuryFileInstallation.h"
 #include "valuation/RedemptionDatabase.h"
 
@@ -13,7 +14,7 @@ int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value\n"
+        CliText::tr("Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value\n"
                        "files (.csv) into the redemption value database, each in one transaction.\n"
                        "Values the database already holds are passed over and months it holds without\n"
                        "data are filled in; a file whose values contradict it is refused. Values the\n"
@@ -22,9 +23,9 @@ int run(const QStringList &arguments)
                        "their value and fixed-rate EE bonds are computed up to the latest month. Each file\n"
                        "is recorded under its name, so the updater never offers it again.\n"
                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder."));
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The value files to install, in order."), QStringLiteral("FILE..."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), CliText::tr("The value files to install, in order."), QStringLiteral("FILE..."));
     int status = 0;
-    if (!parseArguments(parser, arguments, PositionalCount::atLeast(1, QStringLiteral("install-treasury-file needs a file")), {},
+    if (!parseArguments(parser, arguments, PositionalCount::atLeast(1, CliText::tr("install-treasury-file needs a file")), {},
                         &status))
         return status;
     const QStringList files = parser.positionalArguments();
@@ -33,27 +34,27 @@ int run(const QStringList &arguments)
     const QString database = installation.databasePath();
     switch (installation.check()) {
     case TreasuryFileInstallation::Failure::NoDatabase:
-        return cliFail(QStringLiteral("no redemption value database found"));
+        return cliFail(CliText::tr("no redemption value database found"));
     case TreasuryFileInstallation::Failure::NotWritable:
-        return cliFail(QStringLiteral("the redemption value database %1 cannot be written").arg(database));
+        return cliFail(CliText::tr("the redemption value database %1 cannot be written").arg(database));
     default:
         break;
     }
     // Opened before any file is read: a database that cannot be opened is named as such.
     if (installation.open() != TreasuryFileInstallation::Failure::None)
-        return cliFail(QStringLiteral("cannot open the redemption value database %1").arg(database));
+        return cliFail(CliText::tr("cannot open the redemption value database %1").arg(database));
 
     for (const QString &file : files) {
         const TreasuryFileInstallation::FileResult result = installation.install(file);
         if (!result.installed())
             return cliFail(result.detail);
-        cliOut() << OfficialSourceInstaller::summary(result.fileName, result.outcome) << '\n';
+        cliOut() << installationSummary(result.fileName, result.outcome) << '\n';
     }
     return 0;
 }
 
 const CliCommand::Registration registration(
     {QStringLiteral("install-treasury-file"),
-     QStringLiteral("install-treasury-file FILE...  install Treasury value files into the database"), run});
+     QT_TRANSLATE_NOOP("CliText", "install-treasury-file FILE...  install Treasury value files into the database"), run});
 
 } // namespace

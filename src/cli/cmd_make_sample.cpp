@@ -55,16 +55,16 @@ const SampleHolding Holdings[] = {
 int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Writes sample.%1 and people.vcf into a folder.")
+    parser.setApplicationDescription(CliText::tr("Writes sample.%1 and people.vcf into a folder.")
                                          .arg(QLatin1String(PortfolioFile::Extension)));
-    parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Where the two files go (created if needed)."));
+    parser.addPositionalArgument(QStringLiteral("folder"), CliText::tr("Where the two files go (created if needed)."));
     int status = 0;
-    if (!parseArguments(parser, arguments, PositionalCount::exactly(1, QStringLiteral("give the folder to write to")), {},
+    if (!parseArguments(parser, arguments, PositionalCount::exactly(1, CliText::tr("give the folder to write to")), {},
                         &status))
         return status;
     const QDir folder(parser.positionalArguments().first());
     if (!QDir().mkpath(folder.absolutePath()))
-        return cliFail(QStringLiteral("could not create %1").arg(folder.absolutePath()));
+        return cliFail(CliText::tr("could not create %1").arg(folder.absolutePath()));
 
     const QString peopleFile = folder.filePath(QString::fromLatin1(PeopleStore::FileName));
     QFile::remove(peopleFile);
@@ -107,10 +107,10 @@ int run(const QStringList &arguments)
     const QString portfolioFile = folder.filePath(QStringLiteral("sample.") + QLatin1String(PortfolioFile::Extension));
     if (PortfolioSaveFailure failure; !portfolio.saveToFile(portfolioFile, &failure))
         return cliFail(saveFailureText(portfolioFile, failure));
-    cliOut() << "Wrote " << portfolioFile << " and " << peopleFile << Qt::endl;
+    cliOut() << CliText::tr("Wrote %1 and %2").arg(portfolioFile, peopleFile) << Qt::endl;
     return 0;
 }
 
-const CliCommand::Registration registration({QStringLiteral("make-sample"), QStringLiteral("make-sample FOLDER"), run});
+const CliCommand::Registration registration({QStringLiteral("make-sample"), QT_TRANSLATE_NOOP("CliText", "make-sample FOLDER"), run});
 
 } // namespace

@@ -37,22 +37,22 @@ int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Writes an update directory from the same sources build-database uses: one price\n"
+        CliText::tr("Writes an update directory from the same sources build-database uses: one price\n"
                        "data file per source, named as the built database records it, the values of\n"
                        "matured bonds carried forward, and the catalogue %1\n"
                        "listing them in installation order. Serve DIR from any static web server.")
             .arg(QLatin1String(UpdateLocation::CatalogueName)));
-    const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("The directory to write (created if needed)."),
+    const QCommandLineOption outOption(QStringLiteral("out"), CliText::tr("The directory to write (created if needed)."),
                                        QStringLiteral("DIR"));
     parser.addOption(outOption);
-    parser.addPositionalArgument(QStringLiteral("SOURCE"), QStringLiteral("The value files to publish."), QStringLiteral("SOURCE..."));
+    parser.addPositionalArgument(QStringLiteral("SOURCE"), CliText::tr("The value files to publish."), QStringLiteral("SOURCE..."));
     int status = 0;
-    if (!parseArguments(parser, arguments, PositionalCount::atLeast(1, QStringLiteral("publish needs at least one source file")),
-                        QStringLiteral("--out DIR SOURCE..."), &status))
+    if (!parseArguments(parser, arguments, PositionalCount::atLeast(1, CliText::tr("publish needs at least one source file")),
+                        CliText::tr("--out DIR SOURCE..."), &status))
         return status;
     const QString out = parser.value(outOption);
     if (out.isEmpty())
-        return cliFail(QStringLiteral("publish needs --out DIR"));
+        return cliFail(CliText::tr("publish needs --out DIR"));
     const QStringList sourcePaths = parser.positionalArguments();
 
     QString error;
@@ -66,18 +66,18 @@ int run(const QStringList &arguments)
     sources.append({QString::fromLatin1(MaturedBondCarryForward::SourceName), carried.records});
     for (int i = 0; i + 1 < sources.size(); ++i) {
         if (sources.at(i).name == QLatin1String(MaturedBondCarryForward::SourceName))
-            return cliFail(QStringLiteral("%1: this name is reserved for the derived values").arg(sources.at(i).name));
+            return cliFail(CliText::tr("%1: this name is reserved for the derived values").arg(sources.at(i).name));
     }
     QStringList catalogue;
     for (const NamedPriceRecords &source : sources) {
         if (!isPublishableName(source.name))
-            return cliFail(QStringLiteral("%1: this name cannot be published").arg(source.name));
+            return cliFail(CliText::tr("%1: this name cannot be published").arg(source.name));
         catalogue << source.name;
     }
 
     const QDir dir(out);
     if (!QDir().mkpath(dir.absolutePath()))
-        return cliFail(QStringLiteral("%1: cannot create the directory").arg(out));
+        return cliFail(CliText::tr("%1: cannot create the directory").arg(out));
     qint64 records = 0;
     for (const NamedPriceRecords &source : sources) {
         if (!writeFile(dir.filePath(source.name), PriceDataFile::encode(source.records), &error))
@@ -87,13 +87,15 @@ int run(const QStringList &arguments)
     // The catalogue last: a directory never lists a file that is not there yet.
     if (!writeFile(dir.filePath(QString::fromLatin1(UpdateLocation::CatalogueName)), UpdateCatalogue::encode(catalogue), &error))
         return cliFail(error);
-    cliOut() << "Published " << catalogue.size() << " price data files (" << records << " records) and "
-             << UpdateLocation::CatalogueName << " in " << dir.absolutePath() << '\n';
+    cliOut() << CliText::tr("Published %1 price data files (%2 records) and %3 in %4\n")
+                    .arg(catalogue.size())
+                    .arg(records)
+                    .arg(QLatin1String(UpdateLocation::CatalogueName), dir.absolutePath());
     return 0;
 }
 
 const CliCommand::Registration registration(
     {QStringLiteral("publish"),
-     QStringLiteral("publish --out DIR SOURCE...  write an update directory for the updater"), run});
+     QT_TRANSLATE_NOOP("CliText", "publish --out DIR SOURCE...  write an update directory for the updater"), run});
 
 } // namespace

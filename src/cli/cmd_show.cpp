@@ -11,16 +11,16 @@ namespace {
 int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Shows a portfolio: every holding's figures, totals and the interest summary."));
+    parser.setApplicationDescription(CliText::tr("Shows a portfolio: every holding's figures, totals and the interest summary."));
     const QCommandLineOption asOfOption = valuationMonthOption();
-    const QCommandLineOption yearlyOption(QStringLiteral("yearly"), QStringLiteral("Interest earned within each year instead of cumulative."));
-    const QCommandLineOption jsonOption(QStringLiteral("json"), QStringLiteral("Print JSON for scripts (money in pennies)."));
+    const QCommandLineOption yearlyOption(QStringLiteral("yearly"), CliText::tr("Interest earned within each year instead of cumulative."));
+    const QCommandLineOption jsonOption(QStringLiteral("json"), CliText::tr("Print JSON for scripts (money in pennies)."));
     const QCommandLineOption peopleOption = peopleFileOption();
     parser.addOptions({asOfOption, yearlyOption, jsonOption, peopleOption});
-    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The portfolio (.%1).").arg(QLatin1String(PortfolioFile::Extension)));
+    parser.addPositionalArgument(QStringLiteral("file"), CliText::tr("The portfolio (.%1).").arg(QLatin1String(PortfolioFile::Extension)));
     int status = 0;
     if (!parseArguments(parser, arguments,
-                        {1, 1, QStringLiteral("which portfolio? Give one file"), QStringLiteral("give one portfolio file only")}, {},
+                        {1, 1, CliText::tr("which portfolio? Give one file"), CliText::tr("give one portfolio file only")}, {},
                         &status))
         return status;
     const QString file = parser.positionalArguments().first();
@@ -38,7 +38,7 @@ int run(const QStringList &arguments)
 }
 
 const CliCommand::Registration registration({QStringLiteral("show"),
-                                             QStringLiteral("show FILE [--as-of YYYY-MM] [--yearly] [--json] [--people FILE]"),
+                                             QT_TRANSLATE_NOOP("CliText", "show FILE [--as-of YYYY-MM] [--yearly] [--json] [--people FILE]"),
                                              run});
 
 } // namespace

@@ -60,7 +60,7 @@ private:
         if (!m_terminal)
             return;
         if (downloading) {
-            cliOut() << "[" << QString(40, QLatin1Char('.')) << "] downloading";
+            cliOut() << "[" << QString(40, QLatin1Char('.')) << "] " << CliText::tr("downloading");
             cliOut().flush();
             m_barShown = true;
         } else {
@@ -93,33 +93,33 @@ int run(const QStringList &arguments)
     PriceDataDownloader::Limits limits;
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Asks the Treasury's Fiscal Data service for every redemption month the redemption value\n"
+        CliText::tr("Asks the Treasury's Fiscal Data service for every redemption month the redemption value\n"
                        "database lacks official values for, and installs them in one step (all or nothing).\n"
                        "With --catalogue, fetches the catalogue %1 from an update directory instead\n"
                        "and installs every price data file it lists that the database lacks.\n"
                        "The database is QUILLMERE_DATABASE, or the working copy in the user's data folder.\n"
                        "Exit status 0 when the check, or every installation, succeeded.")
             .arg(QLatin1String(UpdateLocation::CatalogueName)));
-    const QCommandLineOption checkOption(QStringLiteral("check"), QStringLiteral("Only report what would be installed."));
+    const QCommandLineOption checkOption(QStringLiteral("check"), CliText::tr("Only report what would be installed."));
     const QCommandLineOption catalogueOption(QStringLiteral("catalogue"),
-                                             QStringLiteral("Use an update directory's catalogue instead of Fiscal Data."));
+                                             CliText::tr("Use an update directory's catalogue instead of Fiscal Data."));
     const QCommandLineOption fiscalDataOption(QStringLiteral("fiscal-data"),
-                                              QStringLiteral("Use the Fiscal Data service even when the settings name a catalogue."));
+                                              CliText::tr("Use the Fiscal Data service even when the settings name a catalogue."));
     const QCommandLineOption baseUrlOption(
         QStringLiteral("base-url"),
-        QStringLiteral("The update directory; implies --catalogue (default: the %1 variable, the '%2' setting, or %3).")
+        CliText::tr("The update directory; implies --catalogue (default: the %1 variable, the '%2' setting, or %3).")
             .arg(QLatin1String(UpdateLocation::BaseUrlEnvironmentVariable), QLatin1String(UpdateLocation::BaseUrlSettingsKey),
                  QLatin1String(UpdateLocation::DefaultBaseUrl)),
         QStringLiteral("URL"));
     const QCommandLineOption serviceUrlOption(
         QStringLiteral("service-url"),
-        QStringLiteral("The Fiscal Data service root (default: the %1 variable, the '%2' setting, or %3).")
+        CliText::tr("The Fiscal Data service root (default: the %1 variable, the '%2' setting, or %3).")
             .arg(QLatin1String(UpdateLocation::FiscalDataRootEnvironmentVariable),
                  QLatin1String(UpdateLocation::FiscalDataRootSettingsKey), QLatin1String(UpdateLocation::DefaultFiscalDataRoot)),
         QStringLiteral("URL"));
     const QCommandLineOption timeoutOption(
         QStringLiteral("timeout"),
-        QStringLiteral("Give up when the whole download takes longer than this (default: %1 seconds without a byte, "
+        CliText::tr("Give up when the whole download takes longer than this (default: %1 seconds without a byte, "
                        "%2 in all).").arg(limits.idleTimeoutMs / 1000).arg(limits.totalTimeoutMs / 1000),
         QStringLiteral("SECONDS"));
     parser.addOptions({checkOption, catalogueOption, fiscalDataOption, baseUrlOption, serviceUrlOption, timeoutOption});
@@ -131,34 +131,34 @@ int run(const QStringList &arguments)
     const QString serviceUrl = parser.value(serviceUrlOption);
     const bool catalogue = parser.isSet(catalogueOption) || parser.isSet(baseUrlOption);
     if (catalogue && (parser.isSet(fiscalDataOption) || parser.isSet(serviceUrlOption)))
-        return cliFail(QStringLiteral("--catalogue and --base-url do not go with --fiscal-data or --service-url"));
+        return cliFail(CliText::tr("--catalogue and --base-url do not go with --fiscal-data or --service-url"));
     if (parser.isSet(timeoutOption)) {
         bool ok = false;
         const double seconds = parser.value(timeoutOption).toDouble(&ok);
         if (!ok || seconds <= 0 || seconds > 3600)
-            return cliFail(QStringLiteral("--timeout needs a number of seconds up to 3600"));
+            return cliFail(CliText::tr("--timeout needs a number of seconds up to 3600"));
         limits.idleTimeoutMs = static_cast<int>(seconds * 1000);
         limits.totalTimeoutMs = limits.idleTimeoutMs;
     }
 
     const QString database = RedemptionDatabase::path();
     if (database.isEmpty())
-        return cliFail(QStringLiteral("no redemption value database found"));
+        return cliFail(CliText::tr("no redemption value database found"));
     if (!checkOnly && !PriceUpdater::canPerformUpdate(database))
-        return cliFail(QStringLiteral("the redemption value database %1 cannot be written").arg(database));
+        return cliFail(CliText::tr("the redemption value database %1 cannot be written").arg(database));
     PriceUpdater updater(database);
     if (!updater.isValid())
-        return cliFail(QStringLiteral("cannot open the redemption value database %1").arg(database));
+        return cliFail(CliText::tr("cannot open the redemption value database %1").arg(database));
     if (!baseUrl.isEmpty()) {
         const QUrl url = UpdateLocation::normalisedBaseUrl(baseUrl);
         if (!url.isValid())
-            return cliFail(QStringLiteral("'%1' is not an absolute URL").arg(baseUrl));
+            return cliFail(CliText::tr("'%1' is not an absolute URL").arg(baseUrl));
         updater.setBaseUrl(url);
     }
     if (!serviceUrl.isEmpty()) {
         const QUrl url = UpdateLocation::normalisedServiceRoot(serviceUrl);
         if (!url.isValid())
-            return cliFail(QStringLiteral("'%1' is not an absolute http or https URL").arg(serviceUrl));
+            return cliFail(CliText::tr("'%1' is not an absolute http or https URL").arg(serviceUrl));
         updater.setServiceRoot(url);
     }
     if (catalogue)
@@ -183,6 +183,6 @@ int run(const QStringList &arguments)
 
 const CliCommand::Registration registration(
     {QStringLiteral("update"),
-     QStringLiteral("update [--check] [--catalogue [--base-url URL]]  install new redemption values from the Treasury"), run});
+     QT_TRANSLATE_NOOP("CliText", "update [--check] [--catalogue [--base-url URL]]  install new redemption values from the Treasury"), run});
 
 } // namespace

@@ -36,43 +36,43 @@ const Series *seriesNamed(QString name)
 QString valueText(const HoldingFigures &holding)
 {
     if (!holding.isValidIssue())
-        return QStringLiteral("no pricing data");
+        return CliText::tr("no pricing data");
     if (!holding.isRedeemableIssue())
-        return QStringLiteral("not yet redeemable");
+        return CliText::tr("not yet redeemable");
     return formatDollars(holding.value());
 }
 
 int run(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("The value of one savings bond as of a month."));
-    const QCommandLineOption seriesOption(QStringLiteral("series"), QStringLiteral("E, EE, I or SN (Savings Note)."), QStringLiteral("series"));
-    const QCommandLineOption faceOption(QStringLiteral("face"), QStringLiteral("Face value in dollars."), QStringLiteral("dollars"));
-    const QCommandLineOption issuedOption(QStringLiteral("issued"), QStringLiteral("Issue month, YYYY-MM."), QStringLiteral("month"));
+    parser.setApplicationDescription(CliText::tr("The value of one savings bond as of a month."));
+    const QCommandLineOption seriesOption(QStringLiteral("series"), CliText::tr("E, EE, I or SN (Savings Note)."), QStringLiteral("series"));
+    const QCommandLineOption faceOption(QStringLiteral("face"), CliText::tr("Face value in dollars."), QStringLiteral("dollars"));
+    const QCommandLineOption issuedOption(QStringLiteral("issued"), CliText::tr("Issue month, YYYY-MM."), QStringLiteral("month"));
     const QCommandLineOption asOfOption = valuationMonthOption();
-    const QCommandLineOption electronicOption(QStringLiteral("electronic"), QStringLiteral("The bond was bought electronically, not on paper."));
+    const QCommandLineOption electronicOption(QStringLiteral("electronic"), CliText::tr("The bond was bought electronically, not on paper."));
     parser.addOptions({seriesOption, faceOption, issuedOption, asOfOption, electronicOption});
     int status = 0;
     if (!parseArguments(parser, arguments, PositionalCount::none(),
-                        QStringLiteral("--series S --face DOLLARS --issued YYYY-MM [options]"), &status))
+                        CliText::tr("--series S --face DOLLARS --issued YYYY-MM [options]"), &status))
         return status;
     for (const QCommandLineOption &required : {seriesOption, faceOption, issuedOption}) {
         if (!parser.isSet(required))
-            return cliFail(QStringLiteral("--%1 is required").arg(required.names().first()));
+            return cliFail(CliText::tr("--%1 is required").arg(required.names().first()));
     }
 
     const Series *series = seriesNamed(parser.value(seriesOption));
     if (!series)
-        return cliFail(QStringLiteral("unknown series '%1' (use E, EE, I or SN)").arg(parser.value(seriesOption)));
+        return cliFail(CliText::tr("unknown series '%1' (use E, EE, I or SN)").arg(parser.value(seriesOption)));
     bool numeric = false;
     const double dollars = QString(parser.value(faceOption)).remove(QLatin1Char('$')).remove(QLatin1Char(',')).toDouble(&numeric);
     const Pennies faceValue = numeric ? dollarsToPennies(dollars) : 0;
     if (faceValue <= 0)
-        return cliFail(QStringLiteral("the face value must be a positive number of dollars, not '%1'").arg(parser.value(faceOption)));
+        return cliFail(CliText::tr("the face value must be a positive number of dollars, not '%1'").arg(parser.value(faceOption)));
     // Slashes too: people write months both ways.
     const QDateTime issued = monthFromText(parser.value(issuedOption), MonthSeparators::DashOrSlash);
     if (!issued.isValid())
-        return cliFail(QStringLiteral("the issue month must be written YYYY-MM, not '%1'").arg(parser.value(issuedOption)));
+        return cliFail(CliText::tr("the issue month must be written YYYY-MM, not '%1'").arg(parser.value(issuedOption)));
     QString error;
     QDateTime asOf;
     if (!readValuationMonth(parser, asOfOption, &asOf, &error, MonthSeparators::DashOrSlash))
@@ -93,22 +93,24 @@ int run(const QStringList &arguments)
     portfolio.adopt(*bond);
     const HoldingFigures figures = portfolio.figuresOf(*bond);
 
-    cliOut() << "Series:          " << series->label() << (bond->isPaper() ? " (paper)" : " (electronic)") << '\n'
-             << "Face value:      " << formatDollars(faceValue) << '\n'
-             << "Issued:          " << monthText(issued) << '\n'
-             << "Value as of:     " << monthText(portfolio.valueOfDate()) << '\n'
-             << "Issue price:     " << formatDollars(bond->issuePrice()) << '\n'
-             << "Value:           " << valueText(figures) << '\n'
-             << "Interest earned: " << formatDollars(figures.interestEarned()) << '\n';
+    cliOut() << (bond->isPaper() ? CliText::tr("Series:          %1 (paper)\n")
+                                 : CliText::tr("Series:          %1 (electronic)\n"))
+                    .arg(series->label())
+             << CliText::tr("Face value:      %1\n").arg(formatDollars(faceValue))
+             << CliText::tr("Issued:          %1\n").arg(monthText(issued))
+             << CliText::tr("Value as of:     %1\n").arg(monthText(portfolio.valueOfDate()))
+             << CliText::tr("Issue price:     %1\n").arg(formatDollars(bond->issuePrice()))
+             << CliText::tr("Value:           %1\n").arg(valueText(figures))
+             << CliText::tr("Interest earned: %1\n").arg(formatDollars(figures.interestEarned()));
     if (figures.isValueDerived())
-        cliOut() << "Computed:        " << HoldingPresentation::derivedValueNote() << '\n';
+        cliOut() << CliText::tr("Computed:        %1\n").arg(HoldingPresentation::derivedValueNote());
     else if (const QString note = HoldingNotes::noPricingData(figures); !note.isEmpty())
-        cliOut() << "Note:            " << note << '\n';
+        cliOut() << CliText::tr("Note:            %1\n").arg(note);
     return 0;
 }
 
 const CliCommand::Registration registration({QStringLiteral("value"),
-                                             QStringLiteral("value --series S --face DOLLARS --issued YYYY-MM [--as-of YYYY-MM] [--electronic]"),
+                                             QT_TRANSLATE_NOOP("CliText", "value --series S --face DOLLARS --issued YYYY-MM [--as-of YYYY-MM] [--electronic]"),
                                              run});
 
 } // namespace

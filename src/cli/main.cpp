@@ -7,13 +7,13 @@
 static int usage(int status)
 {
     QTextStream &out = status == 0 ? cliOut() : cliErr();
-    out << "Usage: quillmere-cli COMMAND [OPTIONS]\n\nCommands:\n";
+    out << CliText::tr("Usage: quillmere-cli COMMAND [OPTIONS]\n\nCommands:\n");
     QList<CliCommand> commands = CliCommand::all();
     std::sort(commands.begin(), commands.end(),
               [](const CliCommand &a, const CliCommand &b) { return a.name < b.name; });
     for (const CliCommand &command : commands)
-        out << "  " << command.synopsis << '\n';
-    out << "\nRun 'quillmere-cli COMMAND --help' for the options of one command." << Qt::endl;
+        out << "  " << CliText::tr(command.synopsis) << '\n';
+    out << CliText::tr("\nRun 'quillmere-cli COMMAND --help' for the options of one command.") << Qt::endl;
     return status;
 }
 
@@ -36,7 +36,7 @@ int main(int argc, char *argv[])
     }
     const CliCommand *command = CliCommand::find(name);
     if (!command) {
-        cliErr() << "quillmere-cli: unknown command '" << name << "'\n";
+        cliErr() << CliText::tr("quillmere-cli: unknown command '%1'\n").arg(name);
         return usage(2);
     }
     arguments.removeFirst();

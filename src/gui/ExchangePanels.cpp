@@ -143,7 +143,7 @@ void ExchangePanels::alert(QWidget *parent, const QString &title, const QString 
 {
     QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, title, message, QMessageBox::NoButton,
                     parent);
-    box.addButton(QApplication::translate("ExchangePanels", ExchangeOutcome::ButtonTitle), QMessageBox::AcceptRole);
+    box.addButton(QApplication::translate("ExchangePanels", "Continue"), QMessageBox::AcceptRole);
     box.exec();
 }
 

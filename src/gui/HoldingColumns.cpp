@@ -1,5 +1,7 @@
 #include "HoldingColumns.h"
 
+#include <QCoreApplication>
+
 namespace HoldingColumns {
 namespace {
 
@@ -8,21 +10,21 @@ constexpr Qt::Alignment Right = Qt::AlignRight | Qt::AlignVCenter;
 constexpr Qt::Alignment Centre = Qt::AlignCenter;
 
 constexpr Descriptor Descriptors[Count] = {
-    {"series", "Series", true, Left, 96},
-    {"quantity", "Quantity", true, Right, 70},
-    {"issueDate", "Issue Date", true, Centre, 84},
-    {"faceValue", "Face Value", true, Right, 92},
-    {"issuePrice", "Issue Price", false, Right, 92},
-    {"interestEarned", "Interest Earned", false, Right, 112},
-    {"value", "Value", false, Right, 96},
-    {"currentYield", "Current Yield", false, Right, 100},
-    {"growthRate", "Growth Rate", false, Right, 92},
-    {"serialNumber", "Serial Number", true, Left, 116},
-    {"paper", "Paper", true, Centre, 52},
-    {"owner", "Owner", true, Left, 150},
-    {"co-owner", "Co-owner", true, Left, 150},
-    {"beneficiary", "Beneficiary", true, Left, 150},
-    {"registration", "Registration", false, Left, 280},
+    {"series", QT_TRANSLATE_NOOP("HoldingColumns", "Series"), true, Left, 96},
+    {"quantity", QT_TRANSLATE_NOOP("HoldingColumns", "Quantity"), true, Right, 70},
+    {"issueDate", QT_TRANSLATE_NOOP("HoldingColumns", "Issue Date"), true, Centre, 84},
+    {"faceValue", QT_TRANSLATE_NOOP("HoldingColumns", "Face Value"), true, Right, 92},
+    {"issuePrice", QT_TRANSLATE_NOOP("HoldingColumns", "Issue Price"), false, Right, 92},
+    {"interestEarned", QT_TRANSLATE_NOOP("HoldingColumns", "Interest Earned"), false, Right, 112},
+    {"value", QT_TRANSLATE_NOOP("HoldingColumns", "Value"), false, Right, 96},
+    {"currentYield", QT_TRANSLATE_NOOP("HoldingColumns", "Current Yield"), false, Right, 100},
+    {"growthRate", QT_TRANSLATE_NOOP("HoldingColumns", "Growth Rate"), false, Right, 92},
+    {"serialNumber", QT_TRANSLATE_NOOP("HoldingColumns", "Serial Number"), true, Left, 116},
+    {"paper", QT_TRANSLATE_NOOP("HoldingColumns", "Paper"), true, Centre, 52},
+    {"owner", QT_TRANSLATE_NOOP("HoldingColumns", "Owner"), true, Left, 150},
+    {"co-owner", QT_TRANSLATE_NOOP("HoldingColumns", "Co-owner"), true, Left, 150},
+    {"beneficiary", QT_TRANSLATE_NOOP("HoldingColumns", "Beneficiary"), true, Left, 150},
+    {"registration", QT_TRANSLATE_NOOP("HoldingColumns", "Registration"), false, Left, 280},
 };
 
 } // namespace
@@ -34,7 +36,7 @@ const Descriptor &descriptor(int column)
 
 QString title(int column)
 {
-    return QString::fromLatin1(Descriptors[column].title);
+    return QCoreApplication::translate("HoldingColumns", Descriptors[column].title);
 }
 
 QString key(int column)

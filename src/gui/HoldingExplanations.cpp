@@ -48,17 +48,17 @@ QString HoldingExplanations::valueTip(const HoldingFigures &holding)
 {
     using HoldingPresentation::Remark;
     const Remark remark = HoldingPresentation::remarkOf(holding);
-    const QString text = HoldingPresentation::remarkText(remark);
     switch (remark) {
     case Remark::Computed:
-        return text + QStringLiteral(": ") + HoldingPresentation::derivedValueNote();
+        return tr("computed") + QStringLiteral(": ") + HoldingPresentation::derivedValueNote();
     case Remark::NoPricingData:
-        return text + QStringLiteral(": ") + whyNoValue(holding);
+        return tr("no pricing data") + QStringLiteral(": ") + whyNoValue(holding);
     case Remark::NotYetRedeemable:
+        return tr("not yet redeemable");
     case Remark::None:
         break;
     }
-    return text;
+    return {};
 }
 
 QString HoldingExplanations::notInTotals(qint64 bonds)

@@ -85,6 +85,7 @@ QVariant PeopleTableModel::headerData(int section, Qt::Orientation orientation, 
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QAbstractTableModel::headerData(section, orientation, role);
-    static const char *const titles[Count] = {"Name", "Owner", "Co-owner", "Beneficiary"};
+    static const char *const titles[Count] = {QT_TR_NOOP("Name"), QT_TR_NOOP("Owner"), QT_TR_NOOP("Co-owner"),
+                                               QT_TR_NOOP("Beneficiary")};
     return section >= 0 && section < Count ? tr(titles[section]) : QVariant();
 }

@@ -4,6 +4,7 @@
 #include "base/Money.h"
 #include "base/Series.h"
 
+#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
@@ -17,12 +18,32 @@ namespace {
 
 constexpr float Gap = 14.0f;
 
-// Sized so that the longest series label fits in the first column.
-const char *const ColumnTitles[] = {"Savings Note", "Quantity", "Issue Date", "Face Value",
-                                    "Issue Price", "Interest Earned", "Value"};
+// The two header lines, each title after a tab; the first line's titles also size its columns.
+const char *const Header1Titles[] = {QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Series"),
+                                     QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Quantity"),
+                                     QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Issue Date"),
+                                     QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Face Value"),
+                                     QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Issue Price"),
+                                     QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Interest Earned"),
+                                     QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Value")};
+const char *const Header2Titles[] = {QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Serial Number"),
+                                     QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Registration")};
+// Sizes the first column instead of its title, so that the longest series label fits.
+const char *const WidestSeries = QT_TRANSLATE_NOOP("PortfolioPrintLayout", "Savings Note");
 
-const QString Header1 = QStringLiteral("\tSeries\tQuantity\tIssue Date\tFace Value\tIssue Price\tInterest Earned\tValue");
-const QString Header2 = QStringLiteral("\tSerial Number\tRegistration");
+QString text(const char *source)
+{
+    return QCoreApplication::translate("PortfolioPrintLayout", source);
+}
+
+template<std::size_t N>
+QString headerLine(const char *const (&titles)[N])
+{
+    QString line;
+    for (const char *title : titles)
+        line += QLatin1Char('\t') + text(title);
+    return line;
+}
 
 // An amount of nothing prints as nothing, so that empty figures stand out from small ones.
 QString amountText(Pennies pennies)
@@ -83,8 +104,9 @@ PortfolioPrintLayout::TabSet PortfolioPrintLayout::tabStops(const QPaintDevice &
     const QFontMetricsF metrics(m_bodyFont, &device);
     auto width = [&](const QString &text) { return float(metrics.horizontalAdvance(text) / m_scale); };
     float w[7];
-    for (int i = 0; i < 7; ++i)
-        w[i] = width(QLatin1String(ColumnTitles[i]));
+    w[0] = width(text(WidestSeries));
+    for (int i = 1; i < 7; ++i)
+        w[i] = width(text(Header1Titles[i]));
     const float decimals = width(QStringLiteral(".88"));
     const double tabUnitsPerPoint = qt_defaultDpiY() / 72.0;
     auto tab = [tabUnitsPerPoint](float at, QTextOption::TabType type) {
@@ -166,8 +188,8 @@ void PortfolioPrintLayout::paintPage(QPainter &painter, const QPaintDevice &devi
     }
 
     const float lineHeight = float(QFontMetricsF(m_bodyFont, &device).height() / m_scale);
-    drawText(painter, device, Header1, m_headerFont, tabs.header1, QPointF(m_leftMargin, m_topMargin - 2 * lineHeight));
-    drawText(painter, device, Header2, m_headerFont, tabs.header2, QPointF(m_leftMargin, m_topMargin - lineHeight));
+    drawText(painter, device, headerLine(Header1Titles), m_headerFont, tabs.header1, QPointF(m_leftMargin, m_topMargin - 2 * lineHeight));
+    drawText(painter, device, headerLine(Header2Titles), m_headerFont, tabs.header2, QPointF(m_leftMargin, m_topMargin - lineHeight));
 
     const QString number = QStringLiteral("- %1 -").arg(page);
     const QFontMetricsF metrics(m_pageNumberFont, &device);

@@ -16,6 +16,7 @@
 #include "UpdaterWindow.h"
 #include "ValuationMonthPicker.h"
 #include "document/BondPortfolio.h"
+#include "document/SaveFailureReason.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -239,27 +240,8 @@ bool PortfolioWindow::saveTo(const QString &path)
     PortfolioSaveFailure failure;
     if (m_portfolio->saveToFile(path, &failure))
         return true;
-    QString why;
-    switch (failure.file.failure) {
-    case FileWriteFailure::None:
-        why = failure.encodeError;
-        if (why.endsWith(QLatin1Char('.')))
-            why.chop(1);
-        break;
-    case FileWriteFailure::DiskFull:
-        why = tr("the disk is full");
-        break;
-    case FileWriteFailure::PermissionDenied:
-        why = tr("permission denied");
-        break;
-    case FileWriteFailure::ReadOnlyFileSystem:
-        why = tr("read-only file system");
-        break;
-    case FileWriteFailure::Other:
-        why = qt_error_string(failure.file.systemError);
-        break;
-    }
-    QString message = tr("Could not save the portfolio to %1: %2.").arg(QDir::toNativeSeparators(path), why);
+    QString message = tr("Could not save the portfolio to %1: %2.")
+                          .arg(QDir::toNativeSeparators(path), saveFailureReason(failure));
     if (QFileInfo::exists(path))
         message += QLatin1Char(' ') + tr("The file on disk is unchanged.");
     QApplication::beep();

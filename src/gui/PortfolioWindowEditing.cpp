@@ -129,9 +129,9 @@ void PortfolioWindow::showBondContextMenu(const QPoint &position)
     {
         const char *title;
         PeopleTableView::Role role;
-    } roles[] = {{"Name as Owner", PeopleTableView::Role::Owner},
-                 {"Name as Co-owner", PeopleTableView::Role::CoOwner},
-                 {"Name as Beneficiary", PeopleTableView::Role::Beneficiary}};
+    } roles[] = {{QT_TR_NOOP("Name as Owner"), PeopleTableView::Role::Owner},
+                 {QT_TR_NOOP("Name as Co-owner"), PeopleTableView::Role::CoOwner},
+                 {QT_TR_NOOP("Name as Beneficiary"), PeopleTableView::Role::Beneficiary}};
     for (const auto &entry : roles) {
         QMenu *people = menu.addMenu(tr(entry.title));
         people->setEnabled(!holdings.isEmpty() && !m_portfolio->titleHolders().isEmpty());

@@ -4,6 +4,7 @@
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
 #include "exchange/CsvImportFormat.h"
+#include "exchange/ExchangeAlerts.h"
 #include "exchange/ExportChoice.h"
 #include "exchange/HoldingCsv.h"
 #include "exchange/PortfolioCsvImport.h"
@@ -49,8 +50,8 @@ void PortfolioWindow::exportQif()
         qWarning().noquote() << "QIF export failed:" << outcome.detail;
         m_panels->beep();
     }
-    if (!outcome.title.isEmpty())
-        m_panels->alert(this, outcome.title, outcome.message, !outcome.succeeded);
+    const ExchangeAlert alert = ExchangeAlerts::of(outcome);
+    m_panels->alert(this, alert.title, alert.message, !outcome.succeeded);
 }
 
 void PortfolioWindow::importCsv()
@@ -63,8 +64,8 @@ void PortfolioWindow::importCsv()
         PortfolioCsvImport::importCSVFileAtPath(*m_portfolio, choice->path, CsvImportFormats::fromRow(choice->row));
     if (!outcome.detail.isEmpty())
         qWarning().noquote() << "CSV import:" << outcome.detail;
-    if (!outcome.title.isEmpty())
-        m_panels->alert(this, outcome.title, outcome.message, !outcome.succeeded);
+    const ExchangeAlert alert = ExchangeAlerts::of(outcome);
+    m_panels->alert(this, alert.title, alert.message, !outcome.succeeded);
 }
 
 bool PortfolioWindow::confirmSaveWithoutMissingPeople()

@@ -1,6 +1,7 @@
 #include "TreasuryFileInstall.h"
 
 #include "Alerts.h"
+#include "update/InstallationSummary.h"
 #include "update/TreasuryFileInstallation.h"
 #include "valuation/RedemptionDatabase.h"
 
@@ -32,7 +33,7 @@ TreasuryFileInstall::Result installNow(const QString &database, const QString &p
     const TreasuryFileInstallation::FileResult result = installation.install(path);
     switch (result.failure) {
     case TreasuryFileInstallation::Failure::None:
-        return {true, OfficialSourceInstaller::summary(result.fileName, result.outcome)};
+        return {true, installationSummary(result.fileName, result.outcome)};
     case TreasuryFileInstallation::Failure::NotOpenable:
         return {false, TreasuryFileInstall::tr("The redemption value database %1 cannot be opened.").arg(database)};
     default:

@@ -46,15 +46,17 @@ public:
     // Returns when the window has closed (or at once after the not-writable alert).
     void showUpdater(QWidget *parent);
 
-    static constexpr const char *NotWritableTitle = "Your installation cannot be updated.";
-    static constexpr const char *NotWritableMessage =
+    static constexpr const char *NotWritableTitle =
+        QT_TRANSLATE_NOOP("UpdaterSession", "Your installation cannot be updated.");
+    static constexpr const char *NotWritableMessage = QT_TRANSLATE_NOOP(
+        "UpdaterSession",
         "Your installation isn't writeable by the updater.  Typically this occurs when you continue to run the "
         "application from the downloaded DMG file.  The solution is to quit the application and install it "
         "properly by copying it to the Applications folder on your computer.  You may then re-launch the "
         "application from your Applications folder. Any portfolios you have created will not be affected by "
-        "moving the application to its proper location.";
-    static constexpr const char *QuitButton = "Quit Quillmere";
-    static constexpr const char *CancelButton = "Cancel";
+        "moving the application to its proper location.");
+    static constexpr const char *QuitButton = QT_TRANSLATE_NOOP("UpdaterSession", "Quit Quillmere");
+    static constexpr const char *CancelButton = QT_TRANSLATE_NOOP("UpdaterSession", "Cancel");
 
 signals:
     void showingChanged(bool showing);

@@ -221,20 +221,25 @@ TEST(CliShow, JsonHasTheOfficialValuesInPennies)
     EXPECT_EQ(root.value("totals").toObject().value("value").toInteger(), 283629);
 }
 
-// Values computed by this program, not published by the Treasury, are marked in text and JSON.
-TEST(CliShow, MarksComputedHoldings)
+// Values computed by this program, not published by the Treasury, are marked in text and JSON,
+// and so are holdings without a value, with why.
+TEST(CliShow, MarksComputedHoldingsAndThoseWithoutAValue)
 {
     const auto text = TestSupport::runCli({"show", sample(), "--as-of", "2026-11"}, shipped());
     ASSERT_EQ(text.exitCode, 0) << text.standardError.toStdString();
-    EXPECT_TRUE(text.standardOutput.contains("[computed] Thomas Whitfield POD Eleanor Whitfield")) << text.standardOutput.toStdString();
+    for (const char *marked : {"[computed] Thomas Whitfield POD Eleanor Whitfield\n", "[no pricing data] Thomas Whitfield\n",
+                               "[not yet redeemable] Samuel Whitfield\n"})
+        EXPECT_TRUE(text.standardOutput.contains(marked)) << marked << '\n' << text.standardOutput.toStdString();
     EXPECT_TRUE(text.standardOutput.contains("\n([computed] computed by this program, not published by the Treasury"));
     const auto json = TestSupport::runCli({"show", sample(), "--as-of", "2026-11", "--json"}, shipped());
-    QStringList computed;
+    QStringList computed, status;
     for (const QJsonValue &holding : QJsonDocument::fromJson(json.standardOutput).object().value("holdings").toArray()) {
         if (holding.toObject().value("computed").toBool())
             computed << holding.toObject().value("issueDate").toString();
+        status << holding.toObject().value("status").toString(QStringLiteral("null"));
     }
     EXPECT_EQ(computed, QStringList({"1990-01", "2005-05", "1980-06", "1967-05"}));
+    EXPECT_EQ(status, QStringList({"null", "null", "null", "null", "null", "null", "no pricing data", "not yet redeemable"}));
 }
 
 // A quantity below 1 (from a damaged file or another program) is marked and counts as no bonds.

@@ -116,6 +116,14 @@ TEST_F(ExchangeCommands, EveryCommandFindsThePeopleBesideThePortfolioAndNoneAreD
     EXPECT_TRUE(refused.standardError.contains("--people FILE")) << refused.standardError.toStdString();
     EXPECT_EQ(contents(lonely), before);
     EXPECT_EQ(run(import + QStringList{lonely, csv, "--people", withPeople + QStringLiteral("/people.vcf")}).exitCode, 0);
+
+    // One person short: the warning speaks of one person.
+    QByteArray people = contents(withPeople + QStringLiteral("/people.vcf"));
+    people.remove(0, people.indexOf("END:VCARD") + 9);
+    const QString fourPeople = write(dir + QStringLiteral("/four.vcf"), people);
+    const auto warned = run({"show", sample, "--people", fourPeople});
+    EXPECT_TRUE(warned.standardError.contains(QStringLiteral("warning: 1 person named in %1 is not in %2; ").arg(sample, fourPeople).toUtf8()))
+        << warned.standardError.toStdString();
 }
 
 } // namespace

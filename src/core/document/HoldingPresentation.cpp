@@ -3,6 +3,8 @@
 #include "base/Month.h"
 #include "document/BondPortfolio.h"
 
+#include <QCoreApplication>
+
 namespace HoldingPresentation {
 
 QString issueMonthText(Month month)
@@ -36,35 +38,17 @@ Remark remarkOf(const HoldingFigures &holding)
     return holding.isValueDerived() ? Remark::Computed : Remark::None;
 }
 
-QString remarkText(Remark remark)
+Remark pricingRemarkOf(const HoldingFigures &holding)
 {
-    switch (remark) {
-    case Remark::NoPricingData:
-        return QStringLiteral("no pricing data");
-    case Remark::NotYetRedeemable:
-        return QStringLiteral("not yet redeemable");
-    case Remark::Computed:
-        return QStringLiteral("computed");
-    case Remark::None:
-        break;
-    }
-    return {};
-}
-
-QString remarkText(const HoldingFigures &holding)
-{
-    return remarkText(remarkOf(holding));
-}
-
-QString statusText(const HoldingFigures &holding)
-{
-    return remarkText(remarkOnStatus(holding.status()));
+    return remarkOnStatus(holding.status());
 }
 
 QString derivedValueNote()
 {
-    return QStringLiteral("computed by this program, not published by the Treasury: Series EE bonds issued since "
-                          "May 2005 from their fixed rate, matured bonds from their value at final maturity");
+    return QCoreApplication::translate("HoldingPresentation",
+                                       "computed by this program, not published by the Treasury: Series EE bonds "
+                                       "issued since May 2005 from their fixed rate, matured bonds from their value at "
+                                       "final maturity");
 }
 
 QString percentText(float rate)

@@ -21,15 +21,12 @@ QString issueMonthText(Month month);
 QString monthText(Month month);
 // The remark a holding's line carries: why it shows no value, else that its value was computed
 // rather than published. Every status lacking pricing data is one remark; the window and the
-// command line say why.
+// command line word it, and say why.
 enum class Remark { None, NoPricingData, NotYetRedeemable, Computed };
 Remark remarkOf(const HoldingFigures &holding);
-// "no pricing data", "not yet redeemable", "computed"; empty for none.
-QString remarkText(Remark remark);
-QString remarkText(const HoldingFigures &holding);
-// The remark when it says why there is no value; empty otherwise.
-QString statusText(const HoldingFigures &holding);
-// What a computed value is, in words.
+// The remark when it says why there is no value; None otherwise (a computed value included).
+Remark pricingRemarkOf(const HoldingFigures &holding);
+// What a computed value is, in the words the window's tip and the command line's note share.
 QString derivedValueNote();
 // A rate as "3.94%".
 QString percentText(float rate);

@@ -12,12 +12,6 @@ QString lineSeparator(CsvImportFormat format)
     return format == CsvImportFormat::Own ? QStringLiteral("\n") : QStringLiteral("\r\n");
 }
 
-QString producerName(CsvImportFormat format)
-{
-    return format == CsvImportFormat::Own ? QStringLiteral("Quillmere")
-                                          : QStringLiteral("the Treasury Department's Savings Bond Wizard");
-}
-
 QList<CsvImportColumn> csvColumnsForFormat(CsvImportFormat format)
 {
     // The Wizard's files have no quantity: its bonds keep a new holding's quantity of 1.

@@ -21,8 +21,6 @@ namespace CsvImportFormats {
 CsvImportFormat fromRow(int row);
 // "\n" for the own format, "\r\n" for the Wizard.
 QString lineSeparator(CsvImportFormat format);
-// How messages name the program that wrote the file.
-QString producerName(CsvImportFormat format);
 // The header names the import reads and what each sets; every other column is ignored.
 QList<CsvImportColumn> csvColumnsForFormat(CsvImportFormat format);
 }

@@ -27,8 +27,7 @@ CsvImportOutcome corruptFileOutcome(CsvImportFormat format, const QString &detai
 {
     CsvImportOutcome outcome;
     outcome.succeeded = false;
-    outcome.title = QString::fromLatin1(CorruptTitle);
-    outcome.message = QString::fromLatin1(CorruptMessage).replace(QLatin1String("%@"), CsvImportFormats::producerName(format));
+    outcome.format = format;
     outcome.detail = detail;
     return outcome;
 }
@@ -65,9 +64,7 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
     outcome.succeeded = true;
     outcome.importedCount = int(added.size());
     outcome.rejectedCount = rejected;
-    outcome.title = QString::fromLatin1(CompleteTitle);
-    // The second number is lines minus rejections minus the header: the count of bonds again.
-    outcome.message = QString::asprintf(CompleteMessage, outcome.importedCount, int(lines->size()) - rejected - 1);
+    outcome.format = format;
     return outcome;
 }
 

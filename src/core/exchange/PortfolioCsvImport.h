@@ -17,15 +17,10 @@ struct CsvImportOutcome : ExchangeOutcome
 {
     int importedCount = 0;
     int rejectedCount = 0; // data lines skipped, the empty one after a final separator included
+    CsvImportFormat format = CsvImportFormat::Own; // a refused file's alert names its producer
 };
 
 namespace PortfolioCsvImport {
-inline constexpr const char *CompleteTitle = "Import Complete";
-inline constexpr const char *CompleteMessage = "Imported %d out of %d bonds. (HH/H bonds not supported)";
-inline constexpr const char *CorruptTitle = "Import file corrupt";
-inline constexpr const char *CorruptMessage =
-    "The file you selected does not appear to be a CSV file produced by %@.  Please verify your choice and try again.";
-
 // Files beyond these sizes are no household's bond list; they are refused before any holding
 // is built, so that a wrong choice in the open panel cannot exhaust memory.
 inline constexpr qint64 MaximumFileSize = 8 * 1024 * 1024;
@@ -41,6 +36,6 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
 CsvImportOutcome importCSVData(BondPortfolio &portfolio, const QByteArray &data, CsvImportFormat format);
 CsvImportOutcome importCSVFileAtPath(BondPortfolio &portfolio, const QString &path, CsvImportFormat format);
 
-// The corrupt-file alert for the format, with the reason for the log.
+// A refusal of a file of the format as corrupt, with the reason for the log.
 CsvImportOutcome corruptFileOutcome(CsvImportFormat format, const QString &detail);
 }

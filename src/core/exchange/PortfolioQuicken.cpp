@@ -122,13 +122,7 @@ Outcome exportToQuickenFileSet(const BondPortfolio &portfolio, const QList<Holdi
                 PortfolioQuicken::appendPortfolio(out, portfolio.displayName(), chosen, flushIfFull, lines);
             },
             &outcome.detail);
-    if (!outcome.succeeded) {
-        outcome.title = QString::fromLatin1(FailureTitle);
-        outcome.message = QString::fromLatin1(FailureMessage);
-        return outcome;
-    }
-    outcome.title = QString::fromLatin1(SuccessTitle);
-    outcome.message = QString::fromLatin1(SuccessMessage).replace(QLatin1String("%@"), QDir(directory).absolutePath());
+    outcome.directory = QDir(directory).absolutePath();
     return outcome;
 }
 

@@ -22,12 +22,6 @@ QByteArray quickenPortfolioRepresentation(const BondPortfolio &portfolio, const 
 }
 
 namespace QuickenFileSet {
-inline constexpr const char *FailureTitle = "Alert";
-inline constexpr const char *FailureMessage = "Unable to export data";
-inline constexpr const char *SuccessTitle = "Export complete";
-inline constexpr const char *SuccessMessage =
-    "You may now import your portfolio positions and pricelist from the files in %@";
-
 struct Paths
 {
     QString priceList;
@@ -42,6 +36,7 @@ Paths pathsInDirectory(const QString &directory);
 struct Outcome : ExchangeOutcome
 {
     Paths paths; // the names chosen, whether or not writing succeeded
+    QString directory; // the absolute path of the directory written into
 };
 
 // Writes the price list of every holding of the portfolio and the positions of the chosen

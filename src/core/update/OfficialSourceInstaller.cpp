@@ -1,6 +1,5 @@
 #include "update/OfficialSourceInstaller.h"
 
-#include "base/Month.h"
 #include "update/DerivedValues.h"
 #include "update/MaturedValueCompletion.h"
 #include "update/PriceDataInstaller.h"
@@ -264,23 +263,6 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
         && !installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum, true, false))
         outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
     return outcome;
-}
-
-QString summary(const QString &fileName, const Outcome &outcome)
-{
-    auto month = [](const QDateTime &date) {
-        return date.isValid() ? Month::of(date).toString(Month::Style::Iso) : QStringLiteral("none");
-    };
-    QString text = QStringLiteral("Installed %1: %2 new records, %3 already installed, %4 completed, %5 derived values "
-                                  "replaced by official ones, %6 values of matured bonds carried forward, %7 values "
-                                  "of fixed-rate EE bonds computed; redemption months %8 to %9")
-                       .arg(fileName, QString::number(outcome.installedRecords),
-                            QString::number(outcome.unchangedRecords), QString::number(outcome.filledRecords),
-                            QString::number(outcome.replacedDerivedValues), QString::number(outcome.carriedValues),
-                            QString::number(outcome.computedValues), month(outcome.minimum), month(outcome.maximum));
-    if (!outcome.derivedDifferences.isEmpty())
-        text += QStringLiteral("\nNote: ") + outcome.derivedDifferences;
-    return text;
 }
 
 } // namespace OfficialSourceInstaller

@@ -45,8 +45,5 @@ struct Options
 // db: an open connection to a database with the schema. The source's name is recorded in
 // data_file. The summary tables are rebuilt and the new range announced.
 Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &options = {});
-// What an installation of the named file did, in words, for the user: one sentence of counts
-// and the database's months, then a note on derived values that differed, if any.
-QString summary(const QString &fileName, const Outcome &outcome);
 
 }

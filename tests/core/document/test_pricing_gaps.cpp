@@ -10,6 +10,7 @@
 namespace {
 
 using S = HoldingStatus;
+using HoldingPresentation::Remark;
 
 // One EE and one I issue month priced in January 2002, an EE month not yet redeemable.
 class PricingGaps : public ::testing::Test, public PortfolioFixture
@@ -25,32 +26,32 @@ protected:
 
 TEST_F(PricingGaps, StatusTellsAMonthNeverSoldFromOneNotPricedYet)
 {
-    const struct { const char *code; int year, month; S status; const char *text; } cases[] = {
-        {"N", 2000, 3, S::Valued, ""},
-        {"N", 2001, 9, S::NotYetRedeemable, "not yet redeemable"},
-        {"N", 2000, 4, S::NoPricingData, "no pricing data"},
-        {"N", 1980, 1, S::NoPricingData, "no pricing data"},
-        {"N", 1979, 12, S::BeforeSeriesBegan, "no pricing data"},
-        {"I", 1998, 9, S::NoPricingData, "no pricing data"},
-        {"I", 1998, 8, S::BeforeSeriesBegan, "no pricing data"},
-        {"E", 1941, 5, S::NoPricingData, "no pricing data"},
-        {"E", 1941, 4, S::BeforeSeriesBegan, "no pricing data"},
-        {"E", 1980, 6, S::NoPricingData, "no pricing data"},
-        {"E", 1980, 7, S::AfterSeriesEnded, "no pricing data"},
-        {"S", 1967, 5, S::NoPricingData, "no pricing data"},
-        {"S", 1967, 4, S::BeforeSeriesBegan, "no pricing data"},
-        {"S", 1970, 10, S::NoPricingData, "no pricing data"},
-        {"S", 1970, 11, S::AfterSeriesEnded, "no pricing data"},
-        {"N", 2002, 1, S::NoPricingData, "no pricing data"},
-        {"N", 2002, 2, S::NotIssuedYet, "no pricing data"}, // after the valuation month
-        {"I", 0, 0, S::Valued, ""}, // no issue date: nothing to look up
+    const struct { const char *code; int year, month; S status; Remark remark; } cases[] = {
+        {"N", 2000, 3, S::Valued, Remark::None},
+        {"N", 2001, 9, S::NotYetRedeemable, Remark::NotYetRedeemable},
+        {"N", 2000, 4, S::NoPricingData, Remark::NoPricingData},
+        {"N", 1980, 1, S::NoPricingData, Remark::NoPricingData},
+        {"N", 1979, 12, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"I", 1998, 9, S::NoPricingData, Remark::NoPricingData},
+        {"I", 1998, 8, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"E", 1941, 5, S::NoPricingData, Remark::NoPricingData},
+        {"E", 1941, 4, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"E", 1980, 6, S::NoPricingData, Remark::NoPricingData},
+        {"E", 1980, 7, S::AfterSeriesEnded, Remark::NoPricingData},
+        {"S", 1967, 5, S::NoPricingData, Remark::NoPricingData},
+        {"S", 1967, 4, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"S", 1970, 10, S::NoPricingData, Remark::NoPricingData},
+        {"S", 1970, 11, S::AfterSeriesEnded, Remark::NoPricingData},
+        {"N", 2002, 1, S::NoPricingData, Remark::NoPricingData},
+        {"N", 2002, 2, S::NotIssuedYet, Remark::NoPricingData}, // after the valuation month
+        {"I", 0, 0, S::Valued, Remark::None}, // no issue date: nothing to look up
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(testing::Message() << c.code << ' ' << c.year << '-' << c.month);
         const HoldingRef holding = make(c.code, c.year, c.month, 5000);
         const HoldingFigures figures = portfolio->figuresOf(*holding);
         EXPECT_EQ(figures.status(), c.status);
-        EXPECT_EQ(HoldingPresentation::statusText(figures), QString::fromLatin1(c.text));
+        EXPECT_EQ(HoldingPresentation::pricingRemarkOf(figures), c.remark);
     }
 }
 

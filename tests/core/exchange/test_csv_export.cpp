@@ -62,7 +62,6 @@ TEST_F(CsvExport, WritesAtomicallyWithoutTouchingTheDocument)
     const QString unwritable = TestSupport::temporaryDirectory() + QStringLiteral("/missing/bonds.csv");
     const ExchangeOutcome failed = PortfolioCsv::exportToCommaSeparatedValues(unwritable, *portfolio, {});
     EXPECT_FALSE(failed.succeeded);
-    EXPECT_TRUE(failed.title.isEmpty()); // the window only beeps
     EXPECT_TRUE(failed.detail.contains(unwritable));
 }
 

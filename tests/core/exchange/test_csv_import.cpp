@@ -1,4 +1,5 @@
 #include "ExchangeFixture.h"
+#include "exchange/ExchangeAlerts.h"
 #include "exchange/HoldingCsv.h"
 #include "exchange/PortfolioCsvImport.h"
 
@@ -18,8 +19,9 @@ protected:
     void expectRefused(const CsvImportOutcome &outcome, const char *producer)
     {
         EXPECT_FALSE(outcome.succeeded);
-        EXPECT_EQ(outcome.title, QStringLiteral("Import file corrupt"));
-        EXPECT_EQ(outcome.message, QStringLiteral("The file you selected does not appear to be a CSV file produced by %1.  "
+        const ExchangeAlert alert = ExchangeAlerts::of(outcome);
+        EXPECT_EQ(alert.title, QStringLiteral("Import file corrupt"));
+        EXPECT_EQ(alert.message, QStringLiteral("The file you selected does not appear to be a CSV file produced by %1.  "
                                                   "Please verify your choice and try again.").arg(QLatin1String(producer)));
         EXPECT_TRUE(portfolio->holdings().isEmpty());
         EXPECT_FALSE(portfolio->isEdited());
@@ -138,10 +140,10 @@ TEST_F(CsvImport, WizardFile)
     const CsvImportOutcome outcome = import(WizardHeader + "EE,100,Q100,03/1995\r\nHH,500,H1,01/1990\r\nI,50,x,7/1999,extra\r\n"
                                                            "ee,50,lower,01/2000\r\nS,25,,5/1967\r\n");
     ASSERT_TRUE(outcome.succeeded);
-    EXPECT_EQ(outcome.title, QStringLiteral("Import Complete"));
+    EXPECT_EQ(ExchangeAlerts::of(outcome).title, QStringLiteral("Import Complete"));
     // Rejected: HH, the extra field, lower case and the empty line after the end; still "2 out of 2".
     EXPECT_EQ(outcome.rejectedCount, 4);
-    EXPECT_EQ(outcome.message, QStringLiteral("Imported 2 out of 2 bonds. (HH/H bonds not supported)"));
+    EXPECT_EQ(ExchangeAlerts::of(outcome).message, QStringLiteral("Imported 2 out of 2 bonds. (HH/H bonds not supported)"));
     ASSERT_EQ(portfolio->holdings().size(), 2);
     const Holding &bond = *portfolio->holdings().first();
     EXPECT_EQ(std::tuple(bond.series(), bond.quantity(), bond.faceValue(), bond.issueDate(), bond.serialNumber()),
@@ -170,7 +172,7 @@ TEST_F(CsvImport, HeaderWithoutUsableLinesStillCompletes)
 {
     const CsvImportOutcome outcome = import("Denomination,Issue Date\r\n100,3/1995\r\n");
     ASSERT_TRUE(outcome.succeeded);
-    EXPECT_EQ(outcome.message, QStringLiteral("Imported 0 out of 0 bonds. (HH/H bonds not supported)"));
+    EXPECT_EQ(ExchangeAlerts::of(outcome).message, QStringLiteral("Imported 0 out of 0 bonds. (HH/H bonds not supported)"));
     EXPECT_TRUE(portfolio->holdings().isEmpty());
     EXPECT_TRUE(portfolio->isEdited());
 }

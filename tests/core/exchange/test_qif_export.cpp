@@ -1,4 +1,5 @@
 #include "ExchangeFixture.h"
+#include "exchange/ExchangeAlerts.h"
 #include "exchange/HoldingQuicken.h"
 #include "exchange/PortfolioQuicken.h"
 
@@ -59,15 +60,15 @@ TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
               "!Account\rNFamily Bonds\rDGenerated with Quillmere\rTPort\r^\r!Type:Invst\r"
                   + (HoldingQuicken::asQuickenTransaction(*ee) + HoldingQuicken::asQuickenTransaction(*e)).toLatin1()
                   + "!Type:Prices\r" + eePrices + "^\r");
-    EXPECT_EQ(outcome.title, QStringLiteral("Export complete"));
-    EXPECT_EQ(outcome.message, QStringLiteral("You may now import your portfolio positions and pricelist from the files in ")
+    EXPECT_EQ(ExchangeAlerts::of(outcome).title, QStringLiteral("Export complete"));
+    EXPECT_EQ(ExchangeAlerts::of(outcome).message, QStringLiteral("You may now import your portfolio positions and pricelist from the files in ")
                                    + QDir(dir).absolutePath());
     EXPECT_FALSE(portfolio->isEdited());
 
     const QuickenFileSet::Outcome failed = QuickenFileSet::exportToQuickenFileSet(*portfolio, {}, dir + QStringLiteral("/none"));
     EXPECT_FALSE(failed.succeeded);
-    EXPECT_EQ(failed.title, QStringLiteral("Alert"));
-    EXPECT_EQ(failed.message, QStringLiteral("Unable to export data"));
+    EXPECT_EQ(ExchangeAlerts::of(failed).title, QStringLiteral("Alert"));
+    EXPECT_EQ(ExchangeAlerts::of(failed).message, QStringLiteral("Unable to export data"));
 }
 
 TEST_F(QifExport, NumberedNamesFollowThePriceListAlone)

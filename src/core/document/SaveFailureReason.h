@@ -1,0 +1,9 @@
+#pragma once
+// Why a portfolio could not be saved, in the words the window and the command line both put into
+// their own sentences: "the disk is full", "permission denied", the system's or the encoder's
+// reason. A clause, without a closing full stop.
+#include "document/BondPortfolio.h"
+
+#include <QString>
+
+QString saveFailureReason(const PortfolioSaveFailure &failure);

@@ -1,0 +1,44 @@
+#include "exchange/ExchangeAlerts.h"
+
+#include <QCoreApplication>
+
+namespace ExchangeAlerts {
+
+namespace {
+
+QString text(const char *source)
+{
+    return QCoreApplication::translate("ExchangeAlerts", source);
+}
+
+} // namespace
+
+ExchangeAlert of(const CsvImportOutcome &outcome)
+{
+    if (outcome.succeeded) {
+        // The texts of the original alerts, their quirks kept: "out of" counts the bonds again.
+        return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Import Complete")),
+                text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Imported %1 out of %2 bonds. (HH/H bonds not supported)"))
+                    .arg(QString::number(outcome.importedCount), QString::number(outcome.importedCount))};
+    }
+    const QString producer = outcome.format == CsvImportFormat::Own
+                                 ? text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Quillmere"))
+                                 : text(QT_TRANSLATE_NOOP("ExchangeAlerts", "the Treasury Department's Savings Bond Wizard"));
+    return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Import file corrupt")),
+            text(QT_TRANSLATE_NOOP("ExchangeAlerts", "The file you selected does not appear to be a CSV file produced "
+                                                     "by %1.  Please verify your choice and try again."))
+                .arg(producer)};
+}
+
+ExchangeAlert of(const QuickenFileSet::Outcome &outcome)
+{
+    if (!outcome.succeeded)
+        return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Alert")),
+                text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Unable to export data"))};
+    return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Export complete")),
+            text(QT_TRANSLATE_NOOP("ExchangeAlerts",
+                                   "You may now import your portfolio positions and pricelist from the files in %1"))
+                .arg(outcome.directory)};
+}
+
+} // namespace ExchangeAlerts

@@ -1,0 +1,21 @@
+#pragma once
+// The alert that ends an import or export, in the words the window shows and the command line
+// prints: the outcomes are values, and their words are chosen here once for both.
+#include "exchange/PortfolioCsvImport.h"
+#include "exchange/PortfolioQuicken.h"
+
+#include <QString>
+
+struct ExchangeAlert
+{
+    QString title;
+    QString message;
+};
+
+namespace ExchangeAlerts {
+// "Import Complete" with the count of bonds, or "Import file corrupt" naming the program the
+// file should have come from.
+ExchangeAlert of(const CsvImportOutcome &outcome);
+// "Export complete" naming the directory, or "Alert": "Unable to export data".
+ExchangeAlert of(const QuickenFileSet::Outcome &outcome);
+}

@@ -1,0 +1,1654 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US">
+<context>
+    <name>CliText</name>
+    <message>
+        <source>unexpected argument &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no redemption value database found: the program&apos;s own copy (%1) is missing and %2 is not set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the redemption value database %1 does not exist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a redemption value database (it holds no redemption months)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: no such portfolio file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot open the portfolio: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>vCard file that names the portfolio&apos;s people (default: $%1, else %2 beside the portfolio, else your own people file).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 person named in %1 is not in %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 people named in %2 are not in %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Valuation month, YYYY-MM (default: the latest month with values, or this month if earlier).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the valuation month must be written YYYY-MM, not &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>quillmere-cli: warning: %1; their names are left out (name the people file that holds them with --people FILE)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>; the file is unchanged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot save the portfolio: %2%3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series EE bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series %1 bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the database has no value for this bond in that month; &quot;quillmere-cli update&quot; installs newer values once the Treasury has published them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 were first issued in %2; no values exist for this issue month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 were last issued in %2; no values exist for this issue month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>this bond was issued in %1, after the valuation month; it has no value before then</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 bond without pricing data is not in these totals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 bonds without pricing data are not in these totals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cumulative</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>yearly</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issued</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue price</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yield</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Growth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Registration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Portfolio:   %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Valued as of %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>People:      %1
+
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[quantity below 1: counts as no bonds] %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(* electronic; face value and issue price are per bond, the totals are for all bonds)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>([computed] %1)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>([no pricing data] %1)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>
+Interest earned by tax year (%1):
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  (none)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Builds a redemption value database from Treasury value files (sbYYYYMM.asc) and
+Fiscal Data value files (.csv), adding the values of matured bonds carried forward
+and those of Series EE bonds of a fixed rate, computed from the built-in rate table.
+FILE is replaced only when the whole build succeeds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The database file to write.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The value files to build from.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>build-database needs at least one source file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--out FILE SOURCE...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>build-database needs --out FILE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>database not built: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Built %1: %2 values in %3 installed files (the sources and the values of matured bonds), redemption months %4 to %5
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>build-database --out FILE SOURCE...  build a redemption value database</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Prints the path of the redemption value database, its earliest and latest
+redemption months, its number of values and its installed files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Database:                   %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Earliest redemption month:  %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Latest redemption month:    %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Values:                     %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installed files:            %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>database                 where the redemption value database is and what it holds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writes every holding of a portfolio, with its figures as of the valuation month, to a CSV file (ISO Latin 1, line feeds).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The portfolio document.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The CSV file to write (replaced if it exists).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>export-csv needs a portfolio file and an output file (see --help)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exported %1 holdings as of %2 to %3
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>export-csv FILE OUT [--as-of YYYY-MM] [--people FILE]   write a portfolio&apos;s holdings as CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writes PriceList.qif and Positions.qif for a portfolio into a directory; numbered names (PriceList-1.qif, ...) when a price list is already there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An existing directory to write into.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>export-qif needs a portfolio file and a directory (see --help)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: no such directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>export-qif FILE DIR [--as-of YYYY-MM] [--people FILE]   write Quicken price list and positions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appends the bonds of a CSV file to a portfolio and saves it (a new portfolio is created when FILE does not exist). Lines that cannot be read, H and HH bonds among them, are skipped.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>own (written by Quillmere, line feeds) or wizard (Savings Bond Wizard 4.10, CR LF).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save even though people the portfolio names are not in the people file: they and their roles are dropped.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The CSV file to read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>import-csv needs a portfolio file and a CSV file (see --help)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--format own|wizard [options] FILE CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--format own|wizard is required</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown format &apos;%1&apos; (use own or wizard)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: no such file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; saving would drop them and every role that names them. Name the people file that holds them with --people FILE (or %2), or give --drop-missing-people to save without them. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Created %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>import-csv FILE CSV --format own|wizard [--people FILE] [--drop-missing-people]   add the bonds of a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installs Treasury savings bond value files (sbYYYYMM.asc) or Fiscal Data value
+files (.csv) into the redemption value database, each in one transaction.
+Values the database already holds are passed over and months it holds without
+data are filled in; a file whose values contradict it is refused. Values the
+program derived (matured bonds, EE bonds of a fixed rate) give way to the file&apos;s
+official ones, and a difference between them is reported. Then matured bonds keep
+their value and fixed-rate EE bonds are computed up to the latest month. Each file
+is recorded under its name, so the updater never offers it again.
+The database is QUILLMERE_DATABASE, or the working copy in the user&apos;s data folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The value files to install, in order.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>install-treasury-file needs a file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no redemption value database found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the redemption value database %1 cannot be written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot open the redemption value database %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>install-treasury-file FILE...  install Treasury value files into the database</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writes sample.%1 and people.vcf into a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where the two files go (created if needed).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give the folder to write to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>could not create %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wrote %1 and %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>make-sample FOLDER</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writes an update directory from the same sources build-database uses: one price
+data file per source, named as the built database records it, the values of
+matured bonds carried forward, and the catalogue %1
+listing them in installation order. Serve DIR from any static web server.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The directory to write (created if needed).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The value files to publish.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>publish needs at least one source file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--out DIR SOURCE...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>publish needs --out DIR</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: this name is reserved for the derived values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: this name cannot be published</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot create the directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Published %1 price data files (%2 records) and %3 in %4
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>publish --out DIR SOURCE...  write an update directory for the updater</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows a portfolio: every holding&apos;s figures, totals and the interest summary.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest earned within each year instead of cumulative.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print JSON for scripts (money in pennies).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The portfolio (.%1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>which portfolio? Give one file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give one portfolio file only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>show FILE [--as-of YYYY-MM] [--yearly] [--json] [--people FILE]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>downloading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asks the Treasury&apos;s Fiscal Data service for every redemption month the redemption value
+database lacks official values for, and installs them in one step (all or nothing).
+With --catalogue, fetches the catalogue %1 from an update directory instead
+and installs every price data file it lists that the database lacks.
+The database is QUILLMERE_DATABASE, or the working copy in the user&apos;s data folder.
+Exit status 0 when the check, or every installation, succeeded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only report what would be installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use an update directory&apos;s catalogue instead of Fiscal Data.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use the Fiscal Data service even when the settings name a catalogue.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update directory; implies --catalogue (default: the %1 variable, the &apos;%2&apos; setting, or %3).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Fiscal Data service root (default: the %1 variable, the &apos;%2&apos; setting, or %3).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Give up when the whole download takes longer than this (default: %1 seconds without a byte, %2 in all).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--catalogue and --base-url do not go with --fiscal-data or --service-url</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--timeout needs a number of seconds up to 3600</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not an absolute URL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not an absolute http or https URL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>update [--check] [--catalogue [--base-url URL]]  install new redemption values from the Treasury</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no pricing data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not yet redeemable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The value of one savings bond as of a month.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E, EE, I or SN (Savings Note).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face value in dollars.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue month, YYYY-MM.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bond was bought electronically, not on paper.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--series S --face DOLLARS --issued YYYY-MM [options]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--%1 is required</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown series &apos;%1&apos; (use E, EE, I or SN)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the face value must be a positive number of dollars, not &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the issue month must be written YYYY-MM, not &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series:          %1 (paper)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series:          %1 (electronic)
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face value:      %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issued:          %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value as of:     %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue price:     %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value:           %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest earned: %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Computed:        %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:            %1
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>value --series S --face DOLLARS --issued YYYY-MM [--as-of YYYY-MM] [--electronic]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Usage: quillmere-cli COMMAND [OPTIONS]
+
+Commands:
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>
+Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>quillmere-cli: unknown command &apos;%1&apos;
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>computed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DocumentManager</name>
+    <message>
+        <source>The portfolio could not be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Portfolio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings bond portfolios (*.%1);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ExchangeAlerts</name>
+    <message>
+        <source>Import Complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Imported %1 out of %2 bonds. (HH/H bonds not supported)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quillmere</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the Treasury Department&apos;s Savings Bond Wizard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import file corrupt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file you selected does not appear to be a CSV file produced by %1.  Please verify your choice and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to export data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You may now import your portfolio positions and pricelist from the files in %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ExchangePanels</name>
+    <message>
+        <source>All bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Selected bonds only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export to CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export To:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose Export Directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose or create a target directory for your export.
+The directory will receive two QIF files:
+a price list, and a list of your portfolio holdings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose File to Import</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a CSV file exported by either Quillmere or Savings Bond Wizard(R) 4.10.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quillmere CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings Bond Wizard CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>HoldingColumns</name>
+    <message>
+        <source>Series</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue Price</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest Earned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current Yield</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Growth Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serial Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Co-owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beneficiary</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Registration</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>HoldingExplanations</name>
+    <message>
+        <source>Savings Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series EE bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series I bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series E bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the database has no value for this bond in that month. Tools ▸ Update Redemption Values… installs newer values once the Treasury has published them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 were first issued in %2; no values exist for this issue month.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 were last issued in %2; no values exist for this issue month.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>this bond was issued in %1, after the valuation month; it has no value before then.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 bond without pricing data is not in these totals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bonds without pricing data are not in these totals</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>computed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no pricing data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not yet redeemable</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>HoldingPresentation</name>
+    <message>
+        <source>computed by this program, not published by the Treasury: Series EE bonds issued since May 2005 from their fixed rate, matured bonds from their value at final maturity</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>HoldingsTableModel</name>
+    <message>
+        <source>quantity below 1: counts as no bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid issue date</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>InstallationSummary</name>
+    <message>
+        <source>none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installed %1: %2 new records, %3 already installed, %4 completed, %5 derived values replaced by official ones, %6 values of matured bonds carried forward, %7 values of fixed-rate EE bonds computed; redemption months %8 to %9</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>InterestSummaryModel</name>
+    <message>
+        <source>Tax Year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PeoplePickerDialog</name>
+    <message>
+        <source>Add People</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Person…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This Is Me</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import Contacts…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> (me)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import Contacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>vCard files (*.vcf *.vcard);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Imported %1 %2 (%3 already there).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>people</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PeopleTableModel</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Co-owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beneficiary</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PersonCreatorDialog</name>
+    <message>
+        <source>New Person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>First name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E-mail (home):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The address book could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is added to this portfolio, but %2 could not be written: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PortfolioPrintLayout</name>
+    <message>
+        <source>Series</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue Price</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest Earned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serial Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Registration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings Note</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PortfolioWindow</name>
+    <message>
+        <source>Select people to show only their bonds. Drop bonds on a person to name the owner; hold Ctrl+Shift for the co-owner, Ctrl for the beneficiary.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Interest earned by tax year&lt;/b&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cumulative</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Year by year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Portfolio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings bond portfolios (*.%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not save the portfolio to %1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file on disk is unchanged.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The portfolio could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Revert to Saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to revert to the most recently saved version of &quot;%1&quot;? Your current changes will be lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The portfolio could not be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save changes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to save the changes you made to &quot;%1&quot;?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your changes will be lost if you don&apos;t save them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Don&apos;t Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Revert to Saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print your portfolio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print Pre&amp;view…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export as P&amp;DF…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add a new bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove selected bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export portfolio to Comma Separate Values (CSV) file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export QIF</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export portfolio to Quicken Interchange Format (QIF) file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import bonds from a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add people to your portfolio titleholder&apos;s list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pr&amp;eferences…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Update Redemption Values…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Install Treasury Value File…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value &amp;Chart…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;About Quillmere</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About Quillmere</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Quillmere %1&lt;/h3&gt;&lt;p&gt;Keeps track of a household&apos;s United States savings bonds, valued from the Treasury&apos;s redemption values.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Columns</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Portfolio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No recent portfolios</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Toolbar</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date as of which values are calculated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value as of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name as Owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name as Co-owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name as Beneficiary</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid valuation date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Total of %n bond(s) shown: face value %1 · issue price %2 · interest %3 · value %4</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>People missing from the address book</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n person(s) named in this portfolio cannot be found in %1.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Saving now leaves them out, with every role that names them. Open the portfolio with the address book that holds them to keep them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Without Them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PDF documents (*.pdf)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesDialog</name>
+    <message>
+        <source>Preferences</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Electronic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Treasury (Fiscal Data service)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An update directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>https://example.org/bonddata/</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check for new redemption values automatically</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Once a day at most, after the program starts, while some values of the current month are missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series of new bonds:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New bonds are bought on:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redemption values from:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update directory:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an absolute web address such as %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Give the web address of the update directory.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QCommandLineParser</name>
+    <message>
+        <source>Usage: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SaveFailureReason</name>
+    <message>
+        <source>the disk is full</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>permission denied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>read-only file system</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TreasuryFileInstall</name>
+    <message>
+        <source>The redemption value database %1 cannot be opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The redemption value database %1 cannot be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installing %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Install Treasury Value File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Treasury value files (*.asc *.csv);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value file installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing was installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not installed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UpdateAvailableBar</name>
+    <message>
+        <source>Update Now…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New redemption values through %1 are available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New redemption values are available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UpdaterSession</name>
+    <message>
+        <source>Your installation cannot be updated.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your installation isn&apos;t writeable by the updater.  Typically this occurs when you continue to run the application from the downloaded DMG file.  The solution is to quit the application and install it properly by copying it to the Applications folder on your computer.  You may then re-launch the application from your Applications folder. Any portfolios you have created will not be affected by moving the application to its proper location.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit Quillmere</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UpdaterWindow</name>
+    <message>
+        <source>Update Redemption Values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check the Treasury&apos;s Fiscal Data service for redemption values your database lacks and install them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check the update directory %1 for new redemption values and install them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Install Updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ValueChartDialog</name>
+    <message>
+        <source>Value of %1 %2 issued %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redemption value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value as of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redemption month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The database holds no values for this bond.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Keeps track of United States savings bonds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Portfolios to open (.bondportfolio).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>
