@@ -172,7 +172,7 @@ void BM_ExportCsv(benchmark::State &state)
 {
     const BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
     for (auto _ : state)
-        PortfolioCsv::exportToCommaSeparatedValues(scratch("export.csv"), portfolio, portfolio.holdings());
+        PortfolioCsv::exportToCommaSeparatedValues(scratch("export.csv"), portfolio.valuationContext(), portfolio.holdings());
 }
 
 void BM_ExportQif(benchmark::State &state)
@@ -180,7 +180,7 @@ void BM_ExportQif(benchmark::State &state)
     const BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
     QTemporaryDir dir;
     for (auto _ : state) {
-        const auto outcome = QuickenFileSet::exportToQuickenFileSet(portfolio, portfolio.holdings(), dir.path());
+        const auto outcome = QuickenFileSet::exportToQuickenFileSet(portfolio.displayName(), portfolio.holdings(), portfolio.holdings(), portfolio.valuationContext(), dir.path());
         state.PauseTiming();
         QFile::remove(outcome.paths.priceList);
         QFile::remove(outcome.paths.positions);
@@ -209,14 +209,14 @@ void writeFloor(benchmark::State &state, const QList<QByteArray> &files)
 void BM_ExportCsv_FloorWrite(benchmark::State &state)
 {
     const BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
-    writeFloor(state, {PortfolioCsv::csvRepresentation(portfolio, portfolio.holdings())});
+    writeFloor(state, {PortfolioCsv::csvRepresentation(portfolio.valuationContext(), portfolio.holdings())});
 }
 
 void BM_ExportQif_FloorWrite(benchmark::State &state)
 {
     const BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
-    writeFloor(state, {PortfolioQuicken::quickenPriceListRepresentation(portfolio, portfolio.holdings()),
-                       PortfolioQuicken::quickenPortfolioRepresentation(portfolio, portfolio.holdings())});
+    writeFloor(state, {PortfolioQuicken::quickenPriceListRepresentation(portfolio.valuationContext(), portfolio.holdings()),
+                       PortfolioQuicken::quickenPortfolioRepresentation(portfolio.displayName(), portfolio.valuationContext(), portfolio.holdings())});
 }
 
 } // namespace

@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     check(portfolio.holdings().size() == outcome.importedCount);
     const qsizetype lines = QString::fromLatin1(bytes).split(CsvImportFormats::lineSeparator(format)).size();
     check(outcome.importedCount + outcome.rejectedCount == lines - 1);
-    const QByteArray exported = PortfolioCsv::csvRepresentation(portfolio, portfolio.holdings());
+    const QByteArray exported = PortfolioCsv::csvRepresentation(portfolio.valuationContext(), portfolio.holdings());
     check(exported.count('\n') >= outcome.importedCount + 1);
     return 0;
 }

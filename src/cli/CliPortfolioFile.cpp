@@ -1,5 +1,7 @@
 #include "CliPortfolioFile.h"
 
+#include "document/PortfolioReading.h"
+
 #include "CliCommand.h"
 #include "document/SaveFailureReason.h"
 #include "model/PeopleStore.h"
@@ -7,23 +9,6 @@
 
 #include <QCommandLineParser>
 #include <QFileInfo>
-
-namespace {
-
-// Sets the valuation month when one is given; refuses months without values.
-bool applyValuationMonth(BondPortfolio &portfolio, const QDateTime &month, QString *error)
-{
-    if (!month.isValid())
-        return true;
-    ValidationError refusal;
-    if (!portfolio.validateValueOfDate(month, &refusal) || !portfolio.setValueOfDate(month)) {
-        *error = QStringLiteral("%1: %2").arg(monthText(month), refusal.message);
-        return false;
-    }
-    return true;
-}
-
-} // namespace
 
 std::unique_ptr<BondPortfolio> openPortfolioFile(const QString &path, QString *error, PeopleStore &people)
 {
@@ -61,15 +46,13 @@ QString peopleFilePath(const QCommandLineParser &parser, const QCommandLineOptio
     return PeopleStore::pathForPortfolio(portfolioPath);
 }
 
-QString missingPeopleText(const BondPortfolio &portfolio)
+QString missingPeopleText(int missing, const QString &fileName, const PeopleStore &people)
 {
-    const int missing = portfolio.missingPeopleCount();
     if (missing == 0)
         return {};
     if (missing == 1)
-        return CliText::tr("1 person named in %1 is not in %2").arg(portfolio.fileName(), portfolio.peopleStore().path());
-    return CliText::tr("%1 people named in %2 are not in %3")
-        .arg(QString::number(missing), portfolio.fileName(), portfolio.peopleStore().path());
+        return CliText::tr("1 person named in %1 is not in %2").arg(fileName, people.path());
+    return CliText::tr("%1 people named in %2 are not in %3").arg(QString::number(missing), fileName, people.path());
 }
 
 QCommandLineOption valuationMonthOption()
@@ -94,17 +77,29 @@ bool readValuationMonth(const QCommandLineParser &parser, const QCommandLineOpti
     return false;
 }
 
-std::unique_ptr<BondPortfolio> openValuedPortfolio(const QString &path, const QCommandLineParser &parser,
-                                                   const QCommandLineOption &valuationMonth, QString *error,
-                                                   PeopleStore &people)
+std::unique_ptr<ValuedPortfolio> openValuedPortfolio(const QString &path, const QCommandLineParser &parser,
+                                                     const QCommandLineOption &valuationMonth, QString *error,
+                                                     PeopleStore &people)
 {
     QDateTime month;
     if (!readValuationMonth(parser, valuationMonth, &month, error) || !openRedemptionDatabase(error))
         return nullptr;
-    auto portfolio = openPortfolioFile(path, error, people);
-    if (!portfolio || !applyValuationMonth(*portfolio, month, error))
+    if (!QFileInfo(path).isFile()) {
+        *error = CliText::tr("%1: no such portfolio file").arg(path);
         return nullptr;
-    if (const QString missing = missingPeopleText(*portfolio); !missing.isEmpty())
+    }
+    const PortfolioReading::Result read = PortfolioReading::fromFile(path, people, Person::family(people));
+    if (!read.ok) {
+        *error = CliText::tr("%1: cannot open the portfolio: %2").arg(path, read.error);
+        return nullptr;
+    }
+    auto portfolio = std::make_unique<ValuedPortfolio>(read.portfolio, path, RedemptionDatabase::path());
+    ValidationError refusal;
+    if (month.isValid() && !portfolio->setValueOfDate(month, &refusal)) {
+        *error = QStringLiteral("%1: %2").arg(monthText(month), refusal.message);
+        return nullptr;
+    }
+    if (const QString missing = missingPeopleText(read.missingPeople, path, people); !missing.isEmpty())
         cliErr() << CliText::tr("quillmere-cli: warning: %1; their names are left out (name the people file that "
                                 "holds them with --people FILE)\n")
                         .arg(missing);

@@ -2,6 +2,7 @@
 // Opening a portfolio document for a sub-command, and its --as-of option.
 #include "CliDatabase.h"
 #include "document/BondPortfolio.h"
+#include "model/ValuedPortfolio.h"
 
 #include <QCommandLineOption>
 #include <QString>
@@ -24,7 +25,7 @@ QString peopleFilePath(const QCommandLineParser &parser, const QCommandLineOptio
 // "PATH: cannot save the portfolio: the disk is full" and the like.
 QString saveFailureText(const QString &path, const PortfolioSaveFailure &failure);
 // "N people named in FILE are not in PEOPLE", or empty when the store knew everyone the file names.
-QString missingPeopleText(const BondPortfolio &portfolio);
+QString missingPeopleText(int missing, const QString &fileName, const PeopleStore &people);
 
 // The --as-of option, "YYYY-MM".
 QCommandLineOption valuationMonthOption();
@@ -33,10 +34,11 @@ QCommandLineOption valuationMonthOption();
 bool readValuationMonth(const QCommandLineParser &parser, const QCommandLineOption &option, QDateTime *month,
                         QString *error, MonthSeparators separators = MonthSeparators::Dash);
 
-// The portfolio of the file valued as of the month of the valuation month option (the default
-// month when it is not given). The month is read first and then the working database checked, so
-// that a malformed month or a missing database is named as such. nullptr with *error set when any
-// of it fails. People the store does not know are named in a warning on standard error.
-std::unique_ptr<BondPortfolio> openValuedPortfolio(const QString &path, const QCommandLineParser &parser,
+// The portfolio of the file, as data, valued as of the month of the valuation month option (the
+// default month when it is not given): what read-only commands use. The month is read first and
+// then the working database checked, so that a malformed month or a missing database is named as
+// such. nullptr with *error set when any of it fails. People the store does not know are named in
+// a warning on standard error.
+std::unique_ptr<ValuedPortfolio> openValuedPortfolio(const QString &path, const QCommandLineParser &parser,
                                                    const QCommandLineOption &valuationMonth, QString *error,
                                                    PeopleStore &people);

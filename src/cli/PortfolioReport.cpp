@@ -4,7 +4,7 @@
 #include "HoldingNotes.h"
 #include "base/Month.h"
 
-#include "document/BondPortfolio.h"
+#include "model/ValuedPortfolio.h"
 #include "document/HoldingPresentation.h"
 #include "base/Money.h"
 
@@ -59,12 +59,12 @@ QJsonValue statusKey(Remark remark)
 }
 
 // The summary mode as the JSON names it.
-QString summaryKey(const BondPortfolio &portfolio)
+QString summaryKey(const ValuedPortfolio &portfolio)
 {
     return portfolio.summaryMode() == SummaryMode::Cumulative ? QStringLiteral("cumulative") : QStringLiteral("yearly");
 }
 
-QString summaryTitle(const BondPortfolio &portfolio)
+QString summaryTitle(const ValuedPortfolio &portfolio)
 {
     return portfolio.summaryMode() == SummaryMode::Cumulative ? CliText::tr("cumulative") : CliText::tr("yearly");
 }
@@ -83,7 +83,7 @@ using namespace HoldingPresentation;
 
 namespace PortfolioReport {
 
-QString text(const BondPortfolio &portfolio)
+QString text(const ValuedPortfolio &portfolio)
 {
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     QString out;
@@ -107,7 +107,7 @@ QString text(const BondPortfolio &portfolio)
     for (const char *title : ColumnTitles)
         titles << CliText::tr(title);
     out += line(titles);
-    const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
+    const HoldingTotals totals = HoldingTotals::of(portfolio.valuationContext(), portfolio.holdings());
     bool anyComputed = false;
     QStringList missing; // why bonds lack pricing data, each reason once
     for (const HoldingRef &holding : portfolio.holdings()) {
@@ -149,12 +149,12 @@ QString text(const BondPortfolio &portfolio)
     return out;
 }
 
-QByteArray json(const BondPortfolio &portfolio)
+QByteArray json(const ValuedPortfolio &portfolio)
 {
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     auto person = [](const PersonRef &p) { return p ? QJsonValue(p->name()) : QJsonValue(); };
     QJsonArray holdings;
-    const HoldingTotals totals = HoldingTotals::of(portfolio, portfolio.holdings());
+    const HoldingTotals totals = HoldingTotals::of(portfolio.valuationContext(), portfolio.holdings());
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
         const HoldingFigures figures = portfolio.figuresOf(h);

@@ -3,11 +3,11 @@
 #include <QByteArray>
 #include <QString>
 
-class BondPortfolio;
+class ValuedPortfolio;
 
 namespace PortfolioReport {
 // A table of holdings with totals, then the interest summary.
-QString text(const BondPortfolio &portfolio);
+QString text(const ValuedPortfolio &portfolio);
 // The same figures as JSON; money in pennies, months as "YYYY-MM".
-QByteArray json(const BondPortfolio &portfolio);
+QByteArray json(const ValuedPortfolio &portfolio);
 }

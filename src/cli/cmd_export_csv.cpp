@@ -32,7 +32,7 @@ int run(const QStringList &arguments)
     if (!portfolio)
         return cliFail(error);
 
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(paths.at(1), *portfolio, portfolio->holdings());
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(paths.at(1), portfolio->valuationContext(), portfolio->holdings());
     if (!outcome.succeeded)
         return cliFail(outcome.detail);
     cliOut() << CliText::tr("Exported %1 holdings as of %2 to %3\n")

@@ -40,7 +40,8 @@ int run(const QStringList &arguments)
         return cliFail(error);
 
     const QuickenFileSet::Outcome outcome =
-        QuickenFileSet::exportToQuickenFileSet(*portfolio, portfolio->holdings(), paths.at(1));
+        QuickenFileSet::exportToQuickenFileSet(portfolio->displayName(), portfolio->holdings(), portfolio->holdings(),
+                                              portfolio->valuationContext(), paths.at(1));
     const ExchangeAlert alert = ExchangeAlerts::of(outcome);
     if (!outcome.succeeded)
         return cliFail(QStringLiteral("%1 (%2)").arg(alert.message, outcome.detail));

@@ -50,7 +50,7 @@ int run(const QStringList &arguments)
     if (!portfolio)
         return cliFail(error);
     // Saving keeps only the people the store knows: never drop the others unasked.
-    if (const QString missing = missingPeopleText(*portfolio); !missing.isEmpty() && !parser.isSet(dropOption))
+    if (const QString missing = missingPeopleText(portfolio->missingPeopleCount(), portfolio->fileName(), portfolio->peopleStore()); !missing.isEmpty() && !parser.isSet(dropOption))
         return cliFail(CliText::tr("%1; saving would drop them and every role that names them. Name the people "
                                       "file that holds them with --people FILE (or %2), or give --drop-missing-people "
                                       "to save without them. Nothing was changed.")

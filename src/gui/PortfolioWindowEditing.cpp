@@ -188,7 +188,7 @@ void PortfolioWindow::updateTotals()
 {
     m_totalsPending = false;
     const QList<HoldingRef> shown = m_filterModel->shownHoldings();
-    const HoldingTotals totals = HoldingTotals::of(*m_portfolio, shown);
+    const HoldingTotals totals = HoldingTotals::of(m_portfolio->valuationContext(), shown);
     QString text = tr("Total of %n bond(s) shown: face value %1 · issue price %2 · interest %3 · value %4", nullptr,
                       int(totals.quantity))
                        .arg(formatDollars(totals.faceValue), formatDollars(totals.issuePrice),

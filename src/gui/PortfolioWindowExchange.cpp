@@ -29,7 +29,7 @@ void PortfolioWindow::exportCsv()
     if (!selected.isEmpty())
         m_exportRow = choice->row;
     const QList<HoldingRef> holdings = ExportChoice::holdingsToExport(m_portfolio->holdings(), selected, choice->row);
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(choice->path, *m_portfolio, holdings);
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(choice->path, m_portfolio->valuationContext(), holdings);
     if (!outcome.succeeded) {
         qWarning().noquote() << "CSV export failed:" << outcome.detail;
         m_panels->beep();
@@ -45,7 +45,8 @@ void PortfolioWindow::exportQif()
     if (!selected.isEmpty())
         m_exportRow = choice->row;
     const QList<HoldingRef> chosen = ExportChoice::holdingsToExport(m_portfolio->holdings(), selected, choice->row);
-    const auto outcome = QuickenFileSet::exportToQuickenFileSet(*m_portfolio, chosen, choice->path);
+    const auto outcome = QuickenFileSet::exportToQuickenFileSet(m_portfolio->displayName(), m_portfolio->holdings(), chosen,
+                                                                m_portfolio->valuationContext(), choice->path);
     if (!outcome.succeeded) {
         qWarning().noquote() << "QIF export failed:" << outcome.detail;
         m_panels->beep();

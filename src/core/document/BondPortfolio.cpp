@@ -215,9 +215,7 @@ void BondPortfolio::setFileName(const QString &fileName)
 
 QString BondPortfolio::displayName() const
 {
-    if (m_fileName.isEmpty())
-        return QStringLiteral("Untitled");
-    return QFileInfo(m_fileName).completeBaseName();
+    return Portfolio::displayNameOf(m_fileName);
 }
 
 void BondPortfolio::adopt(Holding &holding)

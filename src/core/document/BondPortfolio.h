@@ -16,6 +16,7 @@
 #include "valuation/BondAssessor.h"
 #include "valuation/HoldingFigures.h"
 #include "valuation/InterestSummary.h"
+#include "valuation/ValuationMonth.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -59,9 +60,8 @@ class BondPortfolio : public QObject
 {
     Q_OBJECT
 public:
-    static constexpr const char *ValueOfDateErrorDomain = "ValueOfDate";
-    static constexpr const char *NoValuationDataMessage =
-        "No pricing data available for bonds with that valuation date";
+    static constexpr const char *ValueOfDateErrorDomain = ValuationMonth::ErrorDomain;
+    static constexpr const char *NoValuationDataMessage = ValuationMonth::NoValuationDataMessage;
 
     // A new, empty portfolio: no holdings, the store's family as title holders, the cumulative summary,
     // the initial valuation date, no undo history. The store defaults to PeopleStore::shared(),

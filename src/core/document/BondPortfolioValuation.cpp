@@ -1,6 +1,8 @@
 // The valuation date and the interest summary of a portfolio.
 #include "document/BondPortfolio.h"
 
+#include "valuation/ValuationMonth.h"
+
 #include <QtGlobal>
 
 bool BondPortfolio::setValueOfDate(const QDateTime &date)
@@ -23,20 +25,12 @@ void BondPortfolio::storeValueOfDate(const QDateTime &date)
 
 bool BondPortfolio::validateValueOfDate(const QDateTime &proposed, ValidationError *error) const
 {
-    if (proposed.isValid() && m_assessor->isValidValueOfDate(proposed))
-        return true;
-    if (error)
-        *error = {QString::fromLatin1(ValueOfDateErrorDomain), 1, QString::fromLatin1(NoValuationDataMessage)};
-    return false;
+    return ValuationMonth::validate(*m_assessor, proposed, error);
 }
 
 QDateTime BondPortfolio::initialValueOfDate() const
 {
-    const QDateTime now = QDateTime::currentDateTime();
-    const QDateTime latest = m_assessor->maximumRedemptionDate();
-    if (!latest.isValid())
-        return now;
-    return latest < now ? latest : now;
+    return ValuationMonth::initial(*m_assessor);
 }
 
 void BondPortfolio::setSummaryMode(SummaryMode mode)

@@ -1,7 +1,8 @@
 #include "document/HoldingPresentation.h"
 
 #include "base/Month.h"
-#include "document/BondPortfolio.h"
+#include "model/Portfolio.h"
+#include "valuation/BondAssessor.h"
 
 #include <QCoreApplication>
 
@@ -70,12 +71,12 @@ void HoldingTotals::add(const HoldingFigures &holding)
     value += holding.value();
 }
 
-HoldingTotals HoldingTotals::of(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
+HoldingTotals HoldingTotals::of(const ValuationContext &valuation, const QList<HoldingRef> &holdings)
 {
-    BondAssessor::ReadBatch batch(portfolio.assessor());
-    portfolio.prefetchValues(holdings);
+    const BondAssessor::ReadBatch batch(*valuation.assessor);
+    Portfolio::prefetchValues(*valuation.assessor, holdings);
     HoldingTotals totals;
     for (const HoldingRef &holding : holdings)
-        totals.add(portfolio.figuresOf(*holding));
+        totals.add(HoldingFigures(valuation, holding->facts()));
     return totals;
 }

@@ -46,5 +46,5 @@ struct HoldingTotals
 
     void add(const HoldingFigures &holding);
     // Reads every figure in one batch of the portfolio's database reader.
-    static HoldingTotals of(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
+    static HoldingTotals of(const ValuationContext &valuation, const QList<HoldingRef> &holdings);
 };

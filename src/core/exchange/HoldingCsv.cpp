@@ -1,7 +1,8 @@
 #include "exchange/HoldingCsv.h"
 
-#include "document/BondPortfolio.h"
 #include "exchange/ExportText.h"
+#include "model/Portfolio.h"
+#include "valuation/BondAssessor.h"
 
 namespace {
 
@@ -50,12 +51,11 @@ QString asCSV(const Holding &holding, const ValuationContext &context)
 namespace PortfolioCsv {
 
 namespace {
-void appendCsv(QByteArray &buffer, const BondPortfolio &portfolio, const QList<HoldingRef> &holdings,
+void appendCsv(QByteArray &buffer, const ValuationContext &context, const QList<HoldingRef> &holdings,
                const std::function<void()> &flushIfFull)
 {
-    const BondAssessor::ReadBatch batch(portfolio.assessor());
-    portfolio.prefetchValues(holdings);
-    const ValuationContext context = portfolio.valuationContext();
+    const BondAssessor::ReadBatch batch(*context.assessor);
+    Portfolio::prefetchValues(*context.assessor, holdings);
     buffer += ExportText::latin1Bytes(HoldingCsv::csvHeader());
     for (const HoldingRef &holding : holdings) {
         buffer += ExportText::latin1Bytes(HoldingCsv::asCSV(*holding, context));
@@ -64,19 +64,19 @@ void appendCsv(QByteArray &buffer, const BondPortfolio &portfolio, const QList<H
 }
 }
 
-QByteArray csvRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
+QByteArray csvRepresentation(const ValuationContext &valuation, const QList<HoldingRef> &holdings)
 {
     QByteArray bytes;
-    appendCsv(bytes, portfolio, holdings, [] {});
+    appendCsv(bytes, valuation, holdings, [] {});
     return bytes;
 }
 
-ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const BondPortfolio &portfolio,
+ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const ValuationContext &valuation,
                                              const QList<HoldingRef> &holdings)
 {
     ExchangeOutcome outcome;
     outcome.succeeded = ExportText::writeFileAtomically(
-        path, [&](QByteArray &buffer, const std::function<void()> &flushIfFull) { appendCsv(buffer, portfolio, holdings, flushIfFull); },
+        path, [&](QByteArray &buffer, const std::function<void()> &flushIfFull) { appendCsv(buffer, valuation, holdings, flushIfFull); },
         &outcome.detail);
     return outcome;
 }

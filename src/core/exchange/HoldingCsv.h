@@ -22,13 +22,12 @@ QString csvHeader();
 QString asCSV(const Holding &holding, const ValuationContext &context);
 }
 
-class BondPortfolio;
 
 namespace PortfolioCsv {
 // The header's bytes followed by each holding's line, in list order.
-QByteArray csvRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
+QByteArray csvRepresentation(const ValuationContext &valuation, const QList<HoldingRef> &holdings);
 // Writes csvRepresentation atomically, replacing any file of that name. A failure has no alert
 // (the window only beeps) but carries the reason in its detail. Never touches the document.
-ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const BondPortfolio &portfolio,
+ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const ValuationContext &valuation,
                                              const QList<HoldingRef> &holdings);
 }

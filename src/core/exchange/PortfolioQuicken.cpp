@@ -1,6 +1,8 @@
 #include "exchange/PortfolioQuicken.h"
 
-#include "document/BondPortfolio.h"
+#include "model/Portfolio.h"
+#include "valuation/BondAssessor.h"
+#include "valuation/HoldingFigures.h"
 #include "exchange/ExportText.h"
 #include "exchange/HoldingQuicken.h"
 
@@ -20,7 +22,7 @@ using FlushIfFull = std::function<void()>;
 class PriceLines
 {
 public:
-    explicit PriceLines(const BondPortfolio &portfolio) : m_portfolio(portfolio) {}
+    explicit PriceLines(const ValuationContext &valuation) : m_valuation(valuation) {}
 
     const QByteArray &of(const Holding &holding)
     {
@@ -28,22 +30,22 @@ public:
         auto found = m_lines.find(symbol);
         if (found == m_lines.end()) {
             found = m_lines.insert(symbol, QByteArray());
-            m_portfolio.figuresOf(holding).appendValuesSinceIssue(*found);
+            HoldingFigures(m_valuation, holding.facts()).appendValuesSinceIssue(*found);
         }
         return *found;
     }
-    const BondPortfolio &portfolio() const { return m_portfolio; }
+    const BondAssessor &database() const { return *m_valuation.assessor; }
 
 private:
-    const BondPortfolio &m_portfolio;
+    ValuationContext m_valuation;
     QHash<QString, QByteArray> m_lines;
 };
 
 void appendPriceList(QByteArray &out, const QList<HoldingRef> &holdings, const FlushIfFull &flushIfFull,
                      PriceLines &lines)
 {
-    const BondAssessor::ReadBatch batch(lines.portfolio().assessor());
-    lines.portfolio().prefetchValues(holdings);
+    const BondAssessor::ReadBatch batch(lines.database());
+    Portfolio::prefetchValues(lines.database(), holdings);
     out += "!Type:Prices\r";
     for (const HoldingRef &holding : holdings) {
         out += lines.of(*holding);
@@ -73,19 +75,20 @@ void appendPortfolio(QByteArray &out, const QString &accountName, const QList<Ho
 }
 } // namespace
 
-QByteArray quickenPriceListRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
+QByteArray quickenPriceListRepresentation(const ValuationContext &valuation, const QList<HoldingRef> &holdings)
 {
     QByteArray bytes;
-    PriceLines lines(portfolio);
+    PriceLines lines(valuation);
     appendPriceList(bytes, holdings, [] {}, lines);
     return bytes;
 }
 
-QByteArray quickenPortfolioRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings)
+QByteArray quickenPortfolioRepresentation(const QString &accountName, const ValuationContext &valuation,
+                                          const QList<HoldingRef> &holdings)
 {
     QByteArray bytes;
-    PriceLines lines(portfolio);
-    appendPortfolio(bytes, portfolio.displayName(), holdings, [] {}, lines);
+    PriceLines lines(valuation);
+    appendPortfolio(bytes, accountName, holdings, [] {}, lines);
     return bytes;
 }
 
@@ -104,22 +107,23 @@ Paths pathsInDirectory(const QString &directory)
     return paths;
 }
 
-Outcome exportToQuickenFileSet(const BondPortfolio &portfolio, const QList<HoldingRef> &chosen, const QString &directory)
+Outcome exportToQuickenFileSet(const QString &accountName, const QList<HoldingRef> &all, const QList<HoldingRef> &chosen,
+                               const ValuationContext &valuation, const QString &directory)
 {
     Outcome outcome;
     outcome.paths = pathsInDirectory(directory);
     // The price list always covers the whole portfolio; the positions only the chosen holdings.
     using ExportText::writeFileAtomically;
-    PortfolioQuicken::PriceLines lines(portfolio);
+    PortfolioQuicken::PriceLines lines(valuation);
     outcome.succeeded =
         writeFileAtomically(
             outcome.paths.priceList,
-            [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) { PortfolioQuicken::appendPriceList(out, portfolio.holdings(), flushIfFull, lines); },
+            [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) { PortfolioQuicken::appendPriceList(out, all, flushIfFull, lines); },
             &outcome.detail)
         && writeFileAtomically(
             outcome.paths.positions,
             [&](QByteArray &out, const PortfolioQuicken::FlushIfFull &flushIfFull) {
-                PortfolioQuicken::appendPortfolio(out, portfolio.displayName(), chosen, flushIfFull, lines);
+                PortfolioQuicken::appendPortfolio(out, accountName, chosen, flushIfFull, lines);
             },
             &outcome.detail);
     outcome.directory = QDir(directory).absolutePath();

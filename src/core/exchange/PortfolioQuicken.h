@@ -9,16 +9,17 @@
 #include <QList>
 #include <QString>
 
-class BondPortfolio;
+struct ValuationContext;
 
 namespace PortfolioQuicken {
 inline constexpr const char *AccountDescription = "Generated with Quillmere";
 
 // "!Type:Prices\r", every price line of each holding in list order, "^\r".
-QByteArray quickenPriceListRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
-// Securities, the account named after the document, the purchases, then the price list of the
+QByteArray quickenPriceListRepresentation(const ValuationContext &valuation, const QList<HoldingRef> &holdings);
+// Securities, the account (named after the document), the purchases, then the price list of the
 // same holdings.
-QByteArray quickenPortfolioRepresentation(const BondPortfolio &portfolio, const QList<HoldingRef> &holdings);
+QByteArray quickenPortfolioRepresentation(const QString &accountName, const ValuationContext &valuation,
+                                          const QList<HoldingRef> &holdings);
 }
 
 namespace QuickenFileSet {
@@ -39,9 +40,9 @@ struct Outcome : ExchangeOutcome
     QString directory; // the absolute path of the directory written into
 };
 
-// Writes the price list of every holding of the portfolio and the positions of the chosen
-// holdings into the directory, each file atomically; the positions only after the price list
-// was written. The document is neither changed nor marked edited.
-Outcome exportToQuickenFileSet(const BondPortfolio &portfolio, const QList<HoldingRef> &chosen,
-                               const QString &directory);
+// Writes the price list of all the portfolio's holdings and the positions of the chosen ones into
+// the directory, each file atomically; the positions only after the price list was written.
+// Nothing of the portfolio changes.
+Outcome exportToQuickenFileSet(const QString &accountName, const QList<HoldingRef> &all, const QList<HoldingRef> &chosen,
+                               const ValuationContext &valuation, const QString &directory);
 }

@@ -2,7 +2,15 @@
 
 #include "valuation/BondAssessor.h"
 
+#include <QFileInfo>
 #include <algorithm>
+
+QString Portfolio::displayNameOf(const QString &fileName)
+{
+    if (fileName.isEmpty())
+        return QStringLiteral("Untitled");
+    return QFileInfo(fileName).completeBaseName();
+}
 
 QList<PersonRef> Portfolio::sortedByName(const QList<PersonRef> &people)
 {

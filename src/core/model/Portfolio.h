@@ -14,6 +14,8 @@ struct Portfolio
     QList<HoldingRef> holdings;
     QList<PersonRef> titleHolders;
 
+    // The file's base name without extension, or "Untitled" for none.
+    static QString displayNameOf(const QString &fileName);
     // The people without nulls, sorted by name; equal names keep their order.
     static QList<PersonRef> sortedByName(const QList<PersonRef> &people);
     // Readies the database values of these holdings ahead of reading all their figures.

@@ -118,7 +118,7 @@ TEST_P(QuantityBelowOne, CountsAsNoBondsInEveryTotal)
     portfolio.setValueOfDate(BondAssessor::monthDate(2002, 12));
     const HoldingRef sound = add(portfolio, "E", 2001, 1);
     const Rows summary = portfolio.interestSummary();
-    const HoldingTotals alone = HoldingTotals::of(portfolio, portfolio.holdings());
+    const HoldingTotals alone = HoldingTotals::of(portfolio.valuationContext(), portfolio.holdings());
 
     const HoldingRef odd = add(portfolio, "E", 2001, 1);
     odd->setQuantity(GetParam());
@@ -134,7 +134,7 @@ TEST_P(QuantityBelowOne, CountsAsNoBondsInEveryTotal)
         EXPECT_EQ(figures.interestEarned(), 0);
         EXPECT_EQ(figures.compoundAnnualGrowthRate(), 0.0f);
         EXPECT_EQ(each->interestSummary(), summary);
-        const HoldingTotals totals = HoldingTotals::of(*each, each->holdings());
+        const HoldingTotals totals = HoldingTotals::of(each->valuationContext(), each->holdings());
         EXPECT_EQ(totals.quantity, alone.quantity);
         EXPECT_EQ(totals.faceValue, alone.faceValue);
         EXPECT_EQ(totals.issuePrice, alone.issuePrice);

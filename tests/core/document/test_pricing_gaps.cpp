@@ -72,7 +72,7 @@ TEST_F(PricingGaps, TotalsCountTheBondsLeftOut)
         QList<HoldingRef> holdings;
         for (const Bond &b : c.bonds)
             holdings << make(b.code, b.year, b.month, 5000, b.quantity);
-        const HoldingTotals totals = HoldingTotals::of(*portfolio, holdings);
+        const HoldingTotals totals = HoldingTotals::of(portfolio->valuationContext(), holdings);
         EXPECT_EQ(std::tuple(totals.quantity, totals.withoutPricingData, totals.value), std::tuple(c.quantity, c.left, c.value));
     }
 }

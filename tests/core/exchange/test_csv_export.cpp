@@ -14,9 +14,9 @@ QString field(const QString &line, int index) { return line.split(QLatin1Char(',
 
 TEST_F(CsvExport, HeaderAndLines)
 {
-    EXPECT_EQ(PortfolioCsv::csvRepresentation(*portfolio, {}), QByteArray("Bond Series,Quantity,Issue Date,Issue Price,Face Value,"
+    EXPECT_EQ(PortfolioCsv::csvRepresentation(portfolio->valuationContext(), {}), QByteArray("Bond Series,Quantity,Issue Date,Issue Price,Face Value,"
                                                               "Interest Earned,Value,Serial Number,Owner,Co-owner,Beneficiary\n"));
-    EXPECT_EQ(PortfolioCsv::csvRepresentation(*portfolio, {}).size(), 118);
+    EXPECT_EQ(PortfolioCsv::csvRepresentation(portfolio->valuationContext(), {}).size(), 118);
     // Stored 3000 for $25 makes 6000 per $50 bond; face value and issue price stay per bond.
     EXPECT_EQ(HoldingCsv::asCSV(*make("N", 1995, 3, 5000), portfolio->valuationContext()), QStringLiteral("\"EE Bond\",1,3/1995,25.00,50.00,35.00,60.00,,,,\n"));
     EXPECT_EQ(HoldingCsv::asCSV(*make("N", 1995, 3, 5000, 3, QStringLiteral("C1")), portfolio->valuationContext()),
@@ -42,7 +42,7 @@ TEST_F(CsvExport, FieldsAreUnescapedLatin1)
     const HoldingRef holding = make("N", 1995, 3, 5000, 1, QStringLiteral("Q1,Zo\u00EB Jose\u0301 \u0141 \U0001F600"));
     holding->setOwner(people.person(QStringLiteral("Ann"), QStringLiteral("Smith, Jr.")));
     holding->setBeneficiary(people.person(QStringLiteral("Cy"), QStringLiteral("Smith")));
-    const QByteArray line = PortfolioCsv::csvRepresentation(*portfolio, {holding}).mid(118);
+    const QByteArray line = PortfolioCsv::csvRepresentation(portfolio->valuationContext(), {holding}).mid(118);
     // Composed accents become their Latin 1 letter; anything else one '?' per character.
     EXPECT_TRUE(line.endsWith(",Q1,Zo\xEB Jos\xE9 ? ?,Ann Smith, Jr.,,Cy Smith\n")) << line.toStdString();
     EXPECT_EQ(line.count(','), 12); // the comma in the serial and in the name each add a field
@@ -53,14 +53,14 @@ TEST_F(CsvExport, WritesAtomicallyWithoutTouchingTheDocument)
     portfolio->setHoldings({make("N", 1995, 3, 5000), make("I", 1999, 7, 10000, 2, QStringLiteral("I9"))});
     portfolio->markSaved();
     const QString path = write(TestSupport::temporaryDirectory() + QStringLiteral("/bonds.csv"), "an older, longer file");
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(path, *portfolio, portfolio->holdings());
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(path, portfolio->valuationContext(), portfolio->holdings());
     ASSERT_TRUE(outcome.succeeded) << outcome.detail.toStdString();
-    EXPECT_EQ(contents(path), PortfolioCsv::csvRepresentation(*portfolio, portfolio->holdings()));
+    EXPECT_EQ(contents(path), PortfolioCsv::csvRepresentation(portfolio->valuationContext(), portfolio->holdings()));
     EXPECT_FALSE(contents(path).contains('\r'));
     EXPECT_FALSE(portfolio->isEdited());
 
     const QString unwritable = TestSupport::temporaryDirectory() + QStringLiteral("/missing/bonds.csv");
-    const ExchangeOutcome failed = PortfolioCsv::exportToCommaSeparatedValues(unwritable, *portfolio, {});
+    const ExchangeOutcome failed = PortfolioCsv::exportToCommaSeparatedValues(unwritable, portfolio->valuationContext(), {});
     EXPECT_FALSE(failed.succeeded);
     EXPECT_TRUE(failed.detail.contains(unwritable));
 }
@@ -74,7 +74,7 @@ TEST_F(CsvExport, SpreadsheetOpensElevenColumnsPerLine)
     const HoldingRef named = make("N", 1995, 3, 5000, 2, QStringLiteral("Q100"));
     named->setOwner(people.person(QStringLiteral("Zo\u00EB"), QStringLiteral("Smith")));
     const QString dir = TestSupport::temporaryDirectory();
-    ASSERT_TRUE(PortfolioCsv::exportToCommaSeparatedValues(dir + QStringLiteral("/export.csv"), *portfolio,
+    ASSERT_TRUE(PortfolioCsv::exportToCommaSeparatedValues(dir + QStringLiteral("/export.csv"), portfolio->valuationContext(),
                                                            {named, make("S", 0, 0, 2500), make("I", 1999, 7, 99999999)}).succeeded);
     QProcess process;
     // A profile of its own keeps LibreOffice out of the user's home. Input Latin 1 (12), output UTF-8 (76).

@@ -187,7 +187,7 @@ TEST_F(CsvImport, RefusalsChangeNothing)
     expectRefused(import(huge), wizard);
     expectRefused(import(WizardHeader + QByteArray(PortfolioCsvImport::MaximumLineCount * 2, '\r').replace("\r\r", "\r\n")), wizard);
     expectRefused(import("Series,Denomination,Serial Number,Issue Date\nEE,100,Q100,03/1995\n"), wizard);
-    expectRefused(import(PortfolioCsv::csvRepresentation(*portfolio, {make("N", 1995, 3, 5000)})), wizard);
+    expectRefused(import(PortfolioCsv::csvRepresentation(portfolio->valuationContext(), {make("N", 1995, 3, 5000)})), wizard);
     expectRefused(import("Bond Series", CsvImportFormat::Own), "Quillmere");
     expectRefused(PortfolioCsvImport::importCSVLines(*portfolio, std::nullopt, CsvImportFormat::Own), "Quillmere");
     expectRefused(PortfolioCsvImport::importCSVFileAtPath(*portfolio, QStringLiteral("/nonexistent/a.csv"), CsvImportFormat::Own),
@@ -210,7 +210,7 @@ TEST_F(CsvImport, OwnExportOfTheSampleAndOddHoldingsReadsBack)
         make("I", 1999, 11, 1000000, 12), make("E", 1980, 1, 5005), owned, make("N", 2001, 12, 7550, 1, QStringLiteral("Zo\u00EB"))};
     ExchangeFixture target;
     const QString path = TestSupport::temporaryDirectory() + QStringLiteral("/round-trip.csv");
-    ASSERT_TRUE(PortfolioCsv::exportToCommaSeparatedValues(path, *portfolio, original).succeeded);
+    ASSERT_TRUE(PortfolioCsv::exportToCommaSeparatedValues(path, portfolio->valuationContext(), original).succeeded);
     const CsvImportOutcome outcome = PortfolioCsvImport::importCSVFileAtPath(*target.portfolio, path, CsvImportFormat::Own);
     ASSERT_EQ(outcome.importedCount, original.size()) << outcome.detail.toStdString();
     auto fields = [](const Holding &h) {

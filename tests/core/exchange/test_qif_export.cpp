@@ -41,7 +41,7 @@ TEST_F(QifExport, SecurityNamesAndPurchases)
 
 TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
 {
-    QuickenFileSet::Outcome outcome = QuickenFileSet::exportToQuickenFileSet(*portfolio, {}, dir);
+    QuickenFileSet::Outcome outcome = QuickenFileSet::exportToQuickenFileSet(portfolio->displayName(), portfolio->holdings(), {}, portfolio->valuationContext(), dir);
     ASSERT_TRUE(outcome.succeeded) << outcome.detail.toStdString();
     EXPECT_EQ(contents(in(QStringLiteral("PriceList.qif"))), QByteArray("!Type:Prices\r^\r"));
     EXPECT_EQ(contents(in(QStringLiteral("Positions.qif"))), QByteArray("!Type:Security\r!Account\rNUntitled\r"
@@ -50,7 +50,7 @@ TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
     const HoldingRef ee = make("N", 1995, 3, 10000, 4), e = make("E", 1980, 1, 5000), i = make("I", 1999, 7, 5000);
     portfolio->setHoldings({ee, e, i});
     portfolio->markSaved();
-    outcome = QuickenFileSet::exportToQuickenFileSet(*portfolio, {ee, e}, dir);
+    outcome = QuickenFileSet::exportToQuickenFileSet(portfolio->displayName(), portfolio->holdings(), {ee, e}, portfolio->valuationContext(), dir);
     ASSERT_TRUE(outcome.succeeded);
     // Prices are per $25, whatever face and quantity; the E bond has none.
     const QByteArray eePrices = "031995N,20.04,04/1/1996\r031995N,29.90,12/1/1999\r031995N,30.00,01/1/2000\r";
@@ -65,7 +65,7 @@ TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
                                    + QDir(dir).absolutePath());
     EXPECT_FALSE(portfolio->isEdited());
 
-    const QuickenFileSet::Outcome failed = QuickenFileSet::exportToQuickenFileSet(*portfolio, {}, dir + QStringLiteral("/none"));
+    const QuickenFileSet::Outcome failed = QuickenFileSet::exportToQuickenFileSet(portfolio->displayName(), portfolio->holdings(), {}, portfolio->valuationContext(), dir + QStringLiteral("/none"));
     EXPECT_FALSE(failed.succeeded);
     EXPECT_EQ(ExchangeAlerts::of(failed).title, QStringLiteral("Alert"));
     EXPECT_EQ(ExchangeAlerts::of(failed).message, QStringLiteral("Unable to export data"));
@@ -79,7 +79,7 @@ TEST_F(QifExport, NumberedNamesFollowThePriceListAlone)
         dir = TestSupport::temporaryDirectory();
         for (const QString &name : present)
             write(in(name), "older");
-        const QuickenFileSet::Outcome outcome = QuickenFileSet::exportToQuickenFileSet(*portfolio, {}, dir);
+        const QuickenFileSet::Outcome outcome = QuickenFileSet::exportToQuickenFileSet(portfolio->displayName(), portfolio->holdings(), {}, portfolio->valuationContext(), dir);
         const QString positions = QStringLiteral("Positions%1.qif").arg(QLatin1String(suffix));
         EXPECT_EQ(outcome.paths.priceList, in(QStringLiteral("PriceList%1.qif").arg(QLatin1String(suffix))));
         EXPECT_EQ(outcome.paths.positions, in(positions));

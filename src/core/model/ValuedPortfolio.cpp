@@ -1,0 +1,28 @@
+#include "model/ValuedPortfolio.h"
+
+#include "valuation/ValuationMonth.h"
+
+ValuedPortfolio::ValuedPortfolio(Portfolio data, const QString &fileName, const QString &databasePath)
+    : m_data(std::move(data))
+    , m_fileName(fileName)
+    , m_assessor(std::make_unique<BondAssessor>(databasePath))
+    , m_valueOfDate(ValuationMonth::initial(*m_assessor).toLocalTime())
+{
+}
+
+bool ValuedPortfolio::setValueOfDate(const QDateTime &date, ValidationError *error)
+{
+    if (!ValuationMonth::validate(*m_assessor, date, error))
+        return false;
+    m_valueOfDate = date.toLocalTime();
+    return true;
+}
+
+QList<InterestSummaryRow> ValuedPortfolio::interestSummary() const
+{
+    QList<BondFacts> bonds;
+    bonds.reserve(m_data.holdings.size());
+    for (const HoldingRef &holding : m_data.holdings)
+        bonds.append(holding->facts());
+    return InterestSummary::rows(*m_assessor, bonds, m_summaryMode);
+}
