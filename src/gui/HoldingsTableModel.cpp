@@ -33,7 +33,7 @@ HoldingsTableModel::HoldingsTableModel(BondPortfolio *portfolio, QObject *parent
     });
     connect(portfolio, &BondPortfolio::holdingRemoved, this, &HoldingsTableModel::endRemoveRows);
     connect(portfolio, &BondPortfolio::holdingChanged, this,
-            [this](Holding *holding, const QString &) { holdingChanged(holding); });
+            [this](Holding *holding, HoldingProperty) { holdingChanged(holding); });
     connect(portfolio, &BondPortfolio::figuresChanged, this, &HoldingsTableModel::figuresChanged);
     // A person's name can change in the address book between reads; a new list re-reads them.
     connect(portfolio, &BondPortfolio::titleHoldersChanged, this, [this] {
@@ -274,10 +274,11 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
     case CoOwner:
     case Beneficiary: {
         const PersonRef person = titleHolderWithId(value.toString());
-        const char *key = column == Owner ? HoldingKey::Owner : column == CoOwner ? HoldingKey::CoOwner
-                                                                                  : HoldingKey::Beneficiary;
-        if (holding.valueForKey(QString::fromLatin1(key)).value<PersonRef>() != person)
-            holding.setValueForKey(QString::fromLatin1(key), QVariant::fromValue(person));
+        const HoldingProperty role = column == Owner     ? HoldingProperty::Owner
+                                     : column == CoOwner ? HoldingProperty::CoOwner
+                                                         : HoldingProperty::Beneficiary;
+        if (holding.value(role).value<PersonRef>() != person)
+            holding.setValue(role, QVariant::fromValue(person));
         return true;
     }
     default:

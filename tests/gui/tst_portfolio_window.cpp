@@ -150,15 +150,15 @@ private slots:
     void droppingBondsNamesTheRole_data()
     {
         QTest::addColumn<Qt::DropAction>("action");
-        QTest::addColumn<QString>("role");
-        QTest::newRow("plain drag: owner") << Qt::MoveAction << HoldingKey::Owner;
-        QTest::newRow("link drag: co-owner") << Qt::LinkAction << HoldingKey::CoOwner;
-        QTest::newRow("copy drag: beneficiary") << Qt::CopyAction << HoldingKey::Beneficiary;
+        QTest::addColumn<HoldingProperty>("role");
+        QTest::newRow("plain drag: owner") << Qt::MoveAction << HoldingProperty::Owner;
+        QTest::newRow("link drag: co-owner") << Qt::LinkAction << HoldingProperty::CoOwner;
+        QTest::newRow("copy drag: beneficiary") << Qt::CopyAction << HoldingProperty::Beneficiary;
     }
     void droppingBondsNamesTheRole()
     {
         QFETCH(Qt::DropAction, action);
-        QFETCH(QString, role);
+        QFETCH(HoldingProperty, role);
         PortfolioWindow *window = GuiTest::openSample();
         QVERIFY(QTest::qWaitForWindowExposed(window));
         QUndoStack *undo = window->portfolio()->undoStack();
@@ -171,7 +171,7 @@ private slots:
         QVERIFY(dropOnRosa(window, data.get(), action));
 
         auto named = [&role](const HoldingRef &bond) {
-            const PersonRef person = bond->valueForKey(role).value<PersonRef>();
+            const PersonRef person = bond->value(role).value<PersonRef>();
             return person ? person->name() : QString();
         };
         for (const HoldingRef &bond : bonds)

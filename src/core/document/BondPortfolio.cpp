@@ -199,10 +199,10 @@ void BondPortfolio::markSaved()
     m_undoStack->setClean();
 }
 
-void BondPortfolio::changeKeyPath(Holding *holding, const QString &key, const QVariant &value)
+void BondPortfolio::changeValue(Holding *holding, HoldingProperty property, const QVariant &value)
 {
     PortfolioRecorder::Applying applying(m_recorder);
-    holding->setValueForKey(key, value);
+    holding->setValue(property, value);
 }
 
 void BondPortfolio::setFileName(const QString &fileName)

@@ -163,8 +163,8 @@ signals:
     void holdingInserted(int index);
     void holdingAboutToBeRemoved(int index);
     void holdingRemoved(int index);
-    // A value of one holding changed (key as in HoldingKey).
-    void holdingChanged(Holding *holding, const QString &key);
+    // A value of one holding changed.
+    void holdingChanged(Holding *holding, HoldingProperty property);
     void titleHoldersAboutToChange();
     void titleHoldersChanged();
     void valueOfDateChanged();
@@ -182,7 +182,7 @@ private:
     friend class SetTitleHoldersCommand;
     friend class AppendHoldingsCommand;
     // Set values without recording them: what undo and redo use.
-    void changeKeyPath(Holding *holding, const QString &key, const QVariant &value);
+    void changeValue(Holding *holding, HoldingProperty property, const QVariant &value);
     void setTitleHoldersWithoutRecording(const QList<PersonRef> &people);
     void insertHoldingWithoutRecording(const HoldingRef &holding, int index);
     HoldingRef takeHoldingWithoutRecording(int index);

@@ -16,9 +16,9 @@ void PortfolioRecorder::startObserving(const HoldingRef &holding)
     Holding *raw = holding.get();
     // The connection keeps only a weak reference; the portfolio's list owns the holding.
     std::weak_ptr<Holding> weak = holding;
-    connect(raw, &Holding::valueChanged, this, [this, weak](const QString &key, const QVariant &oldValue) {
+    connect(raw, &Holding::valueChanged, this, [this, weak](HoldingProperty property, const QVariant &oldValue) {
         if (const HoldingRef strong = weak.lock())
-            valueChanged(strong, key, oldValue);
+            valueChanged(strong, property, oldValue);
     });
     connect(raw, &Holding::changesCompleted, this, &PortfolioRecorder::changesCompleted);
 }
@@ -28,14 +28,14 @@ void PortfolioRecorder::stopObserving(Holding *holding)
     disconnect(holding, nullptr, this, nullptr);
 }
 
-void PortfolioRecorder::valueChanged(const HoldingRef &holding, const QString &key, const QVariant &oldValue)
+void PortfolioRecorder::valueChanged(const HoldingRef &holding, HoldingProperty property, const QVariant &oldValue)
 {
     if (!isApplying()) {
         if (!m_pending)
             m_pending = new QUndoCommand(QString::fromLatin1(UndoActionName::Edit));
-        new ChangeValueCommand(m_portfolio, holding, key, oldValue, holding->valueForKey(key), m_pending);
+        new ChangeValueCommand(m_portfolio, holding, property, oldValue, holding->value(property), m_pending);
     }
-    emit m_portfolio->holdingChanged(holding.get(), key);
+    emit m_portfolio->holdingChanged(holding.get(), property);
     emit m_portfolio->interestSummaryChanged();
 }
 
@@ -73,12 +73,12 @@ void PortfolioRecorder::endStep()
     }
 }
 
-ChangeValueCommand::ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, QString key,
+ChangeValueCommand::ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, HoldingProperty property,
                                        QVariant oldValue, QVariant newValue, QUndoCommand *parent)
     : QUndoCommand(QString::fromLatin1(UndoActionName::Edit), parent)
     , m_portfolio(portfolio)
     , m_holding(std::move(holding))
-    , m_key(std::move(key))
+    , m_property(property)
     , m_oldValue(std::move(oldValue))
     , m_newValue(std::move(newValue))
 {
@@ -86,7 +86,7 @@ ChangeValueCommand::ChangeValueCommand(BondPortfolio *portfolio, HoldingRef hold
 
 void ChangeValueCommand::undo()
 {
-    m_portfolio->changeKeyPath(m_holding.get(), m_key, m_oldValue);
+    m_portfolio->changeValue(m_holding.get(), m_property, m_oldValue);
 }
 
 void ChangeValueCommand::redo()
@@ -95,7 +95,7 @@ void ChangeValueCommand::redo()
         m_happened = false;
         return;
     }
-    m_portfolio->changeKeyPath(m_holding.get(), m_key, m_newValue);
+    m_portfolio->changeValue(m_holding.get(), m_property, m_newValue);
 }
 
 SetTitleHoldersCommand::SetTitleHoldersCommand(BondPortfolio *portfolio, QList<PersonRef> oldPeople,

@@ -43,7 +43,7 @@ public:
     void endStep();
 
 private:
-    void valueChanged(const HoldingRef &holding, const QString &key, const QVariant &oldValue);
+    void valueChanged(const HoldingRef &holding, HoldingProperty property, const QVariant &oldValue);
     void changesCompleted();
 
     BondPortfolio *m_portfolio;
@@ -55,11 +55,11 @@ private:
     bool m_stepOpenOnStack = false;
 };
 
-// One key of one holding, from an old value to a new one.
+// One property of one holding, from an old value to a new one.
 class ChangeValueCommand : public QUndoCommand
 {
 public:
-    ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, QString key, QVariant oldValue,
+    ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, HoldingProperty property, QVariant oldValue,
                        QVariant newValue, QUndoCommand *parent);
     void undo() override;
     void redo() override;
@@ -67,7 +67,7 @@ public:
 private:
     BondPortfolio *m_portfolio;
     HoldingRef m_holding;
-    QString m_key;
+    HoldingProperty m_property;
     QVariant m_oldValue;
     QVariant m_newValue;
     bool m_happened = true;

@@ -5,17 +5,27 @@
 
 namespace HoldingKey {
 
-QStringList observedKeys()
+const char *of(HoldingProperty property)
 {
-    return {QString::fromLatin1(Series), QString::fromLatin1(Quantity), QString::fromLatin1(Paper),
-            QString::fromLatin1(IssueDate), QString::fromLatin1(FaceValue), QString::fromLatin1(SerialNumber),
-            QString::fromLatin1(Owner), QString::fromLatin1(CoOwner), QString::fromLatin1(Beneficiary)};
+    switch (property) {
+    case HoldingProperty::Series: return Series;
+    case HoldingProperty::Quantity: return Quantity;
+    case HoldingProperty::Paper: return Paper;
+    case HoldingProperty::IssueDate: return IssueDate;
+    case HoldingProperty::FaceValue: return FaceValue;
+    case HoldingProperty::SerialNumber: return SerialNumber;
+    case HoldingProperty::Owner: return Owner;
+    case HoldingProperty::CoOwner: return CoOwner;
+    case HoldingProperty::Beneficiary: return Beneficiary;
+    }
+    return "";
 }
 
-bool affectsDerivedValues(const QString &key)
+bool affectsDerivedValues(HoldingProperty property)
 {
-    return key == QLatin1String(Series) || key == QLatin1String(Paper) || key == QLatin1String(IssueDate)
-           || key == QLatin1String(Quantity) || key == QLatin1String(FaceValue);
+    return property == HoldingProperty::Series || property == HoldingProperty::Paper
+        || property == HoldingProperty::IssueDate || property == HoldingProperty::Quantity
+        || property == HoldingProperty::FaceValue;
 }
 
 } // namespace HoldingKey
@@ -62,12 +72,11 @@ Holding::~Holding()
         m_beneficiary->removeBeneficiaryHolding(this);
 }
 
-void Holding::announce(const char *key, const QVariant &oldValue)
+void Holding::announce(HoldingProperty property, const QVariant &oldValue)
 {
     m_changedInScope = true;
-    const QString name = QString::fromLatin1(key);
-    emit valueChanged(name, oldValue);
-    if (HoldingKey::affectsDerivedValues(name))
+    emit valueChanged(property, oldValue);
+    if (HoldingKey::affectsDerivedValues(property))
         emit derivedValuesChanged();
 }
 
@@ -83,7 +92,7 @@ void Holding::setSeries(const Series *series)
         return;
     const Series *old = m_series;
     m_series = series;
-    announce(HoldingKey::Series, QVariant::fromValue(old));
+    announce(HoldingProperty::Series, QVariant::fromValue(old));
 }
 
 void Holding::setQuantity(qint32 quantity)
@@ -93,7 +102,7 @@ void Holding::setQuantity(qint32 quantity)
         return;
     const qint32 old = m_quantity;
     m_quantity = quantity;
-    announce(HoldingKey::Quantity, old);
+    announce(HoldingProperty::Quantity, old);
 }
 
 void Holding::setFaceValue(Pennies faceValue)
@@ -103,7 +112,7 @@ void Holding::setFaceValue(Pennies faceValue)
         return;
     const Pennies old = m_faceValue;
     m_faceValue = faceValue;
-    announce(HoldingKey::FaceValue, old);
+    announce(HoldingProperty::FaceValue, old);
 }
 
 void Holding::setIssueDate(Month issueDate)
@@ -113,7 +122,7 @@ void Holding::setIssueDate(Month issueDate)
         return;
     const Month old = m_issueDate;
     m_issueDate = issueDate;
-    announce(HoldingKey::IssueDate, old.isNull() ? QVariant() : QVariant::fromValue(old));
+    announce(HoldingProperty::IssueDate, old.isNull() ? QVariant() : QVariant::fromValue(old));
 }
 
 void Holding::setSerialNumber(const QString &serialNumber)
@@ -123,7 +132,7 @@ void Holding::setSerialNumber(const QString &serialNumber)
         return;
     const QString old = m_serialNumber;
     m_serialNumber = serialNumber;
-    announce(HoldingKey::SerialNumber, old.isNull() ? QVariant() : QVariant(old));
+    announce(HoldingProperty::SerialNumber, old.isNull() ? QVariant() : QVariant(old));
 }
 
 void Holding::setPaper(bool paper)
@@ -133,7 +142,7 @@ void Holding::setPaper(bool paper)
         return;
     const bool old = m_isPaper;
     m_isPaper = paper;
-    announce(HoldingKey::Paper, old);
+    announce(HoldingProperty::Paper, old);
 }
 
 void Holding::setOwner(const PersonRef &person)
@@ -146,7 +155,7 @@ void Holding::setOwner(const PersonRef &person)
         m_owner = person;
         if (person)
             person->addOwnerHolding(this);
-        announce(HoldingKey::Owner, old ? QVariant::fromValue(old) : QVariant());
+        announce(HoldingProperty::Owner, old ? QVariant::fromValue(old) : QVariant());
     }
     if (person) {
         if (samePerson(person.get(), m_coOwner.get()))
@@ -166,7 +175,7 @@ void Holding::setCoOwner(const PersonRef &person)
         m_coOwner = person;
         if (person)
             person->addCoOwnerHolding(this);
-        announce(HoldingKey::CoOwner, old ? QVariant::fromValue(old) : QVariant());
+        announce(HoldingProperty::CoOwner, old ? QVariant::fromValue(old) : QVariant());
     }
     if (m_coOwner && m_beneficiary)
         setBeneficiary(nullptr);
@@ -184,7 +193,7 @@ void Holding::setBeneficiary(const PersonRef &person)
         m_beneficiary = person;
         if (person)
             person->addBeneficiaryHolding(this);
-        announce(HoldingKey::Beneficiary, old ? QVariant::fromValue(old) : QVariant());
+        announce(HoldingProperty::Beneficiary, old ? QVariant::fromValue(old) : QVariant());
     }
     if (m_coOwner && m_beneficiary)
         setCoOwner(nullptr);
@@ -225,52 +234,37 @@ QString Holding::registration() const
     return m_owner->name();
 }
 
-QVariant Holding::valueForKey(const QString &key) const
+QVariant Holding::value(HoldingProperty property) const
 {
     auto person = [](const PersonRef &p) { return p ? QVariant::fromValue(p) : QVariant(); };
-    if (key == QLatin1String(HoldingKey::Series))
-        return QVariant::fromValue(m_series);
-    if (key == QLatin1String(HoldingKey::Quantity))
-        return m_quantity;
-    if (key == QLatin1String(HoldingKey::FaceValue))
-        return m_faceValue;
-    if (key == QLatin1String(HoldingKey::IssueDate))
-        return m_issueDate.isNull() ? QVariant() : QVariant::fromValue(m_issueDate);
-    if (key == QLatin1String(HoldingKey::SerialNumber))
-        return m_serialNumber.isNull() ? QVariant() : QVariant(m_serialNumber);
-    if (key == QLatin1String(HoldingKey::Paper))
-        return m_isPaper;
-    if (key == QLatin1String(HoldingKey::Owner))
-        return person(m_owner);
-    if (key == QLatin1String(HoldingKey::CoOwner))
-        return person(m_coOwner);
-    if (key == QLatin1String(HoldingKey::Beneficiary))
-        return person(m_beneficiary);
+    switch (property) {
+    case HoldingProperty::Series: return QVariant::fromValue(m_series);
+    case HoldingProperty::Quantity: return m_quantity;
+    case HoldingProperty::FaceValue: return m_faceValue;
+    case HoldingProperty::IssueDate: return m_issueDate.isNull() ? QVariant() : QVariant::fromValue(m_issueDate);
+    case HoldingProperty::SerialNumber: return m_serialNumber.isNull() ? QVariant() : QVariant(m_serialNumber);
+    case HoldingProperty::Paper: return m_isPaper;
+    case HoldingProperty::Owner: return person(m_owner);
+    case HoldingProperty::CoOwner: return person(m_coOwner);
+    case HoldingProperty::Beneficiary: return person(m_beneficiary);
+    }
     return {};
 }
 
-bool Holding::setValueForKey(const QString &key, const QVariant &value)
+void Holding::setValue(HoldingProperty property, const QVariant &value)
 {
-    if (key == QLatin1String(HoldingKey::Series))
+    switch (property) {
+    case HoldingProperty::Series:
         setSeries(value.typeId() == QMetaType::QString ? Series::seriesForCode(value.toString())
                                                        : value.value<const Series *>());
-    else if (key == QLatin1String(HoldingKey::Quantity))
-        setQuantity(value.toInt());
-    else if (key == QLatin1String(HoldingKey::FaceValue))
-        setFaceValue(value.toLongLong());
-    else if (key == QLatin1String(HoldingKey::IssueDate))
-        setIssueDate(value.value<Month>());
-    else if (key == QLatin1String(HoldingKey::SerialNumber))
-        setSerialNumber(value.isValid() ? value.toString() : QString());
-    else if (key == QLatin1String(HoldingKey::Paper))
-        setPaper(value.toBool());
-    else if (key == QLatin1String(HoldingKey::Owner))
-        setOwner(value.value<PersonRef>());
-    else if (key == QLatin1String(HoldingKey::CoOwner))
-        setCoOwner(value.value<PersonRef>());
-    else if (key == QLatin1String(HoldingKey::Beneficiary))
-        setBeneficiary(value.value<PersonRef>());
-    else
-        return false;
-    return true;
+        break;
+    case HoldingProperty::Quantity: setQuantity(value.toInt()); break;
+    case HoldingProperty::FaceValue: setFaceValue(value.toLongLong()); break;
+    case HoldingProperty::IssueDate: setIssueDate(value.value<Month>()); break;
+    case HoldingProperty::SerialNumber: setSerialNumber(value.isValid() ? value.toString() : QString()); break;
+    case HoldingProperty::Paper: setPaper(value.toBool()); break;
+    case HoldingProperty::Owner: setOwner(value.value<PersonRef>()); break;
+    case HoldingProperty::CoOwner: setCoOwner(value.value<PersonRef>()); break;
+    case HoldingProperty::Beneficiary: setBeneficiary(value.value<PersonRef>()); break;
+    }
 }

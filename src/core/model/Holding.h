@@ -4,9 +4,10 @@
 // paper. Plain data that knows no portfolio: its figures are computed by HoldingFigures from
 // facts() and a valuation context.
 //
-// Each change is announced with valueChanged(key, old value); a setter given the value the
+// Each change is announced with valueChanged(property, old value); a setter given the value the
 // holding already has announces nothing, so that nothing is recorded. A change of series, paper,
-// issueDate, quantity or faceValue also announces derivedValuesChanged(): every figure may differ. A setter that changes further keys
+// issue date, quantity or face value also announces derivedValuesChanged(): every figure may
+// differ. A setter that changes further properties
 // itself (the role rules) ends with one changesCompleted(), so that observers can group them.
 #include "base/Money.h"
 #include "model/Person.h"
@@ -24,6 +25,10 @@ class BondAssessor;
 class Holding;
 using HoldingRef = std::shared_ptr<Holding>;
 
+// What a holding announces and what undo sets back, property by property.
+enum class HoldingProperty { Series, Quantity, Paper, IssueDate, FaceValue, SerialNumber, Owner, CoOwner, Beneficiary };
+
+// The properties' keys in portfolio files.
 namespace HoldingKey {
 inline constexpr const char *Series = "series";
 inline constexpr const char *Quantity = "quantity";
@@ -34,10 +39,10 @@ inline constexpr const char *Owner = "owner";
 inline constexpr const char *CoOwner = "coOwner";
 inline constexpr const char *Beneficiary = "beneficiary";
 inline constexpr const char *Paper = "paper";
-// The keys that can be set, in the order the document starts observing them.
-QStringList observedKeys();
-// Keys whose change changes every derived figure.
-bool affectsDerivedValues(const QString &key);
+// The key of a property.
+const char *of(HoldingProperty property);
+// Properties whose change changes every derived figure.
+bool affectsDerivedValues(HoldingProperty property);
 }
 
 class Holding : public QObject
@@ -91,8 +96,8 @@ public:
 
     // Generic access by key (the names above), as undo and table code use it.
     // Series travel as const Series * (or their code), people as PersonRef, issue months as Month.
-    QVariant valueForKey(const QString &key) const;
-    bool setValueForKey(const QString &key, const QVariant &value);
+    QVariant value(HoldingProperty property) const;
+    void setValue(HoldingProperty property, const QVariant &value);
 
     // What valuation needs to compute this holding's figures.
     BondFacts facts() const { return {series(), m_issueDate, m_faceValue, m_isPaper, m_quantity}; }
@@ -102,14 +107,14 @@ public:
     QString security() const { return facts().security(); }
 
 signals:
-    void valueChanged(const QString &key, const QVariant &oldValue);
+    void valueChanged(HoldingProperty property, const QVariant &oldValue);
     void derivedValuesChanged();
     void changesCompleted();
 
 private:
     class ChangeScope;
     friend class ChangeScope;
-    void announce(const char *key, const QVariant &oldValue);
+    void announce(HoldingProperty property, const QVariant &oldValue);
 
     const Series *m_series = nullptr;
     qint32 m_quantity = 1;
@@ -128,3 +133,4 @@ private:
 Q_DECLARE_METATYPE(const Series *)
 Q_DECLARE_METATYPE(HoldingRef)
 Q_DECLARE_METATYPE(Month)
+Q_DECLARE_METATYPE(HoldingProperty)

@@ -74,8 +74,9 @@ TEST_F(PortfolioFileTest, SaveThenOpenGivesBackEveryFieldAndOnePersonObject)
         const Holding &a = *original->holdings().at(i);
         const Holding &b = *opened.holdings().at(i);
         SCOPED_TRACE(i);
-        for (const char *key : {"series", "quantity", "faceValue", "issueDate", "serialNumber", "paper"})
-            EXPECT_EQ(b.valueForKey(key), a.valueForKey(key)) << key; // a null serial number stays null
+        using P = HoldingProperty;
+        for (const P property : {P::Series, P::Quantity, P::FaceValue, P::IssueDate, P::SerialNumber, P::Paper})
+            EXPECT_EQ(b.value(property), a.value(property)) << HoldingKey::of(property); // a null serial stays null
         EXPECT_EQ(b.registration(), a.registration());
     }
     QStringList names;

@@ -42,22 +42,22 @@ TEST_F(PortfolioUndo, InstallingAListRecordsNothing)
 // same edit again changes nothing and records nothing.
 struct EditCase
 {
-    const char *key;
+    HoldingProperty property;
     void (*edit)(Holding &, const PersonRef &ann, const PersonRef &bob);
 };
 
-void PrintTo(const EditCase &c, std::ostream *out) { *out << c.key; }
+void PrintTo(const EditCase &c, std::ostream *out) { *out << HoldingKey::of(c.property); }
 
 class ValueEdits : public PortfolioUndo, public ::testing::WithParamInterface<EditCase> {};
 
 TEST_P(ValueEdits, UndoAndRedoThroughTheSameSetter)
 {
-    const QString key = QString::fromLatin1(GetParam().key);
-    const QVariant before = bond->valueForKey(key);
+    const HoldingProperty property = GetParam().property;
+    const QVariant before = bond->value(property);
     bool edited = false;
     QObject::connect(&portfolio, &BondPortfolio::editedChanged, [&](bool e) { edited = e; });
     GetParam().edit(*bond, ann, bob);
-    const QVariant after = bond->valueForKey(key);
+    const QVariant after = bond->value(property);
     ASSERT_NE(before, after);
     ASSERT_EQ(stack().count(), 1);
     GetParam().edit(*bond, ann, bob);
@@ -66,26 +66,26 @@ TEST_P(ValueEdits, UndoAndRedoThroughTheSameSetter)
     EXPECT_TRUE(portfolio.isEdited());
     EXPECT_TRUE(edited);
     stack().undo();
-    EXPECT_EQ(bond->valueForKey(key), before);
+    EXPECT_EQ(bond->value(property), before);
     EXPECT_EQ(stack().count(), 1) << "undoing records nothing new";
     EXPECT_FALSE(portfolio.isEdited());
     EXPECT_EQ(stack().redoText(), QStringLiteral("Edit"));
     stack().redo();
-    EXPECT_EQ(bond->valueForKey(key), after);
+    EXPECT_EQ(bond->value(property), after);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Keys, ValueEdits,
-    ::testing::Values(EditCase{"series", [](Holding &h, auto &, auto &) { h.setSeries(Series::seriesForCode("I")); }},
-                      EditCase{"quantity", [](Holding &h, auto &, auto &) { h.setQuantity(4); }},
-                      EditCase{"paper", [](Holding &h, auto &, auto &) { h.setPaper(false); }},
-                      EditCase{"issueDate", [](Holding &h, auto &, auto &) { h.setIssueDate(Month(1995, 3)); }},
-                      EditCase{"faceValue", [](Holding &h, auto &, auto &) { h.setFaceValue(10000); }},
-                      EditCase{"serialNumber", [](Holding &h, auto &, auto &) { h.setSerialNumber("Q100"); }},
-                      EditCase{"owner", [](Holding &h, auto &ann, auto &) { h.setOwner(ann); }},
-                      EditCase{"coOwner", [](Holding &h, auto &, auto &bob) { h.setCoOwner(bob); }},
-                      EditCase{"beneficiary", [](Holding &h, auto &, auto &bob) { h.setBeneficiary(bob); }}),
-    [](const auto &info) { return std::string(info.param.key); });
+    ::testing::Values(EditCase{HoldingProperty::Series, [](Holding &h, auto &, auto &) { h.setSeries(Series::seriesForCode("I")); }},
+                      EditCase{HoldingProperty::Quantity, [](Holding &h, auto &, auto &) { h.setQuantity(4); }},
+                      EditCase{HoldingProperty::Paper, [](Holding &h, auto &, auto &) { h.setPaper(false); }},
+                      EditCase{HoldingProperty::IssueDate, [](Holding &h, auto &, auto &) { h.setIssueDate(Month(1995, 3)); }},
+                      EditCase{HoldingProperty::FaceValue, [](Holding &h, auto &, auto &) { h.setFaceValue(10000); }},
+                      EditCase{HoldingProperty::SerialNumber, [](Holding &h, auto &, auto &) { h.setSerialNumber("Q100"); }},
+                      EditCase{HoldingProperty::Owner, [](Holding &h, auto &ann, auto &) { h.setOwner(ann); }},
+                      EditCase{HoldingProperty::CoOwner, [](Holding &h, auto &, auto &bob) { h.setCoOwner(bob); }},
+                      EditCase{HoldingProperty::Beneficiary, [](Holding &h, auto &, auto &bob) { h.setBeneficiary(bob); }}),
+    [](const auto &info) { return std::string(HoldingKey::of(info.param.property)); });
 
 TEST_F(PortfolioUndo, RoleSwapIsOneStepAndUndoesWhole)
 {

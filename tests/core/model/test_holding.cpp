@@ -75,16 +75,17 @@ TEST(Holding, RolesStayConsistentAndMakeTheRegistration)
 TEST(Holding, AnnouncesKeyOldValueAndDerivedFigures)
 {
     Holding h;
-    QList<std::pair<QString, QVariant>> changes;
+    QList<std::pair<HoldingProperty, QVariant>> changes;
     int derived = 0, completed = 0;
-    QObject::connect(&h, &Holding::valueChanged, [&](const QString &k, const QVariant &old) { changes.append({k, old}); });
+    QObject::connect(&h, &Holding::valueChanged, [&](HoldingProperty p, const QVariant &old) { changes.append({p, old}); });
     QObject::connect(&h, &Holding::derivedValuesChanged, [&] { ++derived; });
     QObject::connect(&h, &Holding::changesCompleted, [&] { ++completed; });
     h.setFaceValue(5000);
     h.setQuantity(3);
     h.setSerialNumber(QStringLiteral("Q1"));
     h.setSerialNumber(QStringLiteral("Q1"));
-    EXPECT_EQ(changes, (QList<std::pair<QString, QVariant>>{{"faceValue", qint64(0)}, {"quantity", 1}, {"serialNumber", QVariant()}}));
+    EXPECT_EQ(changes, (QList<std::pair<HoldingProperty, QVariant>>{
+                           {HoldingProperty::FaceValue, qint64(0)}, {HoldingProperty::Quantity, 1}, {HoldingProperty::SerialNumber, QVariant()}}));
     EXPECT_EQ(derived, 2) << "serial number changes no figure";
     EXPECT_EQ(completed, 3);
 }
