@@ -5,7 +5,7 @@
 #include "document/HoldingPresentation.h"
 #include "model/Holding.h"
 #include "base/Money.h"
-#include "model/PeopleStore.h"
+#include "valuation/ValuationMonth.h"
 #include "base/Series.h"
 
 #include <QCommandLineParser>
@@ -81,24 +81,22 @@ int run(const QStringList &arguments)
     if (!database)
         return cliFail(error);
 
-    // One bond of a portfolio of its own, valued exactly as a portfolio values its holdings.
-    PeopleStore nobody{QString()};
-    BondPortfolio portfolio(&nobody, database->databasePath());
-    portfolio.setValueOfDate(asOf.isValid() ? asOf : portfolio.initialValueOfDate());
+    // One bond, valued exactly as a portfolio values its holdings: its facts against the database
+    // as of the month.
+    const QDateTime valuedAsOf = (asOf.isValid() ? asOf : ValuationMonth::initial(*database)).toLocalTime();
     const HoldingRef bond = Holding::create();
     bond->setSeries(series);
     bond->setFaceValue(faceValue);
     bond->setIssueDate(Month::of(issued));
     bond->setPaper(!parser.isSet(electronicOption));
-    portfolio.adopt(*bond);
-    const HoldingFigures figures = portfolio.figuresOf(*bond);
+    const HoldingFigures figures({database.get(), Month::of(valuedAsOf)}, bond->facts());
 
     cliOut() << (bond->isPaper() ? CliText::tr("Series:          %1 (paper)\n")
                                  : CliText::tr("Series:          %1 (electronic)\n"))
                     .arg(series->label())
              << CliText::tr("Face value:      %1\n").arg(formatDollars(faceValue))
              << CliText::tr("Issued:          %1\n").arg(monthText(issued))
-             << CliText::tr("Value as of:     %1\n").arg(monthText(portfolio.valueOfDate()))
+             << CliText::tr("Value as of:     %1\n").arg(monthText(valuedAsOf))
              << CliText::tr("Issue price:     %1\n").arg(formatDollars(bond->issuePrice()))
              << CliText::tr("Value:           %1\n").arg(valueText(figures))
              << CliText::tr("Interest earned: %1\n").arg(formatDollars(figures.interestEarned()));
