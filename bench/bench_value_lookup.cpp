@@ -68,14 +68,14 @@ QString layoutDatabase(int index)
 // range(0) = 1: inside one read batch, as a table, a report or the interest summary reads.
 void BM_AssessorValueOf(benchmark::State &state)
 {
-    struct Prepared { BondTerms bond; QDateTime asOf; };
+    struct Prepared { BondTerms bond; Month asOf; };
     std::vector<Prepared> prepared;
     for (const Lookup &l : lookups()) {
         BondTerms bond;
         bond.series = Series::seriesForCode(QString::fromLatin1(l.series));
-        bond.issueDate = BondAssessor::monthDate(l.iyr, l.imo);
+        bond.issueMonth = Month(l.iyr, l.imo);
         bond.faceValue = 10000;
-        prepared.push_back({bond, BondAssessor::monthDate(l.ryr, l.rmo)});
+        prepared.push_back({bond, Month(l.ryr, l.rmo)});
     }
     const BondAssessor assessor(databaseCopy());
     std::optional<BondAssessor::ReadBatch> batch;
@@ -137,7 +137,7 @@ void BM_IsValidValueOfDate(benchmark::State &state)
     const BondAssessor assessor(layoutDatabase(static_cast<int>(state.range(0))));
     int month = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(assessor.isValidValueOfDate(BondAssessor::monthDate(2000 + month % 25, month % 12 + 1)));
+        benchmark::DoNotOptimize(assessor.isValidValueOfDate(Month(2000 + month % 25, month % 12 + 1)));
         ++month;
     }
     state.SetItemsProcessed(state.iterations());
@@ -148,7 +148,7 @@ void BM_IsValidIssueDate(benchmark::State &state)
     const BondAssessor assessor(databaseCopy());
     int month = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(assessor.isValidIssueDate(BondAssessor::monthDate(1960 + month % 60, month % 12 + 1), Series::eeBond()));
+        benchmark::DoNotOptimize(assessor.isValidIssueDate(Month(1960 + month % 60, month % 12 + 1), Series::eeBond()));
         ++month;
     }
     state.SetItemsProcessed(state.iterations());

@@ -216,7 +216,7 @@ void Holding::deleteTitleHolder(const Person *person)
 
 bool Holding::validateIssueDate(Month proposed, const BondAssessor &database, ValidationError *error) const
 {
-    if (!proposed.isNull() && database.isValidIssueDate(proposed.toDateTime(), series()))
+    if (!proposed.isNull() && database.isValidIssueDate(proposed, series()))
         return true;
     if (error)
         *error = {QString::fromLatin1(IssueDateErrorDomain), 1, QString::fromLatin1(NoIssueDataMessage)};

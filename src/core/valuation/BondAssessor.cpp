@@ -111,14 +111,14 @@ std::optional<int> BondAssessor::maximumRedemptionMonth() const
     return m_cache ? m_cache->maximumMonth() : std::nullopt;
 }
 
-bool BondAssessor::isValidValueOfDate(const QDateTime &date) const
+bool BondAssessor::isValidValueOfDate(Month month) const
 {
-    return m_cache && date.isValid() && m_cache->hasRedemptionMonth(MonthIndex::of(date));
+    return m_cache && !month.isNull() && m_cache->hasRedemptionMonth(month.index());
 }
 
-bool BondAssessor::isValidIssueDate(const QDateTime &date, const Series *series) const
+bool BondAssessor::isValidIssueDate(Month month, const Series *series) const
 {
-    return date.isValid() && !history(series, MonthIndex::of(date)).isEmpty();
+    return !month.isNull() && !history(series, month.index()).isEmpty();
 }
 
 const ValueHistory &BondAssessor::history(const Series *series, int issueMonth) const
@@ -146,32 +146,32 @@ qint64 BondAssessor::adjusted(qint32 stored, int pricingCorrectionFactor)
     return static_cast<qint64>(stored) * pricingCorrectionFactor;
 }
 
-qint64 BondAssessor::unadjustedValue(const BondTerms &bond, const QDateTime &asOf) const
+qint64 BondAssessor::unadjustedValue(const BondTerms &bond, Month asOf) const
 {
-    if (!bond.issueDate.isValid())
+    if (bond.issueMonth.isNull())
         return RedemptionMarker::NoIssueDate;
-    if (!asOf.isValid())
+    if (asOf.isNull())
         return RedemptionMarker::NoPricingData;
-    const qint32 stored = history(bond.series, MonthIndex::of(bond.issueDate)).at(MonthIndex::of(asOf));
+    const qint32 stored = history(bond.series, bond.issueMonth.index()).at(asOf.index());
     return adjusted(stored, bond.pricingCorrectionFactor);
 }
 
-bool BondAssessor::isDerivedValue(const BondTerms &bond, const QDateTime &asOf) const
+bool BondAssessor::isDerivedValue(const BondTerms &bond, Month asOf) const
 {
-    return bond.issueDate.isValid() && history(bond.series, MonthIndex::of(bond.issueDate)).isDerived(MonthIndex::of(asOf));
+    return !bond.issueMonth.isNull() && history(bond.series, bond.issueMonth.index()).isDerived(asOf.index());
 }
 
-qint64 BondAssessor::valueOf(const BondTerms &bond, const QDateTime &asOf) const
+qint64 BondAssessor::valueOf(const BondTerms &bond, Month asOf) const
 {
     return scaled(unadjustedValue(bond, asOf), bond.faceValue);
 }
 
 QStringList BondAssessor::valuesSinceIssue(const BondTerms &bond) const
 {
-    if (!bond.issueDate.isValid())
+    if (bond.issueMonth.isNull())
         return {};
     QByteArray bytes;
-    appendValuesSinceIssue(bytes, bond.series, MonthIndex::of(bond.issueDate), bond.security.toUtf8());
+    appendValuesSinceIssue(bytes, bond.series, bond.issueMonth.index(), bond.security.toUtf8());
     QStringList lines;
     for (qsizetype start = 0; start < bytes.size();) {
         const qsizetype end = bytes.indexOf('\r', start) + 1;

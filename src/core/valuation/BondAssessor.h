@@ -28,7 +28,7 @@ inline constexpr Pennies NoIssueDate = 0;
 struct BondTerms
 {
     const Series *series = nullptr;
-    QDateTime issueDate;           // invalid: no issue date
+    Month issueMonth;              // null: no issue date
     Pennies faceValue = 0;
     int pricingCorrectionFactor = 1; // 2 for an electronic EE bond
     QString security;              // the security name used in the price history lines
@@ -70,13 +70,13 @@ public:
 
     QDateTime minimumRedemptionDate() const; // invalid when the table has no row
     QDateTime maximumRedemptionDate() const;
-    bool isValidValueOfDate(const QDateTime &date) const;
-    bool isValidIssueDate(const QDateTime &date, const Series *series) const;
+    bool isValidValueOfDate(Month month) const;
+    bool isValidIssueDate(Month month, const Series *series) const;
 
     // Stored value times the correction factor, or a marker.
-    qint64 unadjustedValue(const BondTerms &bond, const QDateTime &asOf) const;
+    qint64 unadjustedValue(const BondTerms &bond, Month asOf) const;
     // Pennies for one bond of the given face value, or a marker.
-    qint64 valueOf(const BondTerms &bond, const QDateTime &asOf) const;
+    qint64 valueOf(const BondTerms &bond, Month asOf) const;
     // "security,dollars,MM/1/YYYY\r" for every redemption month with a positive stored value.
     QStringList valuesSinceIssue(const BondTerms &bond) const;
     // The same lines appended as bytes (the security is ASCII), for exports of many holdings.
@@ -98,7 +98,7 @@ public:
     void prefetch(const QList<std::pair<const Series *, int>> &bonds) const;
     // True when the stored value was derived by the program (a matured bond's value carried
     // forward, a fixed-rate EE bond's computed value) rather than published by the Treasury.
-    bool isDerivedValue(const BondTerms &bond, const QDateTime &asOf) const;
+    bool isDerivedValue(const BondTerms &bond, Month asOf) const;
 
     // Row count of bond_value and the installed file names (for reports).
     qint64 valueCount() const;

@@ -24,6 +24,5 @@ QString BondFacts::security() const
 
 BondTerms BondFacts::terms() const
 {
-    return {series, issueMonth.isNull() ? QDateTime() : issueMonth.toDateTime(), faceValue,
-            pricingCorrectionFactor(), security()};
+    return {series, issueMonth, faceValue, pricingCorrectionFactor(), security()};
 }

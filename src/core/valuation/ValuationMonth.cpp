@@ -6,7 +6,7 @@ namespace ValuationMonth {
 
 bool validate(const BondAssessor &database, const QDateTime &proposed, ValidationError *error)
 {
-    if (proposed.isValid() && database.isValidValueOfDate(proposed))
+    if (proposed.isValid() && database.isValidValueOfDate(Month::of(proposed)))
         return true;
     if (error)
         *error = {QString::fromLatin1(ErrorDomain), 1, QString::fromLatin1(NoValuationDataMessage)};

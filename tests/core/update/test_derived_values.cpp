@@ -34,8 +34,8 @@ protected:
     {
         BondTerms bond;
         bond.series = Series::seriesForCode(QString(QLatin1Char(series)));
-        bond.issueDate = BondAssessor::monthDate(iyr, imo);
-        return BondAssessor(m_path).isDerivedValue(bond, BondAssessor::monthDate(ryr, rmo));
+        bond.issueMonth = Month(iyr, imo);
+        return BondAssessor(m_path).isDerivedValue(bond, Month(ryr, rmo));
     }
     // December 2021 as an official file would give it: the carried E values of 1980 and the
     // computed EE values of 2005 as they stand, but one EE value a cent higher, and the EE bonds

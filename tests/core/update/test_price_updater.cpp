@@ -167,7 +167,7 @@ TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
     const QList<QPair<double, double>> oneFile = {{0, 2}, {1, 2}, {2, 2}, {3, 2}, {2, 2}};
     EXPECT_EQ(recorder.progress, oneFile + oneFile);
     EXPECT_EQ(recorder.downloading, QList<bool>({true, false, true, false}));
-    EXPECT_TRUE(BondAssessor(database).isValidValueOfDate(BondAssessor::monthDate(2027, 3)));
+    EXPECT_TRUE(BondAssessor(database).isValidValueOfDate(Month(2027, 3)));
 }
 
 // A file listed twice is offered twice; the second time it is found installed and passed over, as

@@ -46,9 +46,9 @@ TEST(InstallationWhileReading, PortfoliosReadTheCommittedStateThroughout)
     BondAssessor portfolio(database);
     BondTerms bond;
     bond.series = Series::seriesForCode(QStringLiteral("I"));
-    bond.issueDate = BondAssessor::monthDate(2001, 3);
+    bond.issueMonth = Month(2001, 3);
     bond.faceValue = 2500;
-    const qint64 before = portfolio.valueOf(bond, BondAssessor::monthDate(2030, 1));
+    const qint64 before = portfolio.valueOf(bond, Month(2030, 1));
     ASSERT_EQ(before, 2500 + 12 + 2);
 
     UpdateConnection connection(database);
@@ -61,14 +61,14 @@ TEST(InstallationWhileReading, PortfoliosReadTheCommittedStateThroughout)
         if (value < maximum / 2 || readsDuringInstallation > 0)
             return;
         ++readsDuringInstallation;
-        EXPECT_EQ(portfolio.valueOf(bond, BondAssessor::monthDate(2030, 1)), before);
-        EXPECT_FALSE(portfolio.isValidValueOfDate(BondAssessor::monthDate(2031, 1)));
+        EXPECT_EQ(portfolio.valueOf(bond, Month(2030, 1)), before);
+        EXPECT_FALSE(portfolio.isValidValueOfDate(Month(2031, 1)));
         EXPECT_EQ(BondAssessor(database).maximumRedemptionDate(), BondAssessor::monthDate(2030, 1));
     };
     PriceDataInstaller installer(connection.handle(), feedback);
     ASSERT_TRUE(installer.updatePricingDataWithData(largeFile(), QStringLiteral("large.bin")));
     EXPECT_EQ(readsDuringInstallation, 1);
-    EXPECT_TRUE(portfolio.isValidValueOfDate(BondAssessor::monthDate(2031, 1)));
+    EXPECT_TRUE(portfolio.isValidValueOfDate(Month(2031, 1)));
     EXPECT_EQ(queryText(database, QStringLiteral("pragma journal_mode")), QStringLiteral("wal"));
 }
 

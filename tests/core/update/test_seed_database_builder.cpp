@@ -45,10 +45,10 @@ TEST(SeedDatabaseBuilder, InstallsEachSourceThenTheCarryForward)
                                                       QStringLiteral("values.csv"), QStringLiteral("matured-carry-forward")}));
     BondTerms bond;
     bond.series = Series::seriesForCode(QStringLiteral("E"));
-    bond.issueDate = BondAssessor::monthDate(1941, 2);
+    bond.issueMonth = Month(1941, 2);
     bond.faceValue = 2500;
     for (int month = 2; month <= 6; ++month)
-        EXPECT_EQ(assessor.valueOf(bond, BondAssessor::monthDate(1995, month)), 9059) << month;
+        EXPECT_EQ(assessor.valueOf(bond, Month(1995, month)), 9059) << month;
 }
 
 TEST(SeedDatabaseBuilder, AFailedBuildLeavesTheOldDatabaseAndNoLeftovers)

@@ -23,7 +23,7 @@ const Series *series(const char *code)
 
 BondTerms bond(const char *code, int issueYear, int issueMonth, Pennies face = 2500, int factor = 1)
 {
-    return {series(code), BondAssessor::monthDate(issueYear, issueMonth), face, factor, QStringLiteral("US SAVINGS BOND")};
+    return {series(code), Month(issueYear, issueMonth), face, factor, QStringLiteral("US SAVINGS BOND")};
 }
 
 // One assessor on a private copy of the database the build made, shared by the whole program.
@@ -47,7 +47,7 @@ TEST(ShippedDatabase, OfficialAndCarriedForwardValuesComeBackExactly)
         {"S", 1967, 5, 2002, 2, 15333}, {"N", 1992, 1, 2026, 11, RedemptionMarker::NoPricingData},
         {"N", 1991, 12, 2022, 1, RedemptionMarker::NoPricingData}}; // matures after the data ends
     for (const auto &v : values)
-        EXPECT_EQ(shipped().valueOf(bond(v.code, v.issueYear, v.issueMonth), BondAssessor::monthDate(v.year, v.month)), v.stored)
+        EXPECT_EQ(shipped().valueOf(bond(v.code, v.issueYear, v.issueMonth), Month(v.year, v.month)), v.stored)
             << v.code << ' ' << v.issueYear << '-' << v.issueMonth << " in " << v.year << '-' << v.month;
 }
 
@@ -55,11 +55,11 @@ TEST(ShippedDatabase, CoversMay1992ToNovember2026)
 {
     EXPECT_EQ(shipped().minimumRedemptionDate(), QDateTime(QDate(1992, 5, 1), QTime(0, 0, 1), Qt::LocalTime));
     EXPECT_EQ(shipped().maximumRedemptionDate(), QDateTime(QDate(2026, 11, 1), QTime(0, 0, 1), Qt::LocalTime));
-    EXPECT_TRUE(shipped().isValidValueOfDate(BondAssessor::monthDate(2001, 12)));
-    EXPECT_FALSE(shipped().isValidValueOfDate(BondAssessor::monthDate(1992, 4)));
-    EXPECT_FALSE(shipped().isValidValueOfDate(BondAssessor::monthDate(2026, 12)));
-    EXPECT_TRUE(shipped().isValidIssueDate(BondAssessor::monthDate(1941, 5), series("E")));
-    EXPECT_FALSE(shipped().isValidIssueDate(BondAssessor::monthDate(1941, 5), series("I")));
+    EXPECT_TRUE(shipped().isValidValueOfDate(Month(2001, 12)));
+    EXPECT_FALSE(shipped().isValidValueOfDate(Month(1992, 4)));
+    EXPECT_FALSE(shipped().isValidValueOfDate(Month(2026, 12)));
+    EXPECT_TRUE(shipped().isValidIssueDate(Month(1941, 5), series("E")));
+    EXPECT_FALSE(shipped().isValidIssueDate(Month(1941, 5), series("I")));
 }
 
 TEST(ShippedDatabase, ValuesSinceIssueListPositiveValuesInMonthOrder)
@@ -93,14 +93,14 @@ TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
 {
     ValueTable values; // one stored value and one stored zero
     const BondAssessor assessor(values.add("N", 2000, 1, 1990, 1, 3000).add("N", 2000, 1, 1990, 2, 0).finish());
-    const QDateTime asOf = BondAssessor::monthDate(2000, 1);
+    const Month asOf(2000, 1);
     for (auto [face, expected] : {std::pair<Pennies, qint64>{5000, 6000}, {1000, 1200}, {1, 1}, {2500, 3000}}) {
         SCOPED_TRACE(face);
         EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1, face), asOf), expected);
     }
     EXPECT_EQ(assessor.valueOf(bond("N", 1990, 2, 5000), asOf), 0); // a stored zero
     BondTerms undated = bond("N", 1990, 1);
-    undated.issueDate = QDateTime();
+    undated.issueMonth = Month();
     EXPECT_EQ(assessor.valueOf(undated, asOf), RedemptionMarker::NoIssueDate);
 }
 
@@ -114,23 +114,23 @@ TEST(BondAssessor, BlankCellsReadLikeMissingRows)
         .add("N", 2021, 12, 1990, 1, -2)     // a month that only blank cells reach
         .add("E", 1992, 4, 1941, 4, -2);     // an earlier one
     const BondAssessor assessor(values.finish());
-    const QDateTime november = BondAssessor::monthDate(2021, 11);
+    const Month november(2021, 11);
     for (int factor : {1, 2}) {
         SCOPED_TRACE(factor);
         EXPECT_EQ(assessor.valueOf(bond("N", 2021, 12, 10000, factor), november), RedemptionMarker::NoPricingData);
-        EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1, 10000, factor), BondAssessor::monthDate(2021, 12)),
+        EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1, 10000, factor), Month(2021, 12)),
                   RedemptionMarker::NoPricingData);
     }
     // A stored −1 doubled for an electronic bond reads as no data, as it always has.
     EXPECT_EQ(assessor.valueOf(bond("N", 2021, 6, 10000, 1), november), RedemptionMarker::NotRedeemable);
     EXPECT_EQ(assessor.valueOf(bond("N", 2021, 6, 10000, 2), november), RedemptionMarker::NoPricingData);
-    EXPECT_FALSE(assessor.isValidIssueDate(BondAssessor::monthDate(2021, 12), series("N")));
-    EXPECT_FALSE(assessor.isValidIssueDate(BondAssessor::monthDate(1941, 4), series("E")));
-    EXPECT_TRUE(assessor.isValidIssueDate(BondAssessor::monthDate(2021, 6), series("N")));
-    EXPECT_FALSE(assessor.isValidValueOfDate(BondAssessor::monthDate(2021, 12)));
-    EXPECT_FALSE(assessor.isValidValueOfDate(BondAssessor::monthDate(1992, 4)));
-    EXPECT_EQ(assessor.minimumRedemptionDate(), november);
-    EXPECT_EQ(assessor.maximumRedemptionDate(), november);
+    EXPECT_FALSE(assessor.isValidIssueDate(Month(2021, 12), series("N")));
+    EXPECT_FALSE(assessor.isValidIssueDate(Month(1941, 4), series("E")));
+    EXPECT_TRUE(assessor.isValidIssueDate(Month(2021, 6), series("N")));
+    EXPECT_FALSE(assessor.isValidValueOfDate(Month(2021, 12)));
+    EXPECT_FALSE(assessor.isValidValueOfDate(Month(1992, 4)));
+    EXPECT_EQ(assessor.minimumRedemptionDate(), november.toDateTime());
+    EXPECT_EQ(assessor.maximumRedemptionDate(), november.toDateTime());
 }
 
 TEST(BondAssessor, ReadingLeavesTheFileInRollbackJournalMode)
@@ -139,7 +139,7 @@ TEST(BondAssessor, ReadingLeavesTheFileInRollbackJournalMode)
     ASSERT_EQ(PriceUpdateTestData::queryText(copy, QStringLiteral("pragma journal_mode")), QStringLiteral("delete"));
     {
         const BondAssessor assessor(copy);
-        EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1), BondAssessor::monthDate(2021, 11)), 5184);
+        EXPECT_EQ(assessor.valueOf(bond("N", 1990, 1), Month(2021, 11)), 5184);
     }
     // A file left in write-ahead logging would no longer open from a folder that cannot be written.
     EXPECT_EQ(PriceUpdateTestData::queryText(copy, QStringLiteral("pragma journal_mode")), QStringLiteral("delete"));
@@ -149,9 +149,9 @@ TEST(BondAssessor, MissingFileAnswersNothingAndAnUnreadableOneIsReportedWithItsP
 {
     const BondAssessor missing(TestSupport::temporaryDirectory() + QStringLiteral("/none.bvdb"));
     EXPECT_EQ(missing.state(), BondAssessor::State::Missing);
-    EXPECT_EQ(missing.valueOf(bond("E", 1980, 6), BondAssessor::monthDate(2021, 6)), RedemptionMarker::NoPricingData);
+    EXPECT_EQ(missing.valueOf(bond("E", 1980, 6), Month(2021, 6)), RedemptionMarker::NoPricingData);
     EXPECT_FALSE(missing.maximumRedemptionDate().isValid());
-    EXPECT_FALSE(missing.isValidIssueDate(BondAssessor::monthDate(1980, 6), series("E")));
+    EXPECT_FALSE(missing.isValidIssueDate(Month(1980, 6), series("E")));
     EXPECT_TRUE(missing.errorMessage().isEmpty());
 
     const QString path = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/garbage.bvdb"), QByteArray(4096, 'x'));
