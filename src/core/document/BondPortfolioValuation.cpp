@@ -47,10 +47,5 @@ void BondPortfolio::prefetchValues(const QList<HoldingRef> &holdings) const
 
 QList<InterestSummaryRow> BondPortfolio::interestSummary(const HoldingFilter &filter) const
 {
-    QList<BondFacts> bonds;
-    const QList<HoldingRef> shown = filter.shownOf(m_data.holdings);
-    bonds.reserve(shown.size());
-    for (const HoldingRef &holding : shown)
-        bonds.append(holding->facts());
-    return InterestSummary::rows(*m_assessor, bonds, m_summaryMode);
+    return InterestSummary::rows(*m_assessor, Portfolio::factsOf(filter.shownOf(m_data.holdings)), m_summaryMode);
 }

@@ -24,6 +24,15 @@ QList<PersonRef> Portfolio::sortedByName(const QList<PersonRef> &people)
     return sorted;
 }
 
+QList<BondFacts> Portfolio::factsOf(const QList<HoldingRef> &holdings)
+{
+    QList<BondFacts> facts;
+    facts.reserve(holdings.size());
+    for (const HoldingRef &holding : holdings)
+        facts.append(holding->facts());
+    return facts;
+}
+
 void Portfolio::prefetchValues(const BondAssessor &database, const QList<HoldingRef> &holdings)
 {
     QList<std::pair<const Series *, int>> bonds;

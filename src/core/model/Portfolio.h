@@ -18,6 +18,8 @@ struct Portfolio
     static QString displayNameOf(const QString &fileName);
     // The people without nulls, sorted by name; equal names keep their order.
     static QList<PersonRef> sortedByName(const QList<PersonRef> &people);
+    // What valuation needs of each holding, in list order.
+    static QList<BondFacts> factsOf(const QList<HoldingRef> &holdings);
     // Readies the database values of these holdings ahead of reading all their figures.
     static void prefetchValues(const BondAssessor &database, const QList<HoldingRef> &holdings);
 };

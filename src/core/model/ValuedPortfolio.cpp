@@ -20,9 +20,5 @@ bool ValuedPortfolio::setValueOfDate(const QDateTime &date, ValidationError *err
 
 QList<InterestSummaryRow> ValuedPortfolio::interestSummary() const
 {
-    QList<BondFacts> bonds;
-    bonds.reserve(m_data.holdings.size());
-    for (const HoldingRef &holding : m_data.holdings)
-        bonds.append(holding->facts());
-    return InterestSummary::rows(*m_assessor, bonds, m_summaryMode);
+    return InterestSummary::rows(*m_assessor, Portfolio::factsOf(m_data.holdings), m_summaryMode);
 }
