@@ -1,7 +1,6 @@
 #include "valuation/BondFacts.h"
 
 #include "base/Series.h"
-#include "valuation/BondAssessor.h"
 
 int BondFacts::pricingCorrectionFactor() const
 {
@@ -20,9 +19,4 @@ QString BondFacts::security() const
     return QStringLiteral("%1%2").arg(issueMonth.isNull() ? 0 : issueMonth.month(), 2, 10, QLatin1Char('0'))
                .arg(issueMonth.isNull() ? 0 : issueMonth.year())
            + series->code();
-}
-
-BondTerms BondFacts::terms() const
-{
-    return {series, issueMonth, faceValue, pricingCorrectionFactor(), security()};
 }

@@ -7,7 +7,6 @@
 #include <QString>
 
 class Series;
-struct BondTerms;
 
 struct BondFacts
 {
@@ -26,6 +25,4 @@ struct BondFacts
     Pennies issuePrice() const;
     // Security symbol of the price history: issue month, issue year, series code ("031995N").
     QString security() const;
-    // What the assessor needs to look the bonds up.
-    BondTerms terms() const;
 };

@@ -143,11 +143,6 @@ bool HoldingFigures::isValueDerived() const
         && m_context.assessor->history(m_bond.series, m_bond.issueMonth.index()).isDerived(m_context.month.index());
 }
 
-QStringList HoldingFigures::valuesSinceIssue() const
-{
-    return m_context.assessor ? m_context.assessor->valuesSinceIssue(m_bond.terms()) : QStringList();
-}
-
 void HoldingFigures::appendValuesSinceIssue(QByteArray &out) const
 {
     if (m_context.assessor && !m_bond.issueMonth.isNull())

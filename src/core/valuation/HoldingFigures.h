@@ -5,7 +5,6 @@
 #include "valuation/BondFacts.h"
 
 #include <QByteArray>
-#include <QStringList>
 #include <utility>
 
 class BondAssessor;
@@ -64,9 +63,7 @@ public:
     // Adds the cumulative interest as of December of each year from fromYear to toYear into
     // sums[year - fromYear]; nothing for a holding without issue date.
     void addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums) const;
-    // "security,dollars,MM/1/YYYY\r" for every month with a value since issue.
-    QStringList valuesSinceIssue() const;
-    // The same lines appended as bytes.
+    // "security,dollars,MM/1/YYYY\r" for every month with a value since issue, appended as bytes.
     void appendValuesSinceIssue(QByteArray &out) const;
 
 private:
