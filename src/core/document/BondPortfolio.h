@@ -21,11 +21,9 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QList>
-#include <QMap>
 #include <QObject>
 #include <QString>
 #include <QVariant>
-#include <functional>
 #include <memory>
 #include <utility>
 

@@ -8,7 +8,6 @@
 
 #include "base/Month.h"
 
-#include <QDateTime>
 #include <QList>
 #include <QString>
 #include <QStringView>
