@@ -56,7 +56,9 @@ struct Fixture
         for (int m = MonthIndex::of(2021, 12); m <= MonthIndex::of(2026, 11); ++m)
             served += monthOfEverySeries(MonthIndex::yearOf(m), MonthIndex::monthOf(m));
         service.addRecords(served);
-        service.setFaults({.pageCap = 1000});
+        FiscalDataTestServer::Faults faults;
+        faults.pageCap = 1000;
+        service.setFaults(faults);
         // The stand-in answers from its cache from now on: what is timed is the client.
         FiscalDataClient(service.root(), {}).fetch({{"ENIS", MonthIndex::of(2021, 12), 0}});
     }

@@ -2,6 +2,51 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
 <context>
+    <name>BinaryPlistReader</name>
+    <message>
+        <source>its values are nested more than %1 levels deep</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it holds more than %1 values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its object table is broken</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it holds a text with a null character</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has an unusable dictionary key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a value contains itself</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BondAssessor</name>
+    <message>
+        <source>Unable to load essential resources from %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BondPortfolioFile</name>
+    <message>
+        <source>A portfolio cannot be saved as &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The portfolio could not be encoded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CliText</name>
     <message>
         <source>unexpected argument &apos;%1&apos;</source>
@@ -688,6 +733,25 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     </message>
 </context>
 <context>
+    <name>DerivedValues</name>
+    <message>
+        <source>not redeemable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 issued %2, redeemed %3: derived %4, official %5</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 official value(s) differ from the derived ones they replace: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>DocumentManager</name>
     <message>
         <source>The portfolio could not be opened</source>
@@ -699,6 +763,33 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     </message>
     <message>
         <source>Savings bond portfolios (*.%1);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EeFixedRates</name>
+    <message>
+        <source>the header must be first_issue_month,last_issue_month,fixed_rate_percent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>three columns expected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>months must be YYYY-MM, the first not after the last</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the rate must be a percentage with at most two decimals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>each range must begin the month after the previous one ends</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no rates</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -807,6 +898,173 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ExportText</name>
+    <message>
+        <source>cannot write %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FiscalDataClient</name>
+    <message>
+        <source>the start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> to </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the latest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>series %1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the reply runs to more than %1 pages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fiscal Data (%1), page %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the reply is larger than %1 bytes in all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fiscal Data (%1): the reply runs to %2 pages, more than %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fiscal Data (%1), page %2: the data set changed while it was read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fiscal Data lists series %1, redemption month %2, issue year %3 twice with different values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fiscal Data (%1): %2 records arrived where the service announced %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FiscalDataCsv</name>
+    <message>
+        <source>no header line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the header lacks the column &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>short line: %1 fields where the header has %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bad series letter %1 (expected E, N, I or S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>non-numeric %1 %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bad %1 %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>redemption_year %1 is beyond next year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>issue year %1 is after redemption year %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>value %1 is out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>repeats the value of line %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FiscalDataPage</name>
+    <message>
+        <source>series_cd %1 is not E, N, I or S</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>redemp_period %1 is not a month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2 is not a number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2 disagrees with redemp_period %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the redemption month is missing (redemp_period, or redemption_year and redemption_month)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>redemption month %1-%2 is out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>issue_year %1 is not a year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>issue_year %1 is out of range for redemption month %2-%3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2 is not an amount</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2 is out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the reply is not JSON (%1 at byte %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the reply has no list of records (&quot;data&quot;)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the reply lacks its page count (&quot;meta&quot;: &quot;total-pages&quot;, &quot;total-count&quot;)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is not an object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>record %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Holding</name>
+    <message>
+        <source>No pricing data available for bonds with that issue date. Do you need to update your bond values?</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -976,6 +1234,233 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>KeyedArchiveDecoder</name>
+    <message>
+        <source>The file is not a Quillmere portfolio.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The portfolio file is damaged: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is too large to be a Quillmere portfolio.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it cannot be read as a property list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is not a Quillmere portfolio: its archive version is not %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has no object table</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it holds more than %1 objects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its object table does not begin with &quot;$null&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has no root object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a reference points to object %1, but there are only %2 objects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>object %1 contains itself</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its objects are nested more than %1 levels deep</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>object %1 is not an object of a known kind</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the text object %1 has no text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the text object %1 contains a null character</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the class of object %1 has a name with a null character</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the date object %1 has no valid time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>object %1 has no &quot;%2&quot; list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the &quot;%2&quot; list of object %1 holds something other than references</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the dictionary object %1 has %2 keys but %3 values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the dictionary object %1 has a key that is not a text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the dictionary object %1 has the key &quot;%2&quot; twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>object %1 has more than %2 entries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the value of &quot;%2&quot; in object %1 is of an unsupported kind</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KeyedArchiveEncoder</name>
+    <message>
+        <source>The archive could not be converted to a property list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The data is too large to be saved in one file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The data is nested more than %1 levels deep and cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The data refers back to itself and cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A text contains a null character and cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An invalid date cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An object without a class name cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An object of class %1 must be saved as a date, string, array or dictionary.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An object of class %1 has more than %2 keys and cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An object of class %1 has an unusable key.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An array of class %1 cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A dictionary of class %1 cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A dictionary has the key &quot;%1&quot; twice and cannot be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The class %1 is described in two different ways.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MaturedBondCarryForward</name>
+    <message>
+        <source>not redeemable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series E</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series EE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series I</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings Note</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 issued %2 reached final maturity in %3, yet its value changes afterwards: %4 in %5 (%6) but %7 in %8 (%9)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Money</name>
+    <message>
+        <source>Value (%1) does not respond to -doubleValue.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OfficialSourceInstaller</name>
+    <message>
+        <source>series %1, redemption month %2-%3, issue year %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot fill in %1, issue month %2: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: this name is reserved for the derived values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is already installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: series %2, issue month %3-%4, redemption month %5-%6: %7 differs from the installed official value %8</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not installed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>could not update summary tables: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PeoplePickerDialog</name>
     <message>
         <source>Add People</source>
@@ -1027,6 +1512,29 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>PeopleStore</name>
+    <message>
+        <source>Could not read the people file %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not read the contacts file %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it holds no vCard contacts.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not import %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write the people file %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PeopleTableModel</name>
     <message>
         <source>Name</source>
@@ -1042,6 +1550,13 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Beneficiary</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Person</name>
+    <message>
+        <source>Deleted User</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1073,6 +1588,103 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>%1 is added to this portfolio, but %2 could not be written: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Portfolio</name>
+    <message>
+        <source>Untitled</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PortfolioArchive</name>
+    <message>
+        <source>The portfolio file is damaged: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a title holder is not a person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a person&apos;s identifier is not text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the list of holdings holds something else</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a holding appears twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a quantity is out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the holding&apos;s %1 is not a whole number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the holding&apos;s %1 is of the wrong kind</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a holding&apos;s series is of the wrong kind</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an issue date is out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an issue date is not a date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a serial number is not text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a holding&apos;s paper flag is not a yes or no</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the %1 are not a list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>title holders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is not a Quillmere portfolio.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PortfolioCsvImport</name>
+    <message>
+        <source>fewer than two lines after splitting at the line separator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>more than %1 lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is larger than %1 bytes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file holds binary data, not text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot read %1: %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1116,6 +1728,17 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Savings Note</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PortfolioReading</name>
+    <message>
+        <source>Could not open %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is far too large to be a portfolio.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1492,6 +2115,156 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>PriceDataDownloader</name>
+    <message>
+        <source>unsupported address %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the reply is larger than %1 bytes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>redirected to unsupported address %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the time allowed for the download ran out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the server answered with status %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the server fell silent for %1 seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PriceDataFile</name>
+    <message>
+        <source>%1 bytes are not a whole number of %2-byte records</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it holds no record</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>record %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>series code %1 is not E, N, I or S</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>redemption month %1-%2 is out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>issue year %1 is out of range for redemption year %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the value %1 of issue month %2 is out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PriceDataInstaller</name>
+    <message>
+        <source>Unable to begin price update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installing updated prices...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to commit price update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Data inconsistency; update canceled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Optimizing pricing data...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PriceSource</name>
+    <message>
+        <source>not a Treasury value file (.asc) nor a Fiscal Data value file (.csv)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: a source named %2 was given twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PriceUpdateRun</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the catalogue is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 update(s) available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading update %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download corrupt: %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the redemption value database cannot be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All updates installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PriceUpdateRunFiscalData</name>
+    <message>
+        <source>the redemption value database cannot be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Values for %1 are available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading values from the Treasury...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading page %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installed values for %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>QCommandLineParser</name>
     <message>
         <source>Usage: %1</source>
@@ -1510,6 +2283,41 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>read-only file system</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SeedDatabaseBuilder</name>
+    <message>
+        <source>%1: could not be installed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: this name is reserved for the derived values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the derived values could not be installed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>could not build the summary tables: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot create its folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot create a temporary file beside it: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot leave write-ahead logging: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot be replaced by the new database</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1549,6 +2357,76 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>TreasuryValueFile</name>
+    <message>
+        <source>field %1 is cut short</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>non-numeric value %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>short line %1: a line needs at least %2 characters (series, redemption year and month, issue year)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>line is longer than %1 characters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bad series letter %1 (expected E, N, I or S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bad redemption year %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>redemption year %1 is beyond next year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bad redemption month %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bad issue year %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>issue year %1 is after redemption year %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 for issue month %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>repeats the series, redemption month and issue year of line %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UndoActionName</name>
+    <message>
+        <source>Edit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insert Holding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Holding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Edit People</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>UpdateAvailableBar</name>
     <message>
         <source>Update Now…</source>
@@ -1564,6 +2442,56 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>New redemption values are available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UpdateCatalogue</name>
+    <message>
+        <source>catalogue too large</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not a property list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the top level is not an array</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>entry %1 is not a string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>entry %1 is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the entry &quot;%1&quot; is not a file of the update directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UpdateStatus</name>
+    <message>
+        <source>Checking for updates...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update information unavailable. Check internet connections and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your redemption values are up to date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some updates could not be performed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download corrupt; unable to update</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1614,6 +2542,44 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>VCardReader</name>
+    <message>
+        <source>unreadable line &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unsupported version %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skipped the card starting at line %1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skipped the card starting at line %1: its identifier %2 is used by an earlier card.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skipped the card starting at line %1: it has no END line.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ignored an END line without card at line %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ignored line %1 outside any card.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ValuationMonth</name>
+    <message>
+        <source>No pricing data available for bonds with that valuation date</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ValueChartDialog</name>
     <message>
         <source>Value of %1 %2 issued %3</source>
@@ -1637,6 +2603,17 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>The database holds no values for this bond.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>XmlPlistReader</name>
+    <message>
+        <source>it holds more than %1 values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its values are nested more than %1 levels deep</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

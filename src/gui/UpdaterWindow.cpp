@@ -29,7 +29,7 @@ UpdaterWindow::UpdaterWindow(PriceUpdater *updater, QWidget *parent)
     // A failure says why on a second line.
     m_status->setWordWrap(true);
     m_status->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_status->setMinimumWidth(fontMetrics().horizontalAdvance(QString::fromLatin1(UpdateStatus::Unavailable)));
+    m_status->setMinimumWidth(fontMetrics().horizontalAdvance(UpdateStatus::text(UpdateStatus::Unavailable)));
     m_progress = new QProgressBar(this);
     m_progress->setRange(0, 1);
     m_progress->setValue(0);

@@ -36,7 +36,43 @@ NOT_SHOWN_TEXTS = {
 NOT_SHOWN_IN_FILE = {
     # The JSON's status values, the same in every language.
     "PortfolioReport.cpp": {"no pricing data", "not yet redeemable"},
+    # Words of the formats read and written: column titles, file names, tokens of the Treasury's files.
+    "CsvImportFormat.cpp": {"Bond Series", "Quantity", "Issue Date", "Face Value", "Serial Number", "Series",
+                            "Denomination"},
+    "HoldingCsv.cpp": {"Bond Series,Quantity,Issue Date,Issue Price,Face Value,Interest Earned,Value,",
+                       "Serial Number,Owner,Co-owner,Beneficiary\\n"},
+    "HoldingQuicken.cpp": {" purchased %02d/%4d"},
+    "PortfolioQuicken.cpp": {"PriceList.qif", "Positions.qif", "PriceList-%1.qif", "Positions-%1.qif"},
+    "PortfolioQuicken.h": {"Generated with Quillmere"},
+    "TreasuryValueFile.cpp": {"January", "February", "March", "April", "May", "June", "July", "August",
+                              "September", "October", "November", "December", "NO PAY"},
+    "FiscalDataPage.cpp": {"NO PAY"},
+    "OfficialSourceInstaller.cpp": {"NO PAY"},
+    "UpdateCatalogue.cpp": {"<?xml version=\\\"1.0\\\" encoding=\\\"UTF-8\\\"?>\\n", "<plist version=\\\"1.0\\\">\\n",
+                            "<!DOCTYPE plist PUBLIC \\\"-//Apple//DTD PLIST 1.0//EN\\\" "},
+    "UpdateLocation.h": {"AvailableBondData.plist"},
+    # Names of the portfolio file's classes and of settings and validation keys.
+    "PortfolioArchive.cpp": {"Holding", "Person", "Series"},
+    "Money.h": {"DollarTransformer"},
+    "UserDefaults.h": {"BondTableColumnSettings"},
+    "Holding.h": {"HoldingIssueDate"},
+    "ValuationMonth.h": {"ValueOfDate"},
+    "BondPortfolio.h": {"Savings Bond Portfolio"},  # the document type's name
+    # Formats of the log's lines.
+    "PriceDataInstaller.cpp": {"updatePricingDataWithData >>: %1", "<<updatePricingDataWithData: %1",
+                               "updatePricingDataWithData rb: %1", "Error updating data file table: %1",
+                               "Could not update summary tables: %1"},
+    # The series' labels and the registration's form are data the portfolio file and exports hold.
+    "Series.cpp": {"Savings Note", "EE Bond", "E Bond", "I Bond"},
+    "Holding.cpp": {"%1 OR %2", "%1 POD %2"},
 }
+# Files that hold statements for the database and no words: their literals are all SQL.
+NO_TEXTS = {"ValueHistoryPacking.cpp"}
+# A literal that is a statement for the database, or an indented line of one; lower case, as the
+# program writes them, apart from the transaction commands.
+SQL = re.compile(r"(select|order by|insert|update|delete|create|drop|pragma|vacuum|savepoint|release|rollback|BEGIN|SAVEPOINT|"
+                 r"RELEASE|ROLLBACK|COMMIT)\b|\s+(on|where|order by|group by|and|from|values|end;|begin)\b|"
+                 r".*\b(integer not null|primary key)\b")
 
 TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:[^"\\\n]|\\.)*"|\'(?:[^\'\\\n]|\\.)*\'|[A-Za-z_]\w*|[()]|\n|.',
                    re.S)
@@ -50,6 +86,8 @@ def looks_shown(text):
 def unmarked_texts(path):
     """(line, text) of every literal that reads like words and is not marked."""
     found = []
+    if path.name in NO_TEXTS:
+        return found
     calls = []  # innermost last: the name before each open parenthesis, or "" for a bare one
     previous = ""
     line = 1
@@ -77,7 +115,7 @@ def unmarked_texts(path):
             text = token[1:-1]
             enclosing = [call for call in calls if call not in WRAPPERS]
             innermost = enclosing[-1] if enclosing else ""
-            if (looks_shown(text) and not logging and innermost not in MARKERS and innermost not in NOT_SHOWN_CALLS
+            if (looks_shown(text) and not SQL.match(text) and not logging and innermost not in MARKERS and innermost not in NOT_SHOWN_CALLS
                     and text not in NOT_SHOWN_TEXTS and text not in NOT_SHOWN_IN_FILE.get(path.name, ())):
                 found.append((line, text))
         if not token.isspace():

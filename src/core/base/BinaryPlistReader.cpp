@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <bit>
 #include <vector>
+#include <QCoreApplication>
 
 namespace {
 
@@ -15,12 +16,12 @@ using Result = PlistReader::Result;
 
 QString tooDeep(int maximumDepth)
 {
-    return QStringLiteral("its values are nested more than %1 levels deep").arg(maximumDepth);
+    return QCoreApplication::translate("BinaryPlistReader", "its values are nested more than %1 levels deep").arg(maximumDepth);
 }
 
 QString tooMany(qint64 maximumNodes)
 {
-    return QStringLiteral("it holds more than %1 values").arg(maximumNodes);
+    return QCoreApplication::translate("BinaryPlistReader", "it holds more than %1 values").arg(maximumNodes);
 }
 
 // Walks the object graph from the top object without recursion, computing for each object
@@ -28,7 +29,7 @@ QString tooMany(qint64 maximumNodes)
 // linear in the size of the file even when references fan out).
 bool checkGraph(const BinaryPlistLayout &layout, const PlistReader::Limits &limits, QString *problem)
 {
-    const QString damaged = QStringLiteral("its object table is broken");
+    const QString damaged = QCoreApplication::translate("BinaryPlistReader", "its object table is broken");
     const int maximumDepth = limits.maximumDepth;
     const qint64 maximumNodes = limits.maximumNodes;
     enum : quint8 { Unvisited, OnPath, Done };
@@ -60,7 +61,7 @@ bool checkGraph(const BinaryPlistLayout &layout, const PlistReader::Limits &limi
             // Such a text would be cut short in silence; two-byte ones are read whole, and
             // whoever reads them refuses the character if it matters.
             if (layout.textAt(index) == BinaryPlistLayout::Text::OneByteWithNull) {
-                *problem = QStringLiteral("it holds a text with a null character");
+                *problem = QCoreApplication::translate("BinaryPlistReader", "it holds a text with a null character");
                 return false;
             }
             state[index] = Done;
@@ -116,11 +117,11 @@ bool checkGraph(const BinaryPlistLayout &layout, const PlistReader::Limits &limi
         const BinaryPlistLayout::Text key = frame.next <= frame.keyCount ? layout.textAt(child)
                                                                         : BinaryPlistLayout::Text::NotText;
         if (key != BinaryPlistLayout::Text::NotText && key != BinaryPlistLayout::Text::Clean) {
-            *problem = QStringLiteral("it has an unusable dictionary key");
+            *problem = QCoreApplication::translate("BinaryPlistReader", "it has an unusable dictionary key");
             return false;
         }
         if (state[child] == OnPath) {
-            *problem = QStringLiteral("a value contains itself");
+            *problem = QCoreApplication::translate("BinaryPlistReader", "a value contains itself");
             return false;
         }
         if (state[child] == Unvisited) {
@@ -339,7 +340,7 @@ PlistReader::Result PlistReader::readBinary(const QByteArray &data, const Limits
     result.outcome = Result::Outcome::Refused;
     BinaryPlistLayout layout(data);
     if (!layout.readTrailer(limits.maximumNodes)) {
-        result.problem = QStringLiteral("its object table is broken");
+        result.problem = QCoreApplication::translate("BinaryPlistReader", "its object table is broken");
         return result;
     }
     if (!checkGraph(layout, limits, &result.problem))

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <QCoreApplication>
 
 DollarConversionError::DollarConversionError(const QString &message)
     : std::logic_error(message.toStdString())
@@ -33,7 +34,7 @@ bool isFloating(const QVariant &value)
 [[noreturn]] void refuse(const QVariant &value)
 {
     const char *name = value.metaType().name();
-    throw DollarConversionError(QStringLiteral("Value (%1) does not respond to -doubleValue.")
+    throw DollarConversionError(QCoreApplication::translate("Money", "Value (%1) does not respond to -doubleValue.")
                                     .arg(QString::fromLatin1(name ? name : "invalid")));
 }
 

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <QCoreApplication>
 
 namespace {
 
@@ -62,11 +63,11 @@ bool checkTags(const QByteArray &data, const PlistReader::Limits &limits, QStrin
             continue;
         }
         if (++elements > limits.maximumNodes) {
-            *problem = QStringLiteral("it holds more than %1 values").arg(limits.maximumNodes);
+            *problem = QCoreApplication::translate("XmlPlistReader", "it holds more than %1 values").arg(limits.maximumNodes);
             return false;
         }
         if (!selfClosing && ++depth > limits.maximumDepth) {
-            *problem = QStringLiteral("its values are nested more than %1 levels deep").arg(limits.maximumDepth);
+            *problem = QCoreApplication::translate("XmlPlistReader", "its values are nested more than %1 levels deep").arg(limits.maximumDepth);
             return false;
         }
     }

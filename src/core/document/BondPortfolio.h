@@ -19,6 +19,7 @@
 #include "valuation/ValuationMonth.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QList>
 #include <QObject>
@@ -47,11 +48,13 @@ inline constexpr const char *Extension = "bondportfolio";
 inline constexpr const char *TypeName = "Savings Bond Portfolio";
 }
 
+// The names the Edit menu shows after "Undo" and "Redo".
 namespace UndoActionName {
-inline constexpr const char *Edit = "Edit";
-inline constexpr const char *InsertHolding = "Insert Holding";
-inline constexpr const char *DeleteHolding = "Delete Holding";
-inline constexpr const char *EditPeople = "Edit People";
+inline constexpr const char *Edit = QT_TRANSLATE_NOOP("UndoActionName", "Edit");
+inline constexpr const char *InsertHolding = QT_TRANSLATE_NOOP("UndoActionName", "Insert Holding");
+inline constexpr const char *DeleteHolding = QT_TRANSLATE_NOOP("UndoActionName", "Delete Holding");
+inline constexpr const char *EditPeople = QT_TRANSLATE_NOOP("UndoActionName", "Edit People");
+inline QString text(const char *name) { return QCoreApplication::translate("UndoActionName", name); }
 }
 
 class BondPortfolio : public QObject

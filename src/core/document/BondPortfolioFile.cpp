@@ -6,19 +6,20 @@
 #include "document/PortfolioReading.h"
 
 #include <QUndoStack>
+#include <QCoreApplication>
 
 QByteArray BondPortfolio::dataRepresentation(const QString &typeName, QString *error) const
 {
     if (typeName != QLatin1String(PortfolioFile::TypeName)) {
         if (error)
-            *error = QStringLiteral("A portfolio cannot be saved as \"%1\".").arg(typeName);
+            *error = QCoreApplication::translate("BondPortfolioFile", "A portfolio cannot be saved as \"%1\".").arg(typeName);
         return {};
     }
     QString encodeError;
     const QByteArray data = KeyedArchive::encode(PortfolioArchive::encodePortfolio(m_data.holdings, m_data.titleHolders),
                                                  &encodeError);
     if (data.isEmpty() && error)
-        *error = encodeError.isEmpty() ? QStringLiteral("The portfolio could not be encoded.") : encodeError;
+        *error = encodeError.isEmpty() ? QCoreApplication::translate("BondPortfolioFile", "The portfolio could not be encoded.") : encodeError;
     return data;
 }
 

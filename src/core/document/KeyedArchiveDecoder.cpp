@@ -12,6 +12,7 @@
 #include <cmath>
 #include <unordered_map>
 #include <vector>
+#include <QCoreApplication>
 
 namespace {
 
@@ -46,12 +47,12 @@ constexpr double MaximumSecondsFromReferenceDate = 1.0e11;
 
 QString notAPortfolio()
 {
-    return QStringLiteral("The file is not a Quillmere portfolio.");
+    return QCoreApplication::translate("KeyedArchiveDecoder", "The file is not a Quillmere portfolio.");
 }
 
 QString damaged(const QString &detail)
 {
-    return QStringLiteral("The portfolio file is damaged: %1.").arg(detail);
+    return QCoreApplication::translate("KeyedArchiveDecoder", "The portfolio file is damaged: %1.").arg(detail);
 }
 
 struct ClassDescription
@@ -89,7 +90,7 @@ private:
     bool parse(const QByteArray &data, PlistValue *archive)
     {
         if (data.size() > KeyedArchiveLimits::MaximumBytes)
-            return fail(QStringLiteral("The file is too large to be a Quillmere portfolio."));
+            return fail(QCoreApplication::translate("KeyedArchiveDecoder", "The file is too large to be a Quillmere portfolio."));
         PlistReader::Result read = PlistReader::read(
             data, {KeyedArchiveLimits::MaximumDepth, KeyedArchiveLimits::MaximumPlistNodes});
         switch (read.outcome) {
@@ -104,7 +105,7 @@ private:
             break;
         }
         return fail(read.format == PlistReader::Format::Binary
-                        ? damaged(QStringLiteral("it cannot be read as a property list"))
+                        ? damaged(QCoreApplication::translate("KeyedArchiveDecoder", "it cannot be read as a property list"))
                         : notAPortfolio());
     }
 
@@ -115,21 +116,21 @@ private:
         const PlistValue *version = archive.value(QLatin1StringView(VersionKey));
         const quint64 versionNumber = version && version->is(Type::Integer) ? version->toInteger() : 0;
         if (versionNumber != ArchiverVersion)
-            return fail(QStringLiteral("The file is not a Quillmere portfolio: its archive version is not %1.")
+            return fail(QCoreApplication::translate("KeyedArchiveDecoder", "The file is not a Quillmere portfolio: its archive version is not %1.")
                             .arg(ArchiverVersion));
         const PlistValue *objects = archive.value(QLatin1StringView(ObjectsKey));
         if (!objects || !objects->is(Type::Array) || objects->items().empty())
-            return fail(damaged(QStringLiteral("it has no object table")));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "it has no object table")));
         m_objects = &objects->items();
         m_count = m_objects->size();
         if (m_count > quint64(KeyedArchiveLimits::MaximumObjects))
-            return fail(damaged(QStringLiteral("it holds more than %1 objects").arg(KeyedArchiveLimits::MaximumObjects)));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "it holds more than %1 objects").arg(KeyedArchiveLimits::MaximumObjects)));
         if (!isString(&m_objects->front(), NullObject))
-            return fail(damaged(QStringLiteral("its object table does not begin with \"$null\"")));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "its object table does not begin with \"$null\"")));
         const PlistValue *top = archive.value(QLatin1StringView(TopKey));
         quint64 rootUid = 0;
         if (!top || !top->is(Type::Dictionary) || !readUid(top->value(QLatin1StringView(RootKey)), &rootUid))
-            return fail(damaged(QStringLiteral("it has no root object")));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "it has no root object")));
         m_state.assign(m_count, Unvisited);
         m_decoded.assign(m_count, ArchiveRef());
         return decodeReference(rootUid, 1, root);
@@ -138,7 +139,7 @@ private:
     bool decodeReference(quint64 uid, int depth, ArchiveRef *out)
     {
         if (uid >= m_count)
-            return fail(damaged(QStringLiteral("a reference points to object %1, but there are only %2 objects")
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "a reference points to object %1, but there are only %2 objects")
                                     .arg(uid)
                                     .arg(m_count)));
         if (m_state[uid] == Decoded) {
@@ -146,9 +147,9 @@ private:
             return true;
         }
         if (m_state[uid] == InProgress)
-            return fail(damaged(QStringLiteral("object %1 contains itself").arg(uid)));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "object %1 contains itself").arg(uid)));
         if (depth > KeyedArchiveLimits::MaximumDepth)
-            return fail(damaged(QStringLiteral("its objects are nested more than %1 levels deep")
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "its objects are nested more than %1 levels deep")
                                     .arg(KeyedArchiveLimits::MaximumDepth)));
         if (uid == 0) {
             *out = std::monostate();
@@ -173,7 +174,7 @@ private:
         }
         const ClassDescription *description = node.is(Type::Dictionary) ? classOf(uid, node) : nullptr;
         if (!description)
-            return fail(damaged(QStringLiteral("object %1 is not an object of a known kind").arg(uid)));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "object %1 is not an object of a known kind").arg(uid)));
         const QString &name = description->name;
         // Subclasses too: a calendar date (NSCalendarDate) is an NSDate with a time zone and a
         // format besides, and only its instant matters here.
@@ -186,7 +187,7 @@ private:
         if (name == StringClass || name == MutableStringClass) {
             const PlistValue *text = node.value(QLatin1StringView(StringKey));
             if (!text || !text->is(Type::String))
-                return fail(damaged(QStringLiteral("the text object %1 has no text").arg(uid)));
+                return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the text object %1 has no text").arg(uid)));
             return decodeText(uid, *text, out);
         }
         return decodeProgramObject(uid, node, *description, depth, out);
@@ -197,7 +198,7 @@ private:
     {
         QString text = node.text();
         if (text.contains(QChar(0)))
-            return fail(damaged(QStringLiteral("the text object %1 contains a null character").arg(uid)));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the text object %1 contains a null character").arg(uid)));
         *out = std::move(text);
         return true;
     }
@@ -231,7 +232,7 @@ private:
         // Such a name could not be written back: the copy would name no class at all.
         if (result.name.contains(QChar(0))
             || std::any_of(result.hierarchy.cbegin(), result.hierarchy.cend(), [](const QString &n) { return n.contains(QChar(0)); })) {
-            fail(damaged(QStringLiteral("the class of object %1 has a name with a null character").arg(uid)));
+            fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the class of object %1 has a name with a null character").arg(uid)));
             return nullptr;
         }
         return &m_classes.emplace(classUid, std::move(result)).first->second;
@@ -246,7 +247,7 @@ private:
         else if (time && time->is(Type::Integer))
             seconds = double(qint64(time->toInteger()));
         if (!std::isfinite(seconds) || std::fabs(seconds) > MaximumSecondsFromReferenceDate)
-            return fail(damaged(QStringLiteral("the date object %1 has no valid time").arg(uid)));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the date object %1 has no valid time").arg(uid)));
         const qint64 msecs = qRound64(seconds * 1000.0) + ReferenceDateMSecsSinceEpoch;
         // In UTC: a local time would ask the C library, which re-reads the zone file each time; the
         // reader of the graph converts what it keeps.
@@ -259,12 +260,12 @@ private:
     {
         const PlistValue *list = node.value(QLatin1StringView(key));
         if (!list || !list->is(Type::Array))
-            return fail(damaged(QStringLiteral("object %1 has no \"%2\" list").arg(uid).arg(QLatin1String(key))));
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "object %1 has no \"%2\" list").arg(uid).arg(QLatin1String(key))));
         uids->reserve(qsizetype(list->items().size()));
         for (const PlistValue &entry : list->items()) {
             quint64 item = 0;
             if (!readUid(&entry, &item))
-                return fail(damaged(QStringLiteral("the \"%2\" list of object %1 holds something other than "
+                return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the \"%2\" list of object %1 holds something other than "
                                                    "references").arg(uid).arg(QLatin1String(key))));
             uids->append(item);
         }
@@ -295,7 +296,7 @@ private:
         if (!readReferenceList(uid, node, KeysListKey, &keys) || !readReferenceList(uid, node, ObjectsListKey, &values))
             return false;
         if (keys.size() != values.size())
-            return fail(damaged(QStringLiteral("the dictionary object %1 has %2 keys but %3 values")
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the dictionary object %1 has %2 keys but %3 values")
                                     .arg(uid)
                                     .arg(keys.size())
                                     .arg(values.size())));
@@ -308,9 +309,9 @@ private:
                 return false;
             const QString *name = std::get_if<QString>(&key);
             if (!name)
-                return fail(damaged(QStringLiteral("the dictionary object %1 has a key that is not a text").arg(uid)));
+                return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the dictionary object %1 has a key that is not a text").arg(uid)));
             if (seen.contains(*name))
-                return fail(damaged(QStringLiteral("the dictionary object %1 has the key \"%2\" twice").arg(uid).arg(*name)));
+                return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the dictionary object %1 has the key \"%2\" twice").arg(uid).arg(*name)));
             seen.insert(*name);
             if (!decodeReference(values[i], depth + 1, &value))
                 return false;
@@ -324,7 +325,7 @@ private:
                              ArchiveRef *out)
     {
         if (node.entries().size() > size_t(KeyedArchiveLimits::MaximumKeysPerObject))
-            return fail(damaged(QStringLiteral("object %1 has more than %2 entries")
+            return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "object %1 has more than %2 entries")
                                     .arg(uid)
                                     .arg(KeyedArchiveLimits::MaximumKeysPerObject)));
         auto object = std::make_shared<ArchiveObject>();
@@ -349,7 +350,7 @@ private:
             } else if (value.is(Type::Data)) {
                 object->set(name, ArchiveRef(ArchiveData{value.bytes()}));
             } else {
-                return fail(damaged(QStringLiteral("the value of \"%2\" in object %1 is of an unsupported kind")
+                return fail(damaged(QCoreApplication::translate("KeyedArchiveDecoder", "the value of \"%2\" in object %1 is of an unsupported kind")
                                         .arg(uid)
                                         .arg(name)));
             }

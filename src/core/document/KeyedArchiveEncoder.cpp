@@ -9,6 +9,7 @@
 #include <QSet>
 
 #include <vector>
+#include <QCoreApplication>
 
 namespace {
 
@@ -37,7 +38,7 @@ public:
         const QByteArray result = BinaryPlistWriter::write(PlistValue::dictionary(std::move(archive)));
         if (result.isEmpty()) {
             if (error)
-                *error = QStringLiteral("The archive could not be converted to a property list.");
+                *error = QCoreApplication::translate("KeyedArchiveEncoder", "The archive could not be converted to a property list.");
             return {};
         }
         if (result.size() > KeyedArchiveLimits::MaximumBytes) {
@@ -53,7 +54,7 @@ public:
 private:
     static QString tooLarge()
     {
-        return QStringLiteral("The data is too large to be saved in one file.");
+        return QCoreApplication::translate("KeyedArchiveEncoder", "The data is too large to be saved in one file.");
     }
 
     // Counts the property-list nodes written, so that nothing is saved that the reader's limits
@@ -82,7 +83,7 @@ private:
     bool encodeReference(const ArchiveRef &ref, int depth, quint64 *uid)
     {
         if (depth > KeyedArchiveLimits::MaximumDepth)
-            return fail(QStringLiteral("The data is nested more than %1 levels deep and cannot be saved.")
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "The data is nested more than %1 levels deep and cannot be saved.")
                             .arg(KeyedArchiveLimits::MaximumDepth));
         if (std::holds_alternative<std::monostate>(ref)) {
             *uid = 0;
@@ -112,7 +113,7 @@ private:
             return true;
         }
         if (m_inProgress.contains(node))
-            return fail(QStringLiteral("The data refers back to itself and cannot be saved."));
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "The data refers back to itself and cannot be saved."));
         if (const auto known = m_uidByPointer.constFind(node); known != m_uidByPointer.constEnd()) {
             *uid = *known;
             return true;
@@ -139,7 +140,7 @@ private:
             return true;
         }
         if (text.contains(QChar(0)))
-            return fail(QStringLiteral("A text contains a null character and cannot be saved."));
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "A text contains a null character and cannot be saved."));
         if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(1))
             return fail(tooLarge());
         *uid = reserveSlot();
@@ -151,7 +152,7 @@ private:
     bool encodeDate(const ArchiveDate &date, quint64 *uid)
     {
         if (!date.instant.isValid())
-            return fail(QStringLiteral("An invalid date cannot be saved."));
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "An invalid date cannot be saved."));
         if (qint64(m_objects.size()) >= KeyedArchiveLimits::MaximumObjects || !addNodes(5))
             return fail(tooLarge());
         const quint64 slot = reserveSlot();
@@ -192,12 +193,12 @@ private:
     bool encodeContent(const ArchiveObject &object, int depth, PlistValue *content)
     {
         if (object.className.isEmpty())
-            return fail(QStringLiteral("An object without a class name cannot be saved."));
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "An object without a class name cannot be saved."));
         if (isFoundationClass(object.className))
-            return fail(QStringLiteral("An object of class %1 must be saved as a date, string, array or "
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "An object of class %1 must be saved as a date, string, array or "
                                        "dictionary.").arg(object.className));
         if (object.fields.size() + 1 > KeyedArchiveLimits::MaximumKeysPerObject)
-            return fail(QStringLiteral("An object of class %1 has more than %2 keys and cannot be saved.")
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "An object of class %1 has more than %2 keys and cannot be saved.")
                             .arg(object.className)
                             .arg(KeyedArchiveLimits::MaximumKeysPerObject - 1));
         if (!addNodes(2 * object.fields.size()))
@@ -206,7 +207,7 @@ private:
         dictionary.reserve(size_t(object.fields.size()) + 1);
         for (const auto &[key, field] : object.fields) {
             if (key.isEmpty() || key.contains(QChar(0)))
-                return fail(QStringLiteral("An object of class %1 has an unusable key.").arg(object.className));
+                return fail(QCoreApplication::translate("KeyedArchiveEncoder", "An object of class %1 has an unusable key.").arg(object.className));
             PlistValue value;
             if (!encodeField(field, depth, &value))
                 return false;
@@ -221,7 +222,7 @@ private:
     bool encodeContent(const ArchiveArray &array, int depth, PlistValue *content)
     {
         if (array.className != MutableArrayClass && array.className != ArrayClass)
-            return fail(QStringLiteral("An array of class %1 cannot be saved.").arg(array.className));
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "An array of class %1 cannot be saved.").arg(array.className));
         PlistValue items;
         if (!addNodes(2) || !encodeReferenceList(array.items, depth, &items))
             return false;
@@ -234,12 +235,12 @@ private:
     {
         const QString &className = dictionaryValue.className;
         if (className != MutableDictionaryClass && className != DictionaryClass)
-            return fail(QStringLiteral("A dictionary of class %1 cannot be saved.").arg(className));
+            return fail(QCoreApplication::translate("KeyedArchiveEncoder", "A dictionary of class %1 cannot be saved.").arg(className));
         QList<ArchiveRef> keys, values;
         QSet<QString> seen;
         for (const auto &[key, value] : dictionaryValue.entries) {
             if (seen.contains(key))
-                return fail(QStringLiteral("A dictionary has the key \"%1\" twice and cannot be saved.").arg(key));
+                return fail(QCoreApplication::translate("KeyedArchiveEncoder", "A dictionary has the key \"%1\" twice and cannot be saved.").arg(key));
             seen.insert(key);
             keys.append(key);
             values.append(value);
@@ -303,7 +304,7 @@ private:
     {
         if (const auto known = m_classes.constFind(className); known != m_classes.constEnd()) {
             if (known->second != hierarchy)
-                return fail(QStringLiteral("The class %1 is described in two different ways.").arg(className));
+                return fail(QCoreApplication::translate("KeyedArchiveEncoder", "The class %1 is described in two different ways.").arg(className));
             *uid = known->first;
             return true;
         }

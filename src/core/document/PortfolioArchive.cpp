@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QTimeZone>
 #include <limits>
+#include <QCoreApplication>
 
 namespace {
 
@@ -94,7 +95,7 @@ struct DecodeFailure
 
 QString damaged(const QString &detail)
 {
-    return QStringLiteral("The portfolio file is damaged: %1.").arg(detail);
+    return QCoreApplication::translate("PortfolioArchive", "The portfolio file is damaged: %1.").arg(detail);
 }
 
 class Decoder
@@ -109,7 +110,7 @@ public:
             return nullptr;
         const auto *object = std::get_if<std::shared_ptr<ArchiveObject>>(&ref);
         if (!object || !*object || (*object)->className != PersonClass)
-            throw DecodeFailure{damaged(QStringLiteral("a title holder is not a person"))};
+            throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a title holder is not a person"))};
         const ArchiveObject *key = object->get();
         if (m_decodedPeople.contains(key))
             return m_decodedPeople.value(key);
@@ -119,7 +120,7 @@ public:
             const auto *ref = std::get_if<ArchiveRef>(uid);
             const QString *text = ref ? std::get_if<QString>(ref) : nullptr;
             if (!text && !(ref && std::holds_alternative<std::monostate>(*ref)))
-                throw DecodeFailure{damaged(QStringLiteral("a person's identifier is not text"))};
+                throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a person's identifier is not text"))};
             if (text) {
                 if (const auto record = m_people.recordForUniqueId(*text))
                     result = Person::create(record);
@@ -137,16 +138,16 @@ public:
     {
         const auto *pointer = std::get_if<std::shared_ptr<ArchiveObject>>(&ref);
         if (!pointer || !*pointer || (*pointer)->className != HoldingClass)
-            throw DecodeFailure{damaged(QStringLiteral("the list of holdings holds something else"))};
+            throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "the list of holdings holds something else"))};
         const ArchiveObject &object = **pointer;
         if (m_decodedHoldings.contains(&object))
-            throw DecodeFailure{damaged(QStringLiteral("a holding appears twice"))};
+            throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a holding appears twice"))};
         m_decodedHoldings.insert(&object);
 
         auto result = std::make_shared<Holding>();
         const qint64 quantity = integer(object, HoldingKey::Quantity);
         if (quantity < std::numeric_limits<qint32>::min() || quantity > std::numeric_limits<qint32>::max())
-            throw DecodeFailure{damaged(QStringLiteral("a quantity is out of range"))};
+            throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a quantity is out of range"))};
         result->setQuantity(qint32(quantity));
         result->setFaceValue(integer(object, HoldingKey::FaceValue));
         result->setSeries(series(object));
@@ -169,7 +170,7 @@ private:
             return 0;
         if (const qint64 *value = std::get_if<qint64>(field))
             return *value;
-        throw DecodeFailure{damaged(QStringLiteral("the holding's %1 is not a whole number").arg(keyName(key)))};
+        throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "the holding's %1 is not a whole number").arg(keyName(key)))};
     }
 
     static ArchiveRef reference(const ArchiveObject &object, const char *key)
@@ -179,7 +180,7 @@ private:
             return std::monostate();
         if (const ArchiveRef *ref = std::get_if<ArchiveRef>(field))
             return *ref;
-        throw DecodeFailure{damaged(QStringLiteral("the holding's %1 is of the wrong kind").arg(keyName(key)))};
+        throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "the holding's %1 is of the wrong kind").arg(keyName(key)))};
     }
 
     static const Series *series(const ArchiveObject &object)
@@ -189,7 +190,7 @@ private:
             return nullptr;
         const auto *pointer = std::get_if<std::shared_ptr<ArchiveObject>>(&ref);
         if (!pointer || !*pointer || (*pointer)->className != SeriesClass)
-            throw DecodeFailure{damaged(QStringLiteral("a holding's series is of the wrong kind"))};
+            throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a holding's series is of the wrong kind"))};
         const ArchiveField *code = (*pointer)->field(QStringLiteral("code"));
         const ArchiveRef *codeRef = code ? std::get_if<ArchiveRef>(code) : nullptr;
         const QString *text = codeRef ? std::get_if<QString>(codeRef) : nullptr;
@@ -217,10 +218,10 @@ private:
             return {};
         if (const auto *value = std::get_if<ArchiveDate>(&ref)) {
             if (!value->instant.isValid())
-                throw DecodeFailure{damaged(QStringLiteral("an issue date is out of range"))};
+                throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "an issue date is out of range"))};
             return Month::of(localTime(value->instant));
         }
-        throw DecodeFailure{damaged(QStringLiteral("an issue date is not a date"))};
+        throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "an issue date is not a date"))};
     }
 
     static QString text(const ArchiveObject &object, const char *key)
@@ -230,7 +231,7 @@ private:
             return {};
         if (const auto *value = std::get_if<QString>(&ref))
             return *value;
-        throw DecodeFailure{damaged(QStringLiteral("a serial number is not text"))};
+        throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a serial number is not text"))};
     }
 
     static bool paper(const ArchiveObject &object)
@@ -242,7 +243,7 @@ private:
             return *value;
         if (const qint64 *value = std::get_if<qint64>(field))
             return *value != 0;
-        throw DecodeFailure{damaged(QStringLiteral("a holding's paper flag is not a yes or no"))};
+        throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a holding's paper flag is not a yes or no"))};
     }
 
     const PeopleStore &m_people;
@@ -257,7 +258,7 @@ const ArchiveArray *arrayOf(const ArchiveRef &ref, const QString &what)
         return nullptr;
     const auto *pointer = std::get_if<std::shared_ptr<ArchiveArray>>(&ref);
     if (!pointer || !*pointer)
-        throw DecodeFailure{damaged(QStringLiteral("the %1 are not a list").arg(what))};
+        throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "the %1 are not a list").arg(what))};
     return pointer->get();
 }
 
@@ -299,9 +300,9 @@ Decoded decodePortfolio(const ArchiveRef &root, const PeopleStore &people)
             if (const ArchiveRef *entry = (*dict)->value(QStringLiteral("holdings")))
                 holdings = arrayOf(*entry, QStringLiteral("holdings"));
             if (const ArchiveRef *entry = (*dict)->value(QStringLiteral("titleHolders")))
-                titleHolders = arrayOf(*entry, QStringLiteral("title holders"));
+                titleHolders = arrayOf(*entry, QCoreApplication::translate("PortfolioArchive", "title holders"));
         } else {
-            result.error = QStringLiteral("The file is not a Quillmere portfolio.");
+            result.error = QCoreApplication::translate("PortfolioArchive", "The file is not a Quillmere portfolio.");
             return result;
         }
         // People first, so that a person listed and named on bonds is one object.

@@ -4,6 +4,7 @@
 #include "document/PortfolioArchive.h"
 
 #include <QFile>
+#include <QCoreApplication>
 
 namespace PortfolioReading {
 
@@ -73,9 +74,9 @@ Result fromFile(const QString &path, const PeopleStore &people, const QList<Pers
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return failure(QStringLiteral("Could not open %1: %2").arg(path, file.errorString()));
+        return failure(QCoreApplication::translate("PortfolioReading", "Could not open %1: %2").arg(path, file.errorString()));
     if (file.size() > MaximumFileSize)
-        return failure(QStringLiteral("%1 is far too large to be a portfolio.").arg(path));
+        return failure(QCoreApplication::translate("PortfolioReading", "%1 is far too large to be a portfolio.").arg(path));
     return fromData(file.readAll(), people, titleHoldersIfNone);
 }
 

@@ -32,7 +32,7 @@ void PortfolioRecorder::valueChanged(const HoldingRef &holding, HoldingProperty 
 {
     if (!isApplying()) {
         if (!m_pending)
-            m_pending = new QUndoCommand(QString::fromLatin1(UndoActionName::Edit));
+            m_pending = new QUndoCommand(UndoActionName::text(UndoActionName::Edit));
         new ChangeValueCommand(m_portfolio, holding, property, oldValue, holding->value(property), m_pending);
     }
     emit m_portfolio->holdingChanged(holding.get(), property);
@@ -51,7 +51,7 @@ void PortfolioRecorder::changesCompleted()
 void PortfolioRecorder::record(QUndoCommand *command)
 {
     if (m_stepDepth > 0 && !m_stepOpenOnStack) {
-        m_stack->beginMacro(QString::fromLatin1(m_stepName));
+        m_stack->beginMacro(UndoActionName::text(m_stepName));
         m_stepOpenOnStack = true;
     }
     m_stack->push(command);
@@ -75,7 +75,7 @@ void PortfolioRecorder::endStep()
 
 ChangeValueCommand::ChangeValueCommand(BondPortfolio *portfolio, HoldingRef holding, HoldingProperty property,
                                        QVariant oldValue, QVariant newValue, QUndoCommand *parent)
-    : QUndoCommand(QString::fromLatin1(UndoActionName::Edit), parent)
+    : QUndoCommand(UndoActionName::text(UndoActionName::Edit), parent)
     , m_portfolio(portfolio)
     , m_holding(std::move(holding))
     , m_property(property)
@@ -100,7 +100,7 @@ void ChangeValueCommand::redo()
 
 SetTitleHoldersCommand::SetTitleHoldersCommand(BondPortfolio *portfolio, QList<PersonRef> oldPeople,
                                                QList<PersonRef> newPeople)
-    : QUndoCommand(QString::fromLatin1(UndoActionName::EditPeople))
+    : QUndoCommand(UndoActionName::text(UndoActionName::EditPeople))
     , m_portfolio(portfolio)
     , m_oldPeople(std::move(oldPeople))
     , m_newPeople(std::move(newPeople))
@@ -138,7 +138,7 @@ void HoldingRoles::restoreTo(Holding &holding) const
 
 HoldingPlacementCommand::HoldingPlacementCommand(const char *actionName, BondPortfolio *portfolio, HoldingRef holding,
                                                  int index)
-    : QUndoCommand(QString::fromLatin1(actionName))
+    : QUndoCommand(UndoActionName::text(actionName))
     , m_portfolio(portfolio)
     , m_holding(std::move(holding))
     , m_index(index)
@@ -170,7 +170,7 @@ DeleteHoldingCommand::DeleteHoldingCommand(BondPortfolio *portfolio, int index)
 }
 
 AppendHoldingsCommand::AppendHoldingsCommand(BondPortfolio *portfolio, QList<HoldingRef> added)
-    : QUndoCommand(QString::fromLatin1(UndoActionName::InsertHolding))
+    : QUndoCommand(UndoActionName::text(UndoActionName::InsertHolding))
     , m_portfolio(portfolio)
     , m_added(std::move(added))
 {

@@ -2,6 +2,7 @@
 
 #include <QSaveFile>
 #include <charconv>
+#include <QCoreApplication>
 
 namespace ExportText {
 
@@ -58,7 +59,7 @@ bool writeFileAtomically(const QString &path, const ChunkWriter &writer, QString
         file.cancelWriting();
     if (failed || !file.commit()) {
         if (error)
-            *error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+            *error = QCoreApplication::translate("ExportText", "cannot write %1: %2").arg(path, file.errorString());
         return false;
     }
     return true;

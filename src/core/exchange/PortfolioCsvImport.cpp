@@ -4,6 +4,7 @@
 #include "exchange/CsvHoldingReader.h"
 
 #include <QFile>
+#include <QCoreApplication>
 
 namespace PortfolioCsvImport {
 
@@ -35,9 +36,9 @@ CsvImportOutcome corruptFileOutcome(CsvImportFormat format, const QString &detai
 CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QStringList> &lines, CsvImportFormat format)
 {
     if (!lines || lines->size() < 2)
-        return corruptFileOutcome(format, QStringLiteral("fewer than two lines after splitting at the line separator"));
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "fewer than two lines after splitting at the line separator"));
     if (lines->size() > MaximumLineCount)
-        return corruptFileOutcome(format, QStringLiteral("more than %1 lines").arg(MaximumLineCount));
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "more than %1 lines").arg(MaximumLineCount));
 
     const CsvHoldingReader reader(lines->first(), format);
 
@@ -71,12 +72,12 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
 CsvImportOutcome importCSVData(BondPortfolio &portfolio, const QByteArray &data, CsvImportFormat format)
 {
     if (data.size() > MaximumFileSize)
-        return corruptFileOutcome(format, QStringLiteral("the file is larger than %1 bytes").arg(MaximumFileSize));
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "the file is larger than %1 bytes").arg(MaximumFileSize));
     if (looksBinary(data))
-        return corruptFileOutcome(format, QStringLiteral("the file holds binary data, not text"));
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "the file holds binary data, not text"));
     const QString separator = CsvImportFormats::lineSeparator(format);
     if (data.count(separator.toLatin1()) >= MaximumLineCount)
-        return corruptFileOutcome(format, QStringLiteral("more than %1 lines").arg(MaximumLineCount));
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "more than %1 lines").arg(MaximumLineCount));
     return importCSVLines(portfolio, QString::fromLatin1(data).split(separator), format);
 }
 
@@ -84,11 +85,11 @@ CsvImportOutcome importCSVFileAtPath(BondPortfolio &portfolio, const QString &pa
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return corruptFileOutcome(format, QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "cannot read %1: %2").arg(path, file.errorString()));
     // Read one byte past the limit rather than trusting the reported size (pipes, growing files).
     const QByteArray data = file.read(MaximumFileSize + 1);
     if (file.error() != QFileDevice::NoError)
-        return corruptFileOutcome(format, QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "cannot read %1: %2").arg(path, file.errorString()));
     return importCSVData(portfolio, data, format);
 }
 

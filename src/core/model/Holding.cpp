@@ -2,6 +2,7 @@
 
 #include "base/UserDefaults.h"
 #include "valuation/BondAssessor.h"
+#include <QCoreApplication>
 
 namespace HoldingKey {
 
@@ -219,7 +220,7 @@ bool Holding::validateIssueDate(Month proposed, const BondAssessor &database, Va
     if (!proposed.isNull() && database.isValidIssueDate(proposed, series()))
         return true;
     if (error)
-        *error = {QString::fromLatin1(IssueDateErrorDomain), 1, QString::fromLatin1(NoIssueDataMessage)};
+        *error = {QString::fromLatin1(IssueDateErrorDomain), 1, QCoreApplication::translate("Holding", NoIssueDataMessage)};
     return false;
 }
 

@@ -50,8 +50,8 @@ class Holding : public QObject
     Q_OBJECT
 public:
     static constexpr const char *IssueDateErrorDomain = "HoldingIssueDate";
-    static constexpr const char *NoIssueDataMessage =
-        "No pricing data available for bonds with that issue date. Do you need to update your bond values?";
+    static constexpr const char *NoIssueDataMessage = QT_TRANSLATE_NOOP("Holding",
+        "No pricing data available for bonds with that issue date. Do you need to update your bond values?");
 
     // The defaults of a new holding: default series, quantity 1, face value 0, no issue date,
     // paper as the user's "defaultBuysPaper" setting says (true when unset).

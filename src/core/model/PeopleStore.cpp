@@ -11,6 +11,7 @@
 #include <QUuid>
 #include <QtDebug>
 #include <map>
+#include <QCoreApplication>
 
 QString PeopleStore::defaultPath()
 {
@@ -60,7 +61,7 @@ bool PeopleStore::reload(QString *error)
         return true;
     if (!file.open(QIODevice::ReadOnly)) {
         if (error)
-            *error = QStringLiteral("Could not read the people file %1: %2").arg(m_path, file.errorString());
+            *error = QCoreApplication::translate("PeopleStore", "Could not read the people file %1: %2").arg(m_path, file.errorString());
         qWarning().noquote() << "Could not read the people file" << m_path << ":" << file.errorString();
         return false;
     }
@@ -112,12 +113,12 @@ bool PeopleStore::importRecords(const QString &vcfPath, ImportSummary *summary, 
     };
     QFile file(vcfPath);
     if (!file.open(QIODevice::ReadOnly))
-        return fail(QStringLiteral("Could not read the contacts file %1: %2").arg(vcfPath, file.errorString()));
+        return fail(QCoreApplication::translate("PeopleStore", "Could not read the contacts file %1: %2").arg(vcfPath, file.errorString()));
     const VCard::ReadResult read = VCard::read(file.readAll());
     if (read.records.isEmpty()) {
-        const QString why = read.warnings.isEmpty() ? QStringLiteral("it holds no vCard contacts.")
+        const QString why = read.warnings.isEmpty() ? QCoreApplication::translate("PeopleStore", "it holds no vCard contacts.")
                                                     : read.warnings.constFirst();
-        return fail(QStringLiteral("Could not import %1: %2").arg(vcfPath, why));
+        return fail(QCoreApplication::translate("PeopleStore", "Could not import %1: %2").arg(vcfPath, why));
     }
     for (const QString &warning : read.warnings)
         qWarning().noquote() << vcfPath + QStringLiteral(": ") + warning;
@@ -152,13 +153,13 @@ bool PeopleStore::save(QString *error) const
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly)) {
         if (error)
-            *error = QStringLiteral("Could not write the people file %1: %2").arg(m_path, file.errorString());
+            *error = QCoreApplication::translate("PeopleStore", "Could not write the people file %1: %2").arg(m_path, file.errorString());
         return false;
     }
     file.write(VCard::write(plain));
     if (!file.commit()) {
         if (error)
-            *error = QStringLiteral("Could not write the people file %1: %2").arg(m_path, file.errorString());
+            *error = QCoreApplication::translate("PeopleStore", "Could not write the people file %1: %2").arg(m_path, file.errorString());
         return false;
     }
     return true;

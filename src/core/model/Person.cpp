@@ -1,6 +1,7 @@
 #include "model/Person.h"
 
 #include "model/PeopleStore.h"
+#include <QCoreApplication>
 
 Person::Person(std::shared_ptr<const PersonRecord> record)
     : m_person(std::move(record))
@@ -30,7 +31,7 @@ QList<PersonRef> Person::family(const PeopleStore &store)
 QString Person::name() const
 {
     if (!m_person || m_person->firstName.isEmpty() || m_person->lastName.isEmpty())
-        return QString::fromLatin1(DeletedUserName);
+        return QCoreApplication::translate("Person", DeletedUserName);
     return QStringLiteral("%1 %2").arg(m_person->firstName, m_person->lastName);
 }
 

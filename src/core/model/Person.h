@@ -22,7 +22,7 @@ public:
     static constexpr const char *OwnerHoldingsCountKey = "ownerHoldingsCount";
     static constexpr const char *CoOwnerHoldingsCountKey = "coOwnerHoldingsCount";
     static constexpr const char *BeneficiaryHoldingsCountKey = "beneficiaryHoldingsCount";
-    static constexpr const char *DeletedUserName = "Deleted User";
+    static constexpr const char *DeletedUserName = QT_TRANSLATE_NOOP("Person", "Deleted User");
 
     explicit Person(std::shared_ptr<const PersonRecord> record);
     static PersonRef create(std::shared_ptr<const PersonRecord> record);

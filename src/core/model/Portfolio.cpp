@@ -4,11 +4,12 @@
 
 #include <QFileInfo>
 #include <algorithm>
+#include <QCoreApplication>
 
 QString Portfolio::displayNameOf(const QString &fileName)
 {
     if (fileName.isEmpty())
-        return QStringLiteral("Untitled");
+        return QCoreApplication::translate("Portfolio", "Untitled");
     return QFileInfo(fileName).completeBaseName();
 }
 

@@ -6,6 +6,7 @@
 #include <QSet>
 #include <QUuid>
 #include <optional>
+#include <QCoreApplication>
 
 namespace {
 
@@ -200,7 +201,7 @@ bool parseCard(const CardText &card, PersonRecord *record, QString *problem)
     for (qsizetype k = 0; k < card.lines.size(); ++k) {
         ContentLine line;
         if (!parseContentLine(card.lines.at(k), &line)) {
-            *problem = QStringLiteral("unreadable line \"%1\"").arg(card.lines.at(k).left(40));
+            *problem = QCoreApplication::translate("VCardReader", "unreadable line \"%1\"").arg(card.lines.at(k).left(40));
             return false;
         }
         parsed << line;
@@ -219,7 +220,7 @@ bool parseCard(const CardText &card, PersonRecord *record, QString *problem)
             const QString version = line.value.trimmed();
             if (version != QLatin1String("3.0") && version != QLatin1String("4.0")
                 && version != QLatin1String("2.1")) {
-                *problem = QStringLiteral("unsupported version %1").arg(version.left(10));
+                *problem = QCoreApplication::translate("VCardReader", "unsupported version %1").arg(version.left(10));
                 return false;
             }
         } else if (line.name == QLatin1String("UID")) {
@@ -294,7 +295,7 @@ ReadResult read(const QByteArray &data)
         PersonRecord record;
         QString problem;
         if (!parseCard(c, &record, &problem)) {
-            result.warnings << QStringLiteral("Skipped the card starting at line %1: %2.").arg(c.firstLine).arg(problem);
+            result.warnings << QCoreApplication::translate("VCardReader", "Skipped the card starting at line %1: %2.").arg(c.firstLine).arg(problem);
             return;
         }
         if (record.uniqueId.isEmpty()) {
@@ -302,7 +303,7 @@ ReadResult read(const QByteArray &data)
             record.uniqueId = QUuid::createUuidV5(space, c.lines.join(u'\n')).toString(QUuid::WithoutBraces);
         }
         if (seen.contains(record.uniqueId)) {
-            result.warnings << QStringLiteral("Skipped the card starting at line %1: its identifier %2 is used by an earlier card.")
+            result.warnings << QCoreApplication::translate("VCardReader", "Skipped the card starting at line %1: its identifier %2 is used by an earlier card.")
                                    .arg(c.firstLine).arg(record.uniqueId.left(60));
             return;
         }
@@ -313,24 +314,24 @@ ReadResult read(const QByteArray &data)
         const QString trimmed = logical.at(k).trimmed();
         if (trimmed.compare(QLatin1String("BEGIN:VCARD"), Qt::CaseInsensitive) == 0) {
             if (card)
-                result.warnings << QStringLiteral("Skipped the card starting at line %1: it has no END line.").arg(card->firstLine);
+                result.warnings << QCoreApplication::translate("VCardReader", "Skipped the card starting at line %1: it has no END line.").arg(card->firstLine);
             card = CardText{{}, lineNumbers.at(k)};
         } else if (trimmed.compare(QLatin1String("END:VCARD"), Qt::CaseInsensitive) == 0) {
             if (card)
                 finish(*card);
             else
-                result.warnings << QStringLiteral("Ignored an END line without card at line %1.").arg(lineNumbers.at(k));
+                result.warnings << QCoreApplication::translate("VCardReader", "Ignored an END line without card at line %1.").arg(lineNumbers.at(k));
             card.reset();
         } else if (trimmed.isEmpty()) {
             continue;
         } else if (card) {
             card->lines << logical.at(k);
         } else {
-            result.warnings << QStringLiteral("Ignored line %1 outside any card.").arg(lineNumbers.at(k));
+            result.warnings << QCoreApplication::translate("VCardReader", "Ignored line %1 outside any card.").arg(lineNumbers.at(k));
         }
     }
     if (card)
-        result.warnings << QStringLiteral("Skipped the card starting at line %1: it has no END line.").arg(card->firstLine);
+        result.warnings << QCoreApplication::translate("VCardReader", "Skipped the card starting at line %1: it has no END line.").arg(card->firstLine);
     return result;
 }
 

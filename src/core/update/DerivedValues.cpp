@@ -11,6 +11,7 @@
 #include <QStringList>
 #include <limits>
 #include <sqlite3.h>
+#include <QCoreApplication>
 
 namespace DerivedValues {
 
@@ -29,7 +30,7 @@ QString monthText(int year, int month) { return Month(year, month).toString(Mont
 QString valueText(qint32 value)
 {
     if (value == RedemptionMarker::NotRedeemable)
-        return QStringLiteral("not redeemable");
+        return QCoreApplication::translate("DerivedValues", "not redeemable");
     if (value == NoData)
         return QStringLiteral("blank");
     return formatDollars(value);
@@ -123,7 +124,7 @@ QHash<quint64, qint32> load(sqlite3 *db, QString *error)
 QString describe(const Difference &d)
 {
     const Series *series = Series::seriesForCode(QString(QLatin1Char(d.series)));
-    return QStringLiteral("%1 issued %2, redeemed %3: derived %4, official %5")
+    return QCoreApplication::translate("DerivedValues", "%1 issued %2, redeemed %3: derived %4, official %5")
         .arg(series ? series->label() : QString(QLatin1Char(d.series)), monthText(d.iyr, d.imo), monthText(d.ryr, d.rmo),
              valueText(d.derived), valueText(d.official));
 }
@@ -137,8 +138,8 @@ QString report(const QString &fileName, const QList<Difference> &differences)
     for (int i = 0; i < differences.size() && i < Shown; ++i)
         shown << describe(differences.at(i));
     if (differences.size() > Shown)
-        shown << QStringLiteral("and %1 more").arg(differences.size() - Shown);
-    return QStringLiteral("%1: %2 official value(s) differ from the derived ones they replace: %3")
+        shown << QCoreApplication::translate("DerivedValues", "and %1 more").arg(differences.size() - Shown);
+    return QCoreApplication::translate("DerivedValues", "%1: %2 official value(s) differ from the derived ones they replace: %3")
         .arg(fileName).arg(differences.size()).arg(shown.join(QLatin1String("; ")));
 }
 

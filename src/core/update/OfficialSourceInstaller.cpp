@@ -14,6 +14,7 @@
 #include "valuation/RedemptionDatabase.h"
 
 #include <sqlite3.h>
+#include <QCoreApplication>
 
 namespace OfficialSourceInstaller {
 
@@ -62,7 +63,7 @@ bool isRecorded(sqlite3 *db, const QString &name)
 
 QString describe(const PriceRecord &record)
 {
-    return QStringLiteral("series %1, redemption month %2-%3, issue year %4")
+    return QCoreApplication::translate("OfficialSourceInstaller", "series %1, redemption month %2-%3, issue year %4")
         .arg(QLatin1Char(record.series))
         .arg(record.ryr, 4, 10, QLatin1Char('0'))
         .arg(record.rmo, 2, 10, QLatin1Char('0'))
@@ -75,7 +76,7 @@ QString valueText(qint32 value)
     if (value == RedemptionMarker::NotRedeemable)
         return QStringLiteral("NO PAY");
     if (value < 0)
-        return QStringLiteral("no value");
+        return QCoreApplication::translate("OfficialSourceInstaller", "no value");
     return QStringLiteral("$%1.%2").arg(value / 100).arg(value % 100, 2, 10, QLatin1Char('0'));
 }
 
@@ -127,7 +128,7 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
             sqlite3_bind_int(stmt, 5, fill.record.iyr);
             sqlite3_bind_int(stmt, 6, fill.month);
             if (sqlite3_step(stmt) != SQLITE_DONE || (stmt != blank && sqlite3_changes(db) != 1)) {
-                *error = QStringLiteral("cannot fill in %1, issue month %2: %3")
+                *error = QCoreApplication::translate("OfficialSourceInstaller", "cannot fill in %1, issue month %2: %3")
                              .arg(describe(fill.record)).arg(fill.month).arg(QString::fromUtf8(sqlite3_errmsg(db)));
                 ok = false;
                 break;
@@ -143,13 +144,13 @@ bool applyFills(sqlite3 *db, const QList<Fill> &fills, QString *error)
 void installWithin(sqlite3 *db, const NamedPriceRecords &source, PriceDataInstaller &installer, Outcome &outcome)
 {
     if (source.name == QLatin1String(MaturedBondCarryForward::SourceName)) {
-        outcome.error = QStringLiteral("%1: this name is reserved for the derived values").arg(source.name);
+        outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1: this name is reserved for the derived values").arg(source.name);
         return;
     }
     // Asked inside the write transaction: of two installations of one file at once, the second
     // finds the first's.
     if (isRecorded(db, source.name)) {
-        outcome.error = QStringLiteral("%1 is already installed").arg(source.name);
+        outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1 is already installed").arg(source.name);
         outcome.alreadyInstalled = true;
         return;
     }
@@ -198,7 +199,7 @@ void installWithin(sqlite3 *db, const NamedPriceRecords &source, PriceDataInstal
             if (had == given)
                 continue;
             if (had != RedemptionMarker::NoPricingData) {
-                outcome.error = QStringLiteral("%1: series %2, issue month %3-%4, redemption month %5-%6: %7 differs "
+                outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1: series %2, issue month %3-%4, redemption month %5-%6: %7 differs "
                                                "from the installed official value %8")
                                     .arg(source.name, QString(QLatin1Char(record.series)))
                                     .arg(record.iyr).arg(k + 1, 2, 10, QLatin1Char('0'))
@@ -221,7 +222,7 @@ void installWithin(sqlite3 *db, const NamedPriceRecords &source, PriceDataInstal
     const bool installedFile = installer.updatePricingDataWithData(
         PriceDataFile::encode(added), source.name, [&] { return applyFills(db, fills, &fillError); });
     if (!installedFile) {
-        outcome.error = QStringLiteral("%1 was not installed: %2")
+        outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1 was not installed: %2")
                             .arg(source.name, fillError.isEmpty() ? installer.lastError() : fillError);
         return;
     }
@@ -230,7 +231,7 @@ void installWithin(sqlite3 *db, const NamedPriceRecords &source, PriceDataInstal
     outcome.derivedDifferences = DerivedValues::report(source.name, differences);
     // Readers never see the rows without the summary of them.
     if (!installer.rebuildSummaryTables())
-        outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
+        outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "could not update summary tables: %1").arg(installer.lastError());
 }
 
 
@@ -246,13 +247,13 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
     // The write lock first, waiting for another writer: what is installed is read under it.
     QString error;
     if (!execute(db, "BEGIN IMMEDIATE", &error)) {
-        outcome.error = QStringLiteral("%1 was not installed: %2").arg(source.name, error);
+        outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1 was not installed: %2").arg(source.name, error);
         return outcome;
     }
     PriceDataInstaller installer(db, options.feedback);
     installWithin(db, source, installer, outcome);
     if (outcome.ok() && !execute(db, "COMMIT", &error))
-        outcome.error = QStringLiteral("%1 was not installed: %2").arg(source.name, error);
+        outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1 was not installed: %2").arg(source.name, error);
     if (!outcome.ok()) {
         execute(db, "ROLLBACK", nullptr);
         return outcome;
@@ -261,7 +262,7 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
         qWarning().noquote() << outcome.derivedDifferences;
     if (options.updateSummary
         && !installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum, true, false))
-        outcome.error = QStringLiteral("could not update summary tables: %1").arg(installer.lastError());
+        outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "could not update summary tables: %1").arg(installer.lastError());
     return outcome;
 }
 

@@ -8,6 +8,7 @@
 #include <QNetworkRequest>
 #include <QTimer>
 #include <memory>
+#include <QCoreApplication>
 
 PriceDataDownloader::PriceDataDownloader() = default;
 
@@ -28,7 +29,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     m_lastStatus = 0;
     m_tooLarge = false;
     if (!url.isValid() || !isSupportedScheme(url)) {
-        m_lastError = QStringLiteral("unsupported address %1").arg(url.toString());
+        m_lastError = QCoreApplication::translate("PriceDataDownloader", "unsupported address %1").arg(url.toString());
         return std::nullopt;
     }
 
@@ -51,7 +52,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
 
     auto tooLarge = [this] {
         m_tooLarge = true;
-        return QStringLiteral("the reply is larger than %1 bytes").arg(m_limits.maximumBytes);
+        return QCoreApplication::translate("PriceDataDownloader", "the reply is larger than %1 bytes").arg(m_limits.maximumBytes);
     };
     auto abortWith = [&](const QString &why) {
         if (failure.isEmpty())
@@ -60,7 +61,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     };
     QObject::connect(reply.get(), &QNetworkReply::redirected, &loop, [&](const QUrl &target) {
         if (!isSupportedScheme(target))
-            abortWith(QStringLiteral("redirected to unsupported address %1").arg(target.toString()));
+            abortWith(QCoreApplication::translate("PriceDataDownloader", "redirected to unsupported address %1").arg(target.toString()));
     });
     QObject::connect(reply.get(), &QNetworkReply::metaDataChanged, &loop, [&] {
         const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
@@ -76,7 +77,7 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     QTimer deadline;
     deadline.setSingleShot(true);
     QObject::connect(&deadline, &QTimer::timeout, &loop,
-                     [&] { abortWith(QStringLiteral("the time allowed for the download ran out")); });
+                     [&] { abortWith(QCoreApplication::translate("PriceDataDownloader", "the time allowed for the download ran out")); });
     deadline.start(m_limits.totalTimeoutMs);
 
     if (!reply->isFinished())
@@ -87,16 +88,16 @@ std::optional<QByteArray> PriceDataDownloader::fetch(const QUrl &url)
     m_lastStatus = status;
     // An HTTP error says more by its status than by Qt's transfer error, which repeats the URL.
     if (failure.isEmpty() && status >= 400)
-        failure = QStringLiteral("the server answered with status %1").arg(status);
+        failure = QCoreApplication::translate("PriceDataDownloader", "the server answered with status %1").arg(status);
     // Qt cancels a transfer that fell silent for the idle time.
     if (failure.isEmpty() && reply->error() == QNetworkReply::OperationCanceledError)
-        failure = QStringLiteral("the server fell silent for %1 seconds").arg(m_limits.idleTimeoutMs / 1000.0);
+        failure = QCoreApplication::translate("PriceDataDownloader", "the server fell silent for %1 seconds").arg(m_limits.idleTimeoutMs / 1000.0);
     if (failure.isEmpty() && reply->error() != QNetworkReply::NoError)
         failure = reply->errorString();
     if (failure.isEmpty() && status != 200)
-        failure = QStringLiteral("the server answered with status %1").arg(status);
+        failure = QCoreApplication::translate("PriceDataDownloader", "the server answered with status %1").arg(status);
     if (failure.isEmpty() && !isSupportedScheme(reply->url()))
-        failure = QStringLiteral("redirected to unsupported address %1").arg(reply->url().toString());
+        failure = QCoreApplication::translate("PriceDataDownloader", "redirected to unsupported address %1").arg(reply->url().toString());
     if (!failure.isEmpty()) {
         m_lastError = failure;
         return std::nullopt;

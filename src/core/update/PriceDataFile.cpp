@@ -3,6 +3,7 @@
 #include "update/sources/SourceText.h"
 
 #include <QtEndian>
+#include <QCoreApplication>
 
 PriceRecord PriceRecord::decode(const char *bytes)
 {
@@ -58,9 +59,9 @@ QByteArray encode(const QList<PriceRecord> &records)
 QString checkLength(const QByteArray &data)
 {
     if (data.size() % PriceRecord::Size != 0)
-        return QStringLiteral("%1 bytes are not a whole number of %2-byte records").arg(data.size()).arg(PriceRecord::Size);
+        return QCoreApplication::translate("PriceDataFile", "%1 bytes are not a whole number of %2-byte records").arg(data.size()).arg(PriceRecord::Size);
     if (data.isEmpty())
-        return QStringLiteral("it holds no record");
+        return QCoreApplication::translate("PriceDataFile", "it holds no record");
     return {};
 }
 
@@ -73,16 +74,16 @@ QString screen(const QList<PriceRecord> &records)
     constexpr qint32 SmallestMarker = -2;
     for (qsizetype i = 0; i < records.size(); ++i) {
         const PriceRecord &r = records.at(i);
-        auto refuse = [&](const QString &what) { return QStringLiteral("record %1: %2").arg(i + 1).arg(what); };
+        auto refuse = [&](const QString &what) { return QCoreApplication::translate("PriceDataFile", "record %1: %2").arg(i + 1).arg(what); };
         if (!SourceText::isSeriesCode(r.series))
-            return refuse(QStringLiteral("series code %1 is not E, N, I or S").arg(int(quint8(r.series))));
+            return refuse(QCoreApplication::translate("PriceDataFile", "series code %1 is not E, N, I or S").arg(int(quint8(r.series))));
         if (r.rmo < 1 || r.rmo > 12 || r.ryr < FirstYear || r.ryr > lastYear)
-            return refuse(QStringLiteral("redemption month %1-%2 is out of range").arg(r.ryr).arg(r.rmo));
+            return refuse(QCoreApplication::translate("PriceDataFile", "redemption month %1-%2 is out of range").arg(r.ryr).arg(r.rmo));
         if (r.iyr < FirstYear || r.iyr > r.ryr)
-            return refuse(QStringLiteral("issue year %1 is out of range for redemption year %2").arg(r.iyr).arg(r.ryr));
+            return refuse(QCoreApplication::translate("PriceDataFile", "issue year %1 is out of range for redemption year %2").arg(r.iyr).arg(r.ryr));
         for (int k = 0; k < 12; ++k) {
             if (r.value[k] < SmallestMarker || r.value[k] > LargestValue)
-                return refuse(QStringLiteral("the value %1 of issue month %2 is out of range").arg(r.value[k]).arg(k + 1));
+                return refuse(QCoreApplication::translate("PriceDataFile", "the value %1 of issue month %2 is out of range").arg(r.value[k]).arg(k + 1));
         }
     }
     return {};

@@ -9,6 +9,7 @@
 
 #include <QtDebug>
 #include <sqlite3.h>
+#include <QCoreApplication>
 
 PriceDataInstaller::PriceDataInstaller(sqlite3 *db, Feedback feedback)
     : m_db(db)
@@ -89,10 +90,10 @@ bool PriceDataInstaller::install(const QByteArray &data, const QString &fileName
     // transaction the file is a savepoint of it.
     const bool outermost = sqlite3_get_autocommit(m_db) != 0;
     if (!execute(outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT install_file", "updatePricingDataWithData >>: %1")) {
-        setStatus(QStringLiteral("Unable to begin price update"));
+        setStatus(QCoreApplication::translate("PriceDataInstaller", "Unable to begin price update"));
         return false;
     }
-    setStatus(QStringLiteral("Installing updated prices..."));
+    setStatus(QCoreApplication::translate("PriceDataInstaller", "Installing updated prices..."));
     static const char insert[] = "insert into bond_value (series, ryr, rmo, iyr, imo, value) values(?, ?, ?, ?, ?, ?);";
     sqlite3_prepare_v2(m_db, insert, sizeof insert - 1, &m_insertStmt, nullptr);
     m_installingDerived = derived;
@@ -108,7 +109,7 @@ bool PriceDataInstaller::install(const QByteArray &data, const QString &fileName
     if (success) {
         if (!execute(outermost ? "COMMIT" : "RELEASE install_file", "<<updatePricingDataWithData: %1")) {
             // The transaction stays open, as it always has: a busy database may yet let it commit.
-            setStatus(QStringLiteral("Unable to commit price update"));
+            setStatus(QCoreApplication::translate("PriceDataInstaller", "Unable to commit price update"));
             success = false;
         } else if (!m_differences.isEmpty()) {
             qWarning().noquote() << DerivedValues::report(fileName, m_differences);
@@ -119,7 +120,7 @@ bool PriceDataInstaller::install(const QByteArray &data, const QString &fileName
         const QString cause = m_lastError;
         execute(outermost ? "ROLLBACK" : "ROLLBACK TO install_file; RELEASE install_file", "updatePricingDataWithData rb: %1");
         m_lastError = cause;
-        setStatus(QStringLiteral("Data inconsistency; update canceled"));
+        setStatus(QCoreApplication::translate("PriceDataInstaller", "Data inconsistency; update canceled"));
     }
     sqlite3_finalize(m_insertStmt);
     m_insertStmt = nullptr;
@@ -223,7 +224,7 @@ bool PriceDataInstaller::rebuildSummaryTables()
 bool PriceDataInstaller::updateRedemptionDateSummaryTables(QDateTime *minimum, QDateTime *maximum,
                                                            bool postNotification, bool rebuild)
 {
-    setStatus(QStringLiteral("Optimizing pricing data..."));
+    setStatus(QCoreApplication::translate("PriceDataInstaller", "Optimizing pricing data..."));
     if (rebuild) {
         // Dropped and made again in one step: readers see the old tables or the new ones.
         if (!execute("SAVEPOINT summary", "Could not update summary tables: %1"))

@@ -10,19 +10,25 @@
 
 #include <QMutexLocker>
 #include <QtDebug>
+#include <QCoreApplication>
 
 namespace UpdateStatus {
 
+QString text(const char *status)
+{
+    return QCoreApplication::translate("UpdateStatus", status);
+}
+
 QString failed(const char *status, const QString &why)
 {
-    const QString text = QString::fromLatin1(status);
-    return why.isEmpty() ? text : text + QLatin1Char('\n') + why;
+    const QString words = text(status);
+    return why.isEmpty() ? words : words + QLatin1Char('\n') + why;
 }
 
 QString monthsText(int first, int last)
 {
     auto month = [](int index) { return Month::fromIndex(index).toString(Month::Style::Slash); };
-    return first == last ? month(first) : QStringLiteral("%1 to %2").arg(month(first), month(last));
+    return first == last ? month(first) : QCoreApplication::translate("PriceUpdateRun", "%1 to %2").arg(month(first), month(last));
 }
 
 } // namespace UpdateStatus
@@ -90,9 +96,9 @@ bool PriceUpdateRun::checkCatalogue()
 {
     QString why;
     const std::optional<QByteArray> data = downloadUrl(UpdateLocation::catalogueUrl(m_settings.baseUrl),
-                                                       QString::fromLatin1(UpdateStatus::Checking), &why);
+                                                       UpdateStatus::text(UpdateStatus::Checking), &why);
     if (data && data->isEmpty())
-        why = QStringLiteral("the catalogue is empty");
+        why = QCoreApplication::translate("PriceUpdateRun", "the catalogue is empty");
     const UpdateCatalogue catalogue = UpdateCatalogue::parse(data.value_or(QByteArray()));
     switch (catalogue.status()) {
     case UpdateCatalogue::Status::Unavailable:
@@ -100,7 +106,7 @@ bool PriceUpdateRun::checkCatalogue()
         return false;
     case UpdateCatalogue::Status::Corrupt:
         qWarning().noquote() << QStringLiteral("Error loading plist: %1").arg(catalogue.error());
-        setStatus(UpdateStatus::failed("Download corrupt; unable to update", catalogue.error()));
+        setStatus(UpdateStatus::failed(UpdateStatus::Corrupt, catalogue.error()));
         return false;
     case UpdateCatalogue::Status::Valid:
         break;
@@ -108,7 +114,7 @@ bool PriceUpdateRun::checkCatalogue()
     for (const QString &entry : catalogue.entries()) {
         if (const QString problem = UpdateCatalogue::entryProblem(entry); !problem.isEmpty()) {
             qWarning().noquote() << QStringLiteral("Refused catalogue: %1").arg(problem);
-            setStatus(UpdateStatus::failed("Download corrupt; unable to update", problem));
+            setStatus(UpdateStatus::failed(UpdateStatus::Corrupt, problem));
             return false;
         }
     }
@@ -121,9 +127,9 @@ bool PriceUpdateRun::checkCatalogue()
     const QStringList delta = UpdateCatalogue::determineUpdateDataDelta(catalogue.entries(), known);
     setAvailable(delta);
     if (delta.isEmpty())
-        setStatus(QString::fromLatin1(UpdateStatus::UpToDate));
+        setStatus(UpdateStatus::text(UpdateStatus::UpToDate));
     else
-        setStatus(QStringLiteral("%1 update(s) available").arg(delta.size()));
+        setStatus(QCoreApplication::translate("PriceUpdateRun", "%1 update(s) available").arg(delta.size()));
     return true;
 }
 
@@ -144,14 +150,14 @@ bool PriceUpdateRun::installCatalogueFiles(const QStringList &files)
             const QString &name = files.at(i);
             const std::optional<QByteArray> data =
                 downloadUrl(UpdateLocation::fileUrl(m_settings.baseUrl, name),
-                            QStringLiteral("Downloading update %1 of %2").arg(i + 1).arg(count), &why);
+                            QCoreApplication::translate("PriceUpdateRun", "Downloading update %1 of %2").arg(i + 1).arg(count), &why);
             if (!data) {
                 allInstalled = false;
                 break;
             }
             // A cut or foreign download is no price data file: nothing of it goes in.
             if (const QString problem = PriceDataFile::checkLength(*data); !problem.isEmpty()) {
-                why = QStringLiteral("Download corrupt: %1: %2").arg(name, problem);
+                why = QCoreApplication::translate("PriceUpdateRun", "Download corrupt: %1: %2").arg(name, problem);
                 allInstalled = false;
                 break;
             }
@@ -177,13 +183,13 @@ bool PriceUpdateRun::installCatalogueFiles(const QStringList &files)
         // Whatever happened above, the summary tables follow what is now in bond_value.
         updateSummary();
     } else if (count > 0) {
-        why = QStringLiteral("the redemption value database cannot be opened");
+        why = QCoreApplication::translate("PriceUpdateRun", "the redemption value database cannot be opened");
         allInstalled = false;
     }
 
     if (allInstalled) {
         setAvailable(QStringList());
-        setStatus(QStringLiteral("All updates installed"));
+        setStatus(QCoreApplication::translate("PriceUpdateRun", "All updates installed"));
     } else {
         setAvailable(std::nullopt);
         setStatus(UpdateStatus::failed(UpdateStatus::SomeFailed, why));

@@ -6,6 +6,7 @@
 #include "update/PriceDataDownloader.h"
 #include "update/UpdateLocation.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDeadlineTimer>
 #include <QStringList>
@@ -76,10 +77,14 @@ private:
 
 // The status texts both sources end in.
 namespace UpdateStatus {
-inline constexpr const char *Checking = "Checking for updates...";
-inline constexpr const char *Unavailable = "Update information unavailable. Check internet connections and try again.";
-inline constexpr const char *UpToDate = "Your redemption values are up to date";
-inline constexpr const char *SomeFailed = "Some updates could not be performed";
+inline constexpr const char *Checking = QT_TRANSLATE_NOOP("UpdateStatus", "Checking for updates...");
+inline constexpr const char *Unavailable =
+    QT_TRANSLATE_NOOP("UpdateStatus", "Update information unavailable. Check internet connections and try again.");
+inline constexpr const char *UpToDate = QT_TRANSLATE_NOOP("UpdateStatus", "Your redemption values are up to date");
+inline constexpr const char *SomeFailed = QT_TRANSLATE_NOOP("UpdateStatus", "Some updates could not be performed");
+inline constexpr const char *Corrupt = QT_TRANSLATE_NOOP("UpdateStatus", "Download corrupt; unable to update");
+// One of the texts above in the user's language.
+QString text(const char *status);
 // A failure's status and, on the next line, why.
 QString failed(const char *status, const QString &why);
 // "MM/YYYY" or "MM/YYYY to MM/YYYY" of months (MonthIndex).

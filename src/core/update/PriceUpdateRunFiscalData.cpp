@@ -11,6 +11,7 @@
 #include <QSet>
 #include <QtDebug>
 #include <sqlite3.h>
+#include <QCoreApplication>
 
 namespace {
 
@@ -33,7 +34,7 @@ QString PriceUpdateRun::fiscalDataName(int first, int last)
 
 bool PriceUpdateRun::checkFiscalData()
 {
-    setStatus(QString::fromLatin1(UpdateStatus::Checking));
+    setStatus(UpdateStatus::text(UpdateStatus::Checking));
     std::optional<QList<FiscalDataRequest>> requests;
     QString why;
     {
@@ -41,7 +42,7 @@ bool PriceUpdateRun::checkFiscalData()
         if (m_connection->handle())
             requests = FiscalDataQuery::plan(m_connection->handle(), &why);
         else
-            why = QStringLiteral("the redemption value database cannot be opened");
+            why = QCoreApplication::translate("PriceUpdateRunFiscalData", "the redemption value database cannot be opened");
     }
     if (!requests) {
         setStatus(UpdateStatus::failed(UpdateStatus::Unavailable, why));
@@ -58,13 +59,13 @@ bool PriceUpdateRun::checkFiscalData()
     }
     if (span->isEmpty()) {
         setAvailable(QStringList());
-        setStatus(QString::fromLatin1(UpdateStatus::UpToDate));
+        setStatus(UpdateStatus::text(UpdateStatus::UpToDate));
         return true;
     }
     if (m_observer.availableMonths)
         m_observer.availableMonths(span->first, span->last);
     setAvailable(QStringList{fiscalDataName(span->first, span->last)});
-    setStatus(QStringLiteral("Values for %1 are available").arg(UpdateStatus::monthsText(span->first, span->last)));
+    setStatus(QCoreApplication::translate("PriceUpdateRunFiscalData", "Values for %1 are available").arg(UpdateStatus::monthsText(span->first, span->last)));
     return true;
 }
 
@@ -80,7 +81,7 @@ bool PriceUpdateRun::installFiscalData()
         return false;
     };
     if (!db)
-        return fail(QStringLiteral("the redemption value database cannot be opened"));
+        return fail(QCoreApplication::translate("PriceUpdateRunFiscalData", "the redemption value database cannot be opened"));
     QString why;
     const std::optional<QList<FiscalDataRequest>> requests = FiscalDataQuery::plan(db, &why);
     if (!requests)
@@ -89,9 +90,9 @@ bool PriceUpdateRun::installFiscalData()
     FiscalDataClient::Limits limits;
     limits.download = m_settings.limits;
     FiscalDataClient client(m_settings.serviceRoot, limits);
-    setStatus(QStringLiteral("Downloading values from the Treasury..."));
+    setStatus(QCoreApplication::translate("PriceUpdateRunFiscalData", "Downloading values from the Treasury..."));
     const std::optional<QList<PriceRecord>> records = client.fetch(*requests, [this](int fetched, int needed) {
-        setStatus(QStringLiteral("Downloading page %1 of %2").arg(fetched).arg(needed));
+        setStatus(QCoreApplication::translate("PriceUpdateRunFiscalData", "Downloading page %1 of %2").arg(fetched).arg(needed));
         if (m_observer.progress)
             m_observer.progress(fetched, needed);
     });
@@ -100,7 +101,7 @@ bool PriceUpdateRun::installFiscalData()
     m_connection->prepareForWriting();
     if (records->isEmpty()) {
         setAvailable(QStringList());
-        setStatus(QString::fromLatin1(UpdateStatus::UpToDate));
+        setStatus(UpdateStatus::text(UpdateStatus::UpToDate));
         return true;
     }
 
@@ -133,7 +134,7 @@ bool PriceUpdateRun::installFiscalData()
     if (outcome.alreadyInstalled) {
         // Another updater installed the same months meanwhile.
         setAvailable(QStringList());
-        setStatus(QString::fromLatin1(UpdateStatus::UpToDate));
+        setStatus(UpdateStatus::text(UpdateStatus::UpToDate));
         return true;
     }
     if (!outcome.ok())
@@ -141,6 +142,6 @@ bool PriceUpdateRun::installFiscalData()
     // The installation rebuilt the tables inside its transaction.
     updateSummary(false);
     setAvailable(QStringList());
-    setStatus(QStringLiteral("Installed values for %1").arg(UpdateStatus::monthsText(first, last)));
+    setStatus(QCoreApplication::translate("PriceUpdateRunFiscalData", "Installed values for %1").arg(UpdateStatus::monthsText(first, last)));
     return true;
 }

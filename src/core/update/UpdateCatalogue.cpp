@@ -6,6 +6,7 @@
 
 #include <QSet>
 #include <limits>
+#include <QCoreApplication>
 
 namespace {
 
@@ -27,7 +28,7 @@ UpdateCatalogue UpdateCatalogue::parse(const QByteArray &data)
     if (data.isEmpty())
         return catalogue;
     if (data.size() > std::numeric_limits<uint32_t>::max()) {
-        catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("catalogue too large"));
+        catalogue.m_status = corrupt(&catalogue.m_error, QCoreApplication::translate("UpdateCatalogue", "catalogue too large"));
         return catalogue;
     }
     // The reply comes from the network: the reader bounds what it builds.
@@ -37,11 +38,11 @@ UpdateCatalogue UpdateCatalogue::parse(const QByteArray &data)
         return catalogue;
     }
     if (read.outcome != PlistReader::Result::Outcome::Read) {
-        catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("not a property list"));
+        catalogue.m_status = corrupt(&catalogue.m_error, QCoreApplication::translate("UpdateCatalogue", "not a property list"));
         return catalogue;
     }
     if (!read.root.is(PlistValue::Type::Array)) {
-        catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("the top level is not an array"));
+        catalogue.m_status = corrupt(&catalogue.m_error, QCoreApplication::translate("UpdateCatalogue", "the top level is not an array"));
         return catalogue;
     }
     QStringList entries;
@@ -49,12 +50,12 @@ UpdateCatalogue UpdateCatalogue::parse(const QByteArray &data)
     for (const PlistValue &item : read.root.items()) {
         const qsizetype i = entries.size();
         if (!item.is(PlistValue::Type::String)) {
-            catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("entry %1 is not a string").arg(i));
+            catalogue.m_status = corrupt(&catalogue.m_error, QCoreApplication::translate("UpdateCatalogue", "entry %1 is not a string").arg(i));
             return catalogue;
         }
         // An empty name would resolve to the directory itself, never to a price data file.
         if (item.text().isEmpty()) {
-            catalogue.m_status = corrupt(&catalogue.m_error, QStringLiteral("entry %1 is empty").arg(i));
+            catalogue.m_status = corrupt(&catalogue.m_error, QCoreApplication::translate("UpdateCatalogue", "entry %1 is empty").arg(i));
             return catalogue;
         }
         entries << item.text();
@@ -94,7 +95,7 @@ QString UpdateCatalogue::entryProblem(const QString &entry)
     static const QString forbidden = QStringLiteral("/\\?#:%");
     const bool plain = !entry.isEmpty() && entry != QLatin1String(".") && entry != QLatin1String("..")
                        && std::none_of(entry.cbegin(), entry.cend(), [](QChar c) { return forbidden.contains(c) || c < QChar(0x20); });
-    return plain ? QString() : QStringLiteral("the entry \"%1\" is not a file of the update directory").arg(entry);
+    return plain ? QString() : QCoreApplication::translate("UpdateCatalogue", "the entry \"%1\" is not a file of the update directory").arg(entry);
 }
 
 QStringList UpdateCatalogue::determineUpdateDataDelta(const QStringList &catalogue, const QStringList &known)

@@ -10,6 +10,7 @@
 #include <charconv>
 #include <sqlite3.h>
 #include <utility>
+#include <QCoreApplication>
 
 namespace {
 
@@ -74,7 +75,7 @@ BondAssessor::~BondAssessor()
 QString BondAssessor::errorMessage() const
 {
     if (m_state == State::Unreadable)
-        return QStringLiteral("Unable to load essential resources from %1").arg(m_path);
+        return QCoreApplication::translate("BondAssessor", "Unable to load essential resources from %1").arg(m_path);
     return {};
 }
 

@@ -1,6 +1,7 @@
 #include "valuation/ValuationMonth.h"
 
 #include "valuation/BondAssessor.h"
+#include <QCoreApplication>
 
 namespace ValuationMonth {
 
@@ -9,7 +10,7 @@ bool validate(const BondAssessor &database, const QDateTime &proposed, Validatio
     if (proposed.isValid() && database.isValidValueOfDate(Month::of(proposed)))
         return true;
     if (error)
-        *error = {QString::fromLatin1(ErrorDomain), 1, QString::fromLatin1(NoValuationDataMessage)};
+        *error = {QString::fromLatin1(ErrorDomain), 1, QCoreApplication::translate("ValuationMonth", NoValuationDataMessage)};
     return false;
 }
 

@@ -8,7 +8,8 @@ class BondAssessor;
 
 namespace ValuationMonth {
 inline constexpr const char *ErrorDomain = "ValueOfDate";
-inline constexpr const char *NoValuationDataMessage = "No pricing data available for bonds with that valuation date";
+inline constexpr const char *NoValuationDataMessage =
+    QT_TRANSLATE_NOOP("ValuationMonth", "No pricing data available for bonds with that valuation date");
 
 // Accepts a month the database holds values for; otherwise the message above.
 bool validate(const BondAssessor &database, const QDateTime &proposed, ValidationError *error = nullptr);

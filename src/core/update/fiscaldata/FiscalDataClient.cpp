@@ -6,6 +6,7 @@
 #include <QHash>
 #include <algorithm>
 #include <tuple>
+#include <QCoreApplication>
 
 namespace {
 
@@ -16,10 +17,10 @@ int monthOf(const PriceRecord &record)
 
 QString describe(const FiscalDataRequest &request)
 {
-    QString months = request.first ? FiscalDataQuery::periodText(request.first) : QStringLiteral("the start");
-    months += QStringLiteral(" to ");
-    months += request.last ? FiscalDataQuery::periodText(request.last) : QStringLiteral("the latest");
-    return QStringLiteral("series %1, %2").arg(QString::fromLatin1(request.series), months);
+    QString months = request.first ? FiscalDataQuery::periodText(request.first) : QCoreApplication::translate("FiscalDataClient", "the start");
+    months += QCoreApplication::translate("FiscalDataClient", " to ");
+    months += request.last ? FiscalDataQuery::periodText(request.last) : QCoreApplication::translate("FiscalDataClient", "the latest");
+    return QCoreApplication::translate("FiscalDataClient", "series %1, %2").arg(QString::fromLatin1(request.series), months);
 }
 
 quint64 recordKey(const PriceRecord &record)
@@ -40,7 +41,7 @@ std::optional<FiscalDataPage> FiscalDataClient::page(const FiscalDataRequest &re
                                                      bool ascending)
 {
     if (++m_pages > m_limits.maximumPages) {
-        m_lastError = QStringLiteral("the reply runs to more than %1 pages").arg(m_limits.maximumPages);
+        m_lastError = QCoreApplication::translate("FiscalDataClient", "the reply runs to more than %1 pages").arg(m_limits.maximumPages);
         return std::nullopt;
     }
     PriceDataDownloader::Limits limits = m_limits.download;
@@ -49,7 +50,7 @@ std::optional<FiscalDataPage> FiscalDataClient::page(const FiscalDataRequest &re
     PriceDataDownloader downloader(limits);
     const std::optional<QByteArray> body =
         downloader.fetch(FiscalDataQuery::pageUrl(m_root, request, number, pageSize, ascending));
-    const QString where = QStringLiteral("Fiscal Data (%1), page %2").arg(describe(request)).arg(number);
+    const QString where = QCoreApplication::translate("FiscalDataClient", "Fiscal Data (%1), page %2").arg(describe(request)).arg(number);
     if (!body) {
         // The service answers a filter that matches nothing with 400 rather than an empty list.
         if (number == 1 && downloader.lastStatus() == 400)
@@ -57,7 +58,7 @@ std::optional<FiscalDataPage> FiscalDataClient::page(const FiscalDataRequest &re
         // Each page may only use what the earlier ones left of the budget.
         const bool overBudget = downloader.lastWasTooLarge();
         m_lastError = QStringLiteral("%1: %2").arg(
-            where, overBudget ? QStringLiteral("the reply is larger than %1 bytes in all").arg(m_limits.maximumBytes)
+            where, overBudget ? QCoreApplication::translate("FiscalDataClient", "the reply is larger than %1 bytes in all").arg(m_limits.maximumBytes)
                               : downloader.lastError());
         return std::nullopt;
     }
@@ -120,13 +121,13 @@ std::optional<QList<PriceRecord>> FiscalDataClient::fetch(const QList<FiscalData
                 totalPages = current->totalPages;
                 totalCount = current->totalCount;
                 if (totalPages > m_limits.maximumPages) {
-                    m_lastError = QStringLiteral("Fiscal Data (%1): the reply runs to %2 pages, more than %3")
+                    m_lastError = QCoreApplication::translate("FiscalDataClient", "Fiscal Data (%1): the reply runs to %2 pages, more than %3")
                                       .arg(describe(request)).arg(totalPages).arg(m_limits.maximumPages);
                     return std::nullopt;
                 }
                 needed += std::max(totalPages, 1) - 1;
             } else if (current->totalPages != totalPages || current->totalCount != totalCount) {
-                m_lastError = QStringLiteral("Fiscal Data (%1), page %2: the data set changed while it was read")
+                m_lastError = QCoreApplication::translate("FiscalDataClient", "Fiscal Data (%1), page %2: the data set changed while it was read")
                                   .arg(describe(request)).arg(number);
                 return std::nullopt;
             }
@@ -139,7 +140,7 @@ std::optional<QList<PriceRecord>> FiscalDataClient::fetch(const QList<FiscalData
                     seen.insert(recordKey(record), records.size());
                     records.append(record);
                 } else if (!(records.at(*earlier) == record)) {
-                    m_lastError = QStringLiteral("Fiscal Data lists series %1, redemption month %2, issue year %3 "
+                    m_lastError = QCoreApplication::translate("FiscalDataClient", "Fiscal Data lists series %1, redemption month %2, issue year %3 "
                                                  "twice with different values")
                                       .arg(QLatin1Char(record.series))
                                       .arg(FiscalDataQuery::periodText(monthOf(record)))
@@ -152,7 +153,7 @@ std::optional<QList<PriceRecord>> FiscalDataClient::fetch(const QList<FiscalData
                 progress(fetched, needed);
         }
         if (received != totalCount) {
-            m_lastError = QStringLiteral("Fiscal Data (%1): %2 records arrived where the service announced %3")
+            m_lastError = QCoreApplication::translate("FiscalDataClient", "Fiscal Data (%1): %2 records arrived where the service announced %3")
                               .arg(describe(request)).arg(received).arg(totalCount);
             return std::nullopt;
         }

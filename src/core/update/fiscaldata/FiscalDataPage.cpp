@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <optional>
+#include <QCoreApplication>
 
 namespace FiscalDataFields {
 
@@ -87,7 +88,7 @@ QString readRecord(const QJsonObject &object, PriceRecord *record)
     const QJsonValue series = object.value(QLatin1String("series_cd"));
     const QString code = series.toString();
     if (!series.isString() || code.size() != 1 || !SourceText::isSeriesCode(code.at(0).toLatin1()))
-        return QStringLiteral("series_cd %1 is not E, N, I or S").arg(quoted(series));
+        return QCoreApplication::translate("FiscalDataPage", "series_cd %1 is not E, N, I or S").arg(quoted(series));
     record->series = code.at(0).toLatin1();
 
     // The month comes as redemp_period ("2022-08") and as its year and month; either will do,
@@ -98,7 +99,7 @@ QString readRecord(const QJsonObject &object, PriceRecord *record)
         static const QRegularExpression shape(QStringLiteral("^([0-9]{4})-([0-9]{1,2})$"));
         const QRegularExpressionMatch match = shape.match(period.toString());
         if (!period.isString() || !match.hasMatch())
-            return QStringLiteral("redemp_period %1 is not a month").arg(quoted(period));
+            return QCoreApplication::translate("FiscalDataPage", "redemp_period %1 is not a month").arg(quoted(period));
         year = match.captured(1).toInt();
         month = match.captured(2).toInt();
     }
@@ -108,25 +109,25 @@ QString readRecord(const QJsonObject &object, PriceRecord *record)
             continue;
         const std::optional<int> number = wholeNumber(field);
         if (!number)
-            return QStringLiteral("%1 %2 is not a number").arg(QLatin1String(key), quoted(field));
+            return QCoreApplication::translate("FiscalDataPage", "%1 %2 is not a number").arg(QLatin1String(key), quoted(field));
         if (*target && **target != *number)
-            return QStringLiteral("%1 %2 disagrees with redemp_period %3").arg(QLatin1String(key), quoted(field), quoted(period));
+            return QCoreApplication::translate("FiscalDataPage", "%1 %2 disagrees with redemp_period %3").arg(QLatin1String(key), quoted(field), quoted(period));
         *target = number;
     }
     if (!year || !month)
-        return QStringLiteral("the redemption month is missing (redemp_period, or redemption_year and redemption_month)");
+        return QCoreApplication::translate("FiscalDataPage", "the redemption month is missing (redemp_period, or redemption_year and redemption_month)");
     const int latestYear = SourceText::latestRedemptionYear();
     if (*year < 1941 || *year > latestYear || *month < 1 || *month > 12)
-        return QStringLiteral("redemption month %1-%2 is out of range").arg(*year).arg(*month, 2, 10, QLatin1Char('0'));
+        return QCoreApplication::translate("FiscalDataPage", "redemption month %1-%2 is out of range").arg(*year).arg(*month, 2, 10, QLatin1Char('0'));
     record->ryr = quint16(*year);
     record->rmo = quint8(*month);
 
     const QJsonValue issueYear = object.value(QLatin1String("issue_year"));
     const std::optional<int> iyr = wholeNumber(issueYear);
     if (!iyr)
-        return QStringLiteral("issue_year %1 is not a year").arg(quoted(issueYear));
+        return QCoreApplication::translate("FiscalDataPage", "issue_year %1 is not a year").arg(quoted(issueYear));
     if (*iyr < 1941 || *iyr > *year)
-        return QStringLiteral("issue_year %1 is out of range for redemption month %2-%3")
+        return QCoreApplication::translate("FiscalDataPage", "issue_year %1 is out of range for redemption month %2-%3")
             .arg(*iyr).arg(*year).arg(*month, 2, 10, QLatin1Char('0'));
     record->iyr = quint16(*iyr);
 
@@ -136,10 +137,10 @@ QString readRecord(const QJsonObject &object, PriceRecord *record)
         const std::optional<QString> text = fieldText(object, key);
         const std::optional<qint32> cents = text ? FiscalDataFields::amountCents(*text) : std::nullopt;
         if (!cents)
-            return QStringLiteral("%1 %2 is not an amount").arg(key, quoted(object.value(key)));
+            return QCoreApplication::translate("FiscalDataPage", "%1 %2 is not an amount").arg(key, quoted(object.value(key)));
         // The installer refuses larger values; say so here, where the field can be named.
         if (*cents > PriceDataFile::LargestValue)
-            return QStringLiteral("%1 %2 is out of range").arg(key, quoted(object.value(key)));
+            return QCoreApplication::translate("FiscalDataPage", "%1 %2 is out of range").arg(key, quoted(object.value(key)));
         record->value[m - 1] = *cents;
     }
     return {};
@@ -153,20 +154,20 @@ FiscalDataPage FiscalDataPage::parse(const QByteArray &json)
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        page.error = QStringLiteral("the reply is not JSON (%1 at byte %2)").arg(parseError.errorString()).arg(parseError.offset);
+        page.error = QCoreApplication::translate("FiscalDataPage", "the reply is not JSON (%1 at byte %2)").arg(parseError.errorString()).arg(parseError.offset);
         return page;
     }
     const QJsonObject top = document.object();
     const QJsonValue data = top.value(QLatin1String("data"));
     const QJsonObject meta = top.value(QLatin1String("meta")).toObject();
     if (!document.isObject() || !data.isArray()) {
-        page.error = QStringLiteral("the reply has no list of records (\"data\")");
+        page.error = QCoreApplication::translate("FiscalDataPage", "the reply has no list of records (\"data\")");
         return page;
     }
     const std::optional<int> pages = wholeNumber(meta.value(QLatin1String("total-pages")));
     const std::optional<int> count = wholeNumber(meta.value(QLatin1String("total-count")));
     if (!pages || !count) {
-        page.error = QStringLiteral("the reply lacks its page count (\"meta\": \"total-pages\", \"total-count\")");
+        page.error = QCoreApplication::translate("FiscalDataPage", "the reply lacks its page count (\"meta\": \"total-pages\", \"total-count\")");
         return page;
     }
     page.totalPages = *pages;
@@ -177,9 +178,9 @@ FiscalDataPage FiscalDataPage::parse(const QByteArray &json)
     for (qsizetype i = 0; i < rows.size(); ++i) {
         PriceRecord record;
         const QString why = rows.at(i).isObject() ? readRecord(rows.at(i).toObject(), &record)
-                                                  : QStringLiteral("it is not an object");
+                                                  : QCoreApplication::translate("FiscalDataPage", "it is not an object");
         if (!why.isEmpty()) {
-            page.error = QStringLiteral("record %1: %2").arg(i + 1).arg(why);
+            page.error = QCoreApplication::translate("FiscalDataPage", "record %1: %2").arg(i + 1).arg(why);
             page.records.clear();
             return page;
         }

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <cmath>
+#include <QCoreApplication>
 
 namespace EeFixedRates {
 
@@ -79,25 +80,25 @@ Table read(const QByteArray &data, const QString &fileName)
         if (header) {
             header = false;
             if (line != QByteArrayView("first_issue_month,last_issue_month,fixed_rate_percent"))
-                return refuse(QStringLiteral("the header must be first_issue_month,last_issue_month,fixed_rate_percent"));
+                return refuse(QCoreApplication::translate("EeFixedRates", "the header must be first_issue_month,last_issue_month,fixed_rate_percent"));
             continue;
         }
         const QList<QByteArray> cells = line.toByteArray().split(',');
         if (cells.size() != 3)
-            return refuse(QStringLiteral("three columns expected"));
+            return refuse(QCoreApplication::translate("EeFixedRates", "three columns expected"));
         const auto first = month(SourceText::trimmed(cells.at(0)));
         const auto last = month(SourceText::trimmed(cells.at(1)));
         const auto rate = basisPoints(SourceText::trimmed(cells.at(2)));
         if (!first || !last || *last < *first)
-            return refuse(QStringLiteral("months must be YYYY-MM, the first not after the last"));
+            return refuse(QCoreApplication::translate("EeFixedRates", "months must be YYYY-MM, the first not after the last"));
         if (!rate)
-            return refuse(QStringLiteral("the rate must be a percentage with at most two decimals"));
+            return refuse(QCoreApplication::translate("EeFixedRates", "the rate must be a percentage with at most two decimals"));
         if (!table.ranges.isEmpty() && *first != table.ranges.last().lastIssue + 1)
-            return refuse(QStringLiteral("each range must begin the month after the previous one ends"));
+            return refuse(QCoreApplication::translate("EeFixedRates", "each range must begin the month after the previous one ends"));
         table.ranges.append({*first, *last, *rate});
     }
     if (table.ranges.isEmpty() && table.ok())
-        table.error = PriceSourceContents::refused(fileName, 0, QStringLiteral("no rates")).error;
+        table.error = PriceSourceContents::refused(fileName, 0, QCoreApplication::translate("EeFixedRates", "no rates")).error;
     return table;
 }
 

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <array>
 #include <limits>
+#include <QCoreApplication>
 
 namespace FiscalDataCsv {
 
@@ -47,7 +48,7 @@ PriceSourceContents read(const QByteArray &data, const QString &fileName)
     while (headerIndex < lines.size() && SourceText::isBlank(lines.at(headerIndex)))
         ++headerIndex;
     if (headerIndex == lines.size())
-        return PriceSourceContents::refused(fileName, 0, QStringLiteral("no header line"));
+        return PriceSourceContents::refused(fileName, 0, QCoreApplication::translate("FiscalDataCsv", "no header line"));
 
     std::array<int, ColumnCount> position;
     position.fill(-1);
@@ -61,7 +62,7 @@ PriceSourceContents read(const QByteArray &data, const QString &fileName)
     for (int c = 0; c < ColumnCount; ++c) {
         if (position[c] < 0)
             return PriceSourceContents::refused(fileName, headerIndex + 1,
-                                                QStringLiteral("the header lacks the column '%1'").arg(QLatin1String(ColumnNames[c])));
+                                                QCoreApplication::translate("FiscalDataCsv", "the header lacks the column '%1'").arg(QLatin1String(ColumnNames[c])));
     }
 
     PriceSourceContents contents;
@@ -74,40 +75,40 @@ PriceSourceContents read(const QByteArray &data, const QString &fileName)
         auto refuse = [&](const QString &what) { return PriceSourceContents::refused(fileName, lineNumber, what); };
         const QList<QByteArrayView> row = cells(lines.at(index));
         if (row.size() != header.size())
-            return refuse(QStringLiteral("short line: %1 fields where the header has %2").arg(row.size()).arg(header.size()));
+            return refuse(QCoreApplication::translate("FiscalDataCsv", "short line: %1 fields where the header has %2").arg(row.size()).arg(header.size()));
 
         const char series = seriesCode(row.at(position[SeriesColumn]));
         if (!series)
-            return refuse(QStringLiteral("bad series letter %1 (expected E, N, I or S)")
+            return refuse(QCoreApplication::translate("FiscalDataCsv", "bad series letter %1 (expected E, N, I or S)")
                               .arg(SourceText::quoted(row.at(position[SeriesColumn]))));
         std::array<qint64, ColumnCount> number{};
         for (int c : {RedemptionYear, RedemptionMonth, IssueYear, IssueMonth, Value}) {
             const QByteArrayView cell = row.at(position[c]);
             const auto parsed = c == Value ? SourceText::signedInteger(cell) : SourceText::digits(cell);
             if (!parsed)
-                return refuse(QStringLiteral("non-numeric %1 %2").arg(QLatin1String(ColumnNames[c]), SourceText::quoted(cell)));
+                return refuse(QCoreApplication::translate("FiscalDataCsv", "non-numeric %1 %2").arg(QLatin1String(ColumnNames[c]), SourceText::quoted(cell)));
             number[c] = *parsed;
         }
         for (int c : {RedemptionYear, IssueYear}) {
             if (number[c] < 1900 || number[c] > 9999)
-                return refuse(QStringLiteral("bad %1 %2").arg(QLatin1String(ColumnNames[c])).arg(number[c]));
+                return refuse(QCoreApplication::translate("FiscalDataCsv", "bad %1 %2").arg(QLatin1String(ColumnNames[c])).arg(number[c]));
         }
         for (int c : {RedemptionMonth, IssueMonth}) {
             if (number[c] < 1 || number[c] > 12)
-                return refuse(QStringLiteral("bad %1 %2").arg(QLatin1String(ColumnNames[c])).arg(number[c]));
+                return refuse(QCoreApplication::translate("FiscalDataCsv", "bad %1 %2").arg(QLatin1String(ColumnNames[c])).arg(number[c]));
         }
         if (number[RedemptionYear] > SourceText::latestRedemptionYear())
-            return refuse(QStringLiteral("redemption_year %1 is beyond next year").arg(number[RedemptionYear]));
+            return refuse(QCoreApplication::translate("FiscalDataCsv", "redemption_year %1 is beyond next year").arg(number[RedemptionYear]));
         if (number[IssueYear] > number[RedemptionYear])
-            return refuse(QStringLiteral("issue year %1 is after redemption year %2").arg(number[IssueYear]).arg(number[RedemptionYear]));
+            return refuse(QCoreApplication::translate("FiscalDataCsv", "issue year %1 is after redemption year %2").arg(number[IssueYear]).arg(number[RedemptionYear]));
         if (number[Value] < RedemptionMarker::NoPricingData || number[Value] > std::numeric_limits<qint32>::max())
-            return refuse(QStringLiteral("value %1 is out of range").arg(number[Value]));
+            return refuse(QCoreApplication::translate("FiscalDataCsv", "value %1 is out of range").arg(number[Value]));
 
         const quint64 group = (quint64(quint8(series)) << 40) | (quint64(number[RedemptionYear]) << 24)
                               | (quint64(number[RedemptionMonth]) << 16) | quint64(number[IssueYear]);
         const quint64 cell = (group << 4) | quint64(number[IssueMonth]);
         if (const auto earlier = lineOfValue.constFind(cell); earlier != lineOfValue.constEnd())
-            return refuse(QStringLiteral("repeats the value of line %1").arg(*earlier));
+            return refuse(QCoreApplication::translate("FiscalDataCsv", "repeats the value of line %1").arg(*earlier));
         lineOfValue.insert(cell, lineNumber);
 
         auto found = recordOfGroup.constFind(group);

@@ -9,6 +9,7 @@
 #include <limits>
 #include <tuple>
 #include <vector>
+#include <QCoreApplication>
 
 namespace MaturedBondCarryForward {
 
@@ -38,7 +39,7 @@ struct Cell
 QString valueText(qint32 value)
 {
     if (value == RedemptionMarker::NotRedeemable)
-        return QStringLiteral("not redeemable");
+        return QCoreApplication::translate("MaturedBondCarryForward", "not redeemable");
     if (value == RedemptionMarker::NoPricingData)
         return QStringLiteral("blank");
     return formatDollars(value);
@@ -47,10 +48,10 @@ QString valueText(qint32 value)
 QString seriesName(char series)
 {
     switch (series) {
-    case 'E': return QStringLiteral("Series E");
-    case 'N': return QStringLiteral("Series EE");
-    case 'I': return QStringLiteral("Series I");
-    default: return QStringLiteral("Savings Note");
+    case 'E': return QCoreApplication::translate("MaturedBondCarryForward", "Series E");
+    case 'N': return QCoreApplication::translate("MaturedBondCarryForward", "Series EE");
+    case 'I': return QCoreApplication::translate("MaturedBondCarryForward", "Series I");
+    default: return QCoreApplication::translate("MaturedBondCarryForward", "Savings Note");
     }
 }
 
@@ -98,7 +99,7 @@ Result compute(const QList<NamedPriceRecords> &officialSources)
             continue; // not matured within the official data: nothing is known of its final value
         for (auto later = matured + 1; later != bondEnd; ++later) {
             if (later->value != matured->value) {
-                result.error = QStringLiteral("%1 issued %2 reached final maturity in %3, yet its value changes "
+                result.error = QCoreApplication::translate("MaturedBondCarryForward", "%1 issued %2 reached final maturity in %3, yet its value changes "
                                               "afterwards: %4 in %5 (%6) but %7 in %8 (%9)")
                                    .arg(seriesName(series), monthText(issue), monthText(maturity),
                                         valueText(matured->value), monthText(matured->redemption),

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <QCoreApplication>
 
 namespace PriceSource {
 
@@ -42,14 +43,14 @@ PriceSourceContents readData(const QByteArray &data, const QString &fileName)
         break;
     }
     return PriceSourceContents::refused(fileName, 0,
-                                        QStringLiteral("not a Treasury value file (.asc) nor a Fiscal Data value file (.csv)"));
+                                        QCoreApplication::translate("PriceSource", "not a Treasury value file (.asc) nor a Fiscal Data value file (.csv)"));
 }
 
 PriceSourceContents readFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return PriceSourceContents::refused(path, 0, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        return PriceSourceContents::refused(path, 0, QCoreApplication::translate("PriceSource", "cannot be read: %1").arg(file.errorString()));
     return readData(file.readAll(), path);
 }
 
@@ -59,7 +60,7 @@ bool readFiles(const QStringList &paths, QList<NamedPriceRecords> *sources, QStr
     for (const QString &path : paths) {
         const QString name = QFileInfo(path).fileName();
         if (names.contains(name)) {
-            *error = QStringLiteral("%1: a source named %2 was given twice").arg(path, name);
+            *error = QCoreApplication::translate("PriceSource", "%1: a source named %2 was given twice").arg(path, name);
             return false;
         }
         PriceSourceContents contents = readFile(path);

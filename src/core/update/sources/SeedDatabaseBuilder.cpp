@@ -12,6 +12,7 @@
 #include <QTemporaryFile>
 #include <cstdio>
 #include <sqlite3.h>
+#include <QCoreApplication>
 
 namespace SeedDatabaseBuilder {
 
@@ -37,7 +38,7 @@ bool installOne(PriceDataInstaller &installer, const NamedPriceRecords &source, 
 {
     if (installer.updatePricingDataWithData(PriceDataFile::encode(source.records), source.name))
         return true;
-    *error = QStringLiteral("%1: could not be installed: %2").arg(source.name, installer.lastError());
+    *error = QCoreApplication::translate("SeedDatabaseBuilder", "%1: could not be installed: %2").arg(source.name, installer.lastError());
     return false;
 }
 
@@ -78,7 +79,7 @@ bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *erro
     }
     for (const NamedPriceRecords &source : sources) {
         if (source.name == QLatin1String(MaturedBondCarryForward::SourceName)) {
-            *error = QStringLiteral("%1: this name is reserved for the derived values").arg(source.name);
+            *error = QCoreApplication::translate("SeedDatabaseBuilder", "%1: this name is reserved for the derived values").arg(source.name);
             return false;
         }
     }
@@ -96,7 +97,7 @@ bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *erro
     }
     if (!installer.updateDerivedDataWithData(PriceDataFile::encode(carried.records),
                                              QString::fromLatin1(MaturedBondCarryForward::SourceName))) {
-        *error = QStringLiteral("%1: could not be installed: %2")
+        *error = QCoreApplication::translate("SeedDatabaseBuilder", "%1: could not be installed: %2")
                      .arg(QString::fromLatin1(MaturedBondCarryForward::SourceName), installer.lastError());
         return false;
     }
@@ -104,11 +105,11 @@ bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *erro
     DerivedValues::Extension extension;
     if (!execute(db, "begin", error) || !DerivedValues::extend(db, rates, &extension, error, DerivedValues::Scope::FixedRateEeOnly)
         || !execute(db, "commit", error)) {
-        *error = QStringLiteral("the derived values could not be installed: %1").arg(*error);
+        *error = QCoreApplication::translate("SeedDatabaseBuilder", "the derived values could not be installed: %1").arg(*error);
         return false;
     }
     if (!installer.updateRedemptionDateSummaryTables(nullptr, nullptr, false)) {
-        *error = QStringLiteral("could not build the summary tables: %1").arg(installer.lastError());
+        *error = QCoreApplication::translate("SeedDatabaseBuilder", "could not build the summary tables: %1").arg(installer.lastError());
         return false;
     }
     return true;
@@ -122,12 +123,12 @@ bool build(const QString &outPath, const QStringList &sourcePaths, QString *erro
 
     const QString target = QFileInfo(outPath).absoluteFilePath();
     if (!QDir().mkpath(QFileInfo(target).absolutePath())) {
-        *error = QStringLiteral("%1: cannot create its folder").arg(outPath);
+        *error = QCoreApplication::translate("SeedDatabaseBuilder", "%1: cannot create its folder").arg(outPath);
         return false;
     }
     TemporaryDatabase temporary(target);
     if (!temporary.file.open()) {
-        *error = QStringLiteral("%1: cannot create a temporary file beside it: %2").arg(outPath, temporary.file.errorString());
+        *error = QCoreApplication::translate("SeedDatabaseBuilder", "%1: cannot create a temporary file beside it: %2").arg(outPath, temporary.file.errorString());
         return false;
     }
     const QString building = temporary.file.fileName();
@@ -148,7 +149,7 @@ bool build(const QString &outPath, const QStringList &sourcePaths, QString *erro
     // write-ahead logging; this connection notices that only when it next reads the file.
     firstText(temporary.db, "select count(*) from sqlite_master");
     if (firstText(temporary.db, "pragma journal_mode = delete") != QLatin1String("delete")) {
-        *error = QStringLiteral("%1: cannot leave write-ahead logging: %2").arg(building, QString::fromUtf8(sqlite3_errmsg(temporary.db)));
+        *error = QCoreApplication::translate("SeedDatabaseBuilder", "%1: cannot leave write-ahead logging: %2").arg(building, QString::fromUtf8(sqlite3_errmsg(temporary.db)));
         return false;
     }
     if (!execute(temporary.db, "pragma synchronous = full; vacuum;", error)) {
@@ -165,7 +166,7 @@ bool build(const QString &outPath, const QStringList &sourcePaths, QString *erro
 
     QFile::setPermissions(building, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
     if (std::rename(QFile::encodeName(building).constData(), QFile::encodeName(target).constData()) != 0) {
-        *error = QStringLiteral("%1: cannot be replaced by the new database").arg(outPath);
+        *error = QCoreApplication::translate("SeedDatabaseBuilder", "%1: cannot be replaced by the new database").arg(outPath);
         return false;
     }
     temporary.file.setAutoRemove(false);
