@@ -733,6 +733,25 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     </message>
 </context>
 <context>
+    <name>CsvHoldingReader</name>
+    <message>
+        <source>empty line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>wrong number of fields (%1 where the header has %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>HH bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no series this program knows (&quot;%1&quot;)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>DerivedValues</name>
     <message>
         <source>not redeemable</source>
@@ -794,6 +813,37 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     </message>
 </context>
 <context>
+    <name>EntryRules</name>
+    <message>
+        <source>The quantity must be a whole number from 1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The face value must be an amount in dollars, such as 100 or $1,000.00.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A paper bond&apos;s face value is one of $10, $25, $50, $75, $100, $200, $500, $1,000, $5,000 or $10,000.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An electronic bond&apos;s face value is from $25.00 to $10,000.00, to the cent.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E bonds and Savings Notes were sold on paper only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 bonds were first sold electronically in %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The issue month must be a month written as MM/YYYY, such as 05/2003.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ExchangeAlerts</name>
     <message>
         <source>Import Complete</source>
@@ -834,6 +884,20 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     <message>
         <source>You may now import your portfolio positions and pricelist from the files in %1</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Skipped %n line(s):</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1204,6 +1268,22 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Invalid issue date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid kind of bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid series</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid quantity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid face value</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1687,6 +1767,10 @@ a price list, and a list of your portfolio holdings.</source>
         <source>cannot read %1: %2</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PortfolioPrintLayout</name>
@@ -2049,6 +2133,17 @@ a price list, and a list of your portfolio holdings.</source>
     <message>
         <source>PDF documents (*.pdf)</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bond %1 of %2: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pasted bond(s) not added</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -63,6 +63,8 @@ int run(const QStringList &arguments)
     if (PortfolioSaveFailure failure; !portfolio->saveToFile(paths.at(0), &failure))
         return cliFail(saveFailureText(paths.at(0), failure));
     cliOut() << alert.title << ": " << alert.message << '\n';
+    if (!alert.informative.isEmpty())
+        cliOut() << alert.informative << '\n';
     if (creating)
         cliOut() << CliText::tr("Created %1\n").arg(paths.at(0));
     return 0;

@@ -139,10 +139,11 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvImportFile(QWidge
     return panel.run();
 }
 
-void ExchangePanels::alert(QWidget *parent, const QString &title, const QString &message, bool warning)
+void ExchangePanels::alert(QWidget *parent, const ExchangeAlert &alert, bool warning)
 {
-    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, title, message, QMessageBox::NoButton,
-                    parent);
+    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, alert.title, alert.message,
+                    QMessageBox::NoButton, parent);
+    box.setInformativeText(alert.informative);
     box.addButton(QApplication::translate("ExchangePanels", "Continue"), QMessageBox::AcceptRole);
     box.exec();
 }

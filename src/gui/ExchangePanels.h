@@ -1,6 +1,8 @@
 #pragma once
 // The file panels and alerts of the export and import commands. The window asks through this
 // interface, so that tests can answer in place of the user without a modal loop.
+#include "exchange/ExchangeAlerts.h"
+
 #include <QString>
 #include <optional>
 
@@ -26,6 +28,6 @@ public:
     // The open panel of the import, always with the format control (row 0 own format).
     virtual std::optional<Choice> chooseCsvImportFile(QWidget *parent, int row);
     // A modal alert with the single button "Continue"; warning shows the caution icon.
-    virtual void alert(QWidget *parent, const QString &title, const QString &message, bool warning);
+    virtual void alert(QWidget *parent, const ExchangeAlert &alert, bool warning);
     virtual void beep();
 };

@@ -85,15 +85,17 @@ void HoldingDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, c
         return;
     }
     if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == IssueDate) {
-        // Text that is no month leaves the old month; a month is checked by the holding.
-        const Month month = monthFromText(edit->text());
-        if (!month.isNull())
-            model->setData(index, QVariant::fromValue(month), Qt::EditRole);
+        // Blank leaves the old month; text that is no month is refused by the model with a message.
+        const QString text = edit->text().trimmed();
+        if (text.isEmpty())
+            return;
+        const Month month = monthFromText(text);
+        model->setData(index, month.isNull() ? QVariant(text) : QVariant::fromValue(month), Qt::EditRole);
         return;
     }
     if (auto *edit = qobject_cast<QLineEdit *>(editor); edit && index.column() == FaceValue) {
         if (!edit->text().trimmed().isEmpty())
-            model->setData(index, edit->text().remove(QLatin1Char('$')).remove(QLatin1Char(',')), Qt::EditRole);
+            model->setData(index, edit->text(), Qt::EditRole);
         return;
     }
     QStyledItemDelegate::setModelData(editor, model, index);

@@ -3,6 +3,7 @@
 #include "HoldingColumns.h"
 #include "HoldingExplanations.h"
 #include "document/BondPortfolio.h"
+#include "document/HoldingEntry.h"
 #include "document/HoldingPresentation.h"
 
 #include <QColor>
@@ -231,10 +232,9 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
         return false;
     Holding &holding = *m_portfolio->holdings().at(index.row());
     const int column = index.column();
-    if (column == Paper && role == Qt::CheckStateRole) {
-        holding.setPaper(value.toInt() == Qt::Checked);
-        return true;
-    }
+    if (column == Paper && role == Qt::CheckStateRole)
+        return accepted(HoldingEntry::setPaper(*m_portfolio, holding, value.toInt() == Qt::Checked), holding,
+                        tr("Invalid kind of bond"));
     if (role != Qt::EditRole)
         return false;
     // An unchanged value records nothing. The setters ignore a value the holding already has;
@@ -245,27 +245,21 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
         const ::Series *series = ::Series::seriesForCode(value.toString());
         if (!series)
             return false;
-        if (series != holding.series())
-            holding.setSeries(series);
-        return true;
+        if (series == holding.series())
+            return true;
+        return accepted(HoldingEntry::setSeries(*m_portfolio, holding, series), holding, tr("Invalid series"));
     }
     case Quantity: {
         bool ok = false;
-        const int quantity = value.toInt(&ok);
-        if (!ok)
-            return false;
-        holding.setQuantity(quantity);
-        return true;
+        const qlonglong quantity = value.toString().trimmed().toLongLong(&ok);
+        return accepted(ok ? HoldingEntry::setQuantity(*m_portfolio, holding, quantity) : EntryRefusal::QuantityBelowOne,
+                        holding, tr("Invalid quantity"));
     }
     case IssueDate:
         return setIssueDate(holding, value);
-    case FaceValue: {
-        const QVariant pennies = DollarTransformer::reverseTransformedValue(value);
-        if (!pennies.isValid())
-            return false;
-        holding.setFaceValue(pennies.toLongLong());
-        return true;
-    }
+    case FaceValue:
+        return accepted(HoldingEntry::setFaceValue(*m_portfolio, holding, value.toString()), holding,
+                        tr("Invalid face value"));
     case SerialNumber:
         if (value.toString() != holding.serialNumber())
             holding.setSerialNumber(value.toString());
@@ -288,18 +282,24 @@ bool HoldingsTableModel::setData(const QModelIndex &index, const QVariant &value
 
 bool HoldingsTableModel::setIssueDate(Holding &holding, const QVariant &value)
 {
-    const Month month = value.value<Month>();
-    if (month.isNull())
-        return false;
-    if (holding.issueDate() == month)
+    // The editor hands over what was typed when it is no month.
+    const Month month = value.metaType() == QMetaType::fromType<Month>() ? value.value<Month>() : Month();
+    if (!month.isNull() && holding.issueDate() == month)
         return true;
     ValidationError refusal;
-    if (!holding.validateIssueDate(month, m_portfolio->assessor(), &refusal)) {
+    if (!month.isNull() && !holding.validateIssueDate(month, m_portfolio->assessor(), &refusal)) {
         emit editRefused(tr("Invalid issue date"), refusal.message);
         return false;
     }
-    holding.setIssueDate(month);
-    return true;
+    return accepted(HoldingEntry::setIssueMonth(*m_portfolio, holding, month), holding, tr("Invalid issue date"));
+}
+
+bool HoldingsTableModel::accepted(EntryRefusal refusal, const Holding &holding, const QString &title)
+{
+    if (refusal == EntryRefusal::None)
+        return true;
+    emit editRefused(title, EntryRules::describe(refusal, holding.series()));
+    return false;
 }
 
 PersonRef HoldingsTableModel::titleHolderWithId(const QString &uniqueId) const

@@ -3,6 +3,7 @@
 // column per HoldingColumns entry. Texts and figures come from the holding and the core's
 // presentation helpers; edits go to the holding's setters, which the document records for undo.
 #include "BondTableFigures.h"
+#include "model/EntryRules.h"
 #include "model/Holding.h"
 #include "valuation/HoldingFigures.h"
 
@@ -41,6 +42,8 @@ private:
     QVariant sortData(const Holding &holding, int column) const;
     static QVariant lineColor(HoldingStatus status);
     bool setIssueDate(Holding &holding, const QVariant &value);
+    // True for no refusal; otherwise tells the window why, under the title.
+    bool accepted(EntryRefusal refusal, const Holding &holding, const QString &title);
     PersonRef titleHolderWithId(const QString &uniqueId) const;
     void holdingChanged(Holding *holding);
     void figuresChanged();

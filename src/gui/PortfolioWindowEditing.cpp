@@ -10,6 +10,7 @@
 #include "PeoplePickerDialog.h"
 #include "PeopleTableModel.h"
 #include "PortfolioWindow.h"
+#include "model/EntryRules.h"
 #include "ValuationMonthPicker.h"
 #include "ValueChartDialog.h"
 #include "document/BondPortfolio.h"
@@ -55,12 +56,24 @@ void PortfolioWindow::paste()
 {
     const QList<HoldingRef> holdings =
         BondClipboard::holdingsFrom(QApplication::clipboard()->mimeData(), m_portfolio->peopleStore());
-    // The pasted bonds join the portfolio (taking their people) as one "Insert Holding".
-    UndoStep step(*m_portfolio, UndoActionName::InsertHolding);
-    for (const HoldingRef &holding : holdings) {
-        m_portfolio->adopt(*holding);
-        m_portfolio->appendHolding(holding);
+    // The pasted bonds join the portfolio (taking their people) as one "Insert Holding"; a bond
+    // that no one could have entered stays out, and the user is told which and why.
+    QStringList refused;
+    {
+        UndoStep step(*m_portfolio, UndoActionName::InsertHolding);
+        for (qsizetype i = 0; i < holdings.size(); ++i) {
+            const HoldingRef &holding = holdings.at(i);
+            if (const EntryRefusal refusal = EntryRules::check(*holding); refusal != EntryRefusal::None) {
+                refused << tr("Bond %1 of %2: %3").arg(i + 1).arg(holdings.size())
+                                .arg(EntryRules::describe(refusal, holding->series()));
+                continue;
+            }
+            m_portfolio->adopt(*holding);
+            m_portfolio->appendHolding(holding);
+        }
     }
+    if (!refused.isEmpty())
+        Alerts::warn(this, tr("%n pasted bond(s) not added", nullptr, int(refused.size())), refused.join(QLatin1Char('\n')));
 }
 
 void PortfolioWindow::deleteSelection()

@@ -52,7 +52,7 @@ void PortfolioWindow::exportQif()
         m_panels->beep();
     }
     const ExchangeAlert alert = ExchangeAlerts::of(outcome);
-    m_panels->alert(this, alert.title, alert.message, !outcome.succeeded);
+    m_panels->alert(this, alert, !outcome.succeeded);
 }
 
 void PortfolioWindow::importCsv()
@@ -66,7 +66,7 @@ void PortfolioWindow::importCsv()
     if (!outcome.detail.isEmpty())
         qWarning().noquote() << "CSV import:" << outcome.detail;
     const ExchangeAlert alert = ExchangeAlerts::of(outcome);
-    m_panels->alert(this, alert.title, alert.message, !outcome.succeeded);
+    m_panels->alert(this, alert, !outcome.succeeded);
 }
 
 bool PortfolioWindow::confirmSaveWithoutMissingPeople()

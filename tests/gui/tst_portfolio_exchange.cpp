@@ -27,9 +27,9 @@ struct ScriptedPanels : ExchangePanels
     std::optional<Choice> chooseCsvExportFile(QWidget *, bool offer, int) override { return answer(offer); }
     std::optional<Choice> chooseQifExportDirectory(QWidget *, bool offer, int) override { return answer(offer); }
     std::optional<Choice> chooseCsvImportFile(QWidget *, int) override { return answer(false); }
-    void alert(QWidget *, const QString &title, const QString &message, bool) override
+    void alert(QWidget *, const ExchangeAlert &shown, bool) override
     {
-        alerts << title + QLatin1Char('|') + message;
+        alerts << shown.title + QLatin1Char('|') + shown.message;
     }
     void beep() override { ++beeps; }
 };

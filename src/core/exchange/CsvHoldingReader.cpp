@@ -1,8 +1,13 @@
 #include "exchange/CsvHoldingReader.h"
 
 #include "exchange/CsvFieldReader.h"
+#include "base/Series.h"
+#include "model/EntryRules.h"
+
+#include <QCoreApplication>
 
 CsvHoldingReader::CsvHoldingReader(QStringView headerLine, CsvImportFormat format)
+    : m_format(format)
 {
     const QList<CsvImportColumn> known = CsvImportFormats::csvColumnsForFormat(format);
     const QList<QStringView> names = CsvFieldReader::fields(headerLine);
@@ -16,11 +21,20 @@ CsvHoldingReader::CsvHoldingReader(QStringView headerLine, CsvImportFormat forma
     }
 }
 
-HoldingRef CsvHoldingReader::holdingForLine(QStringView line) const
+HoldingRef CsvHoldingReader::holdingForLine(QStringView line, QString *problem) const
 {
     const QList<QStringView> fields = CsvFieldReader::fields(line);
-    if (fields.size() != m_fieldCount)
+    if (fields.size() != m_fieldCount) {
+        if (problem)
+            *problem = line.trimmed().isEmpty()
+                           ? QCoreApplication::translate("CsvHoldingReader", "empty line")
+                           : QCoreApplication::translate("CsvHoldingReader", "wrong number of fields (%1 where the header has %2)")
+                                 .arg(fields.size())
+                                 .arg(m_fieldCount);
         return nullptr;
+    }
+    QStringView seriesText;
+    std::optional<Pennies> issuePrice;
     HoldingRef holding = Holding::create();
     const Series *series = nullptr;
     for (const auto &[index, field] : m_columns) {
@@ -28,6 +42,9 @@ HoldingRef CsvHoldingReader::holdingForLine(QStringView line) const
         switch (field) {
         case CsvHoldingField::FaceValue:
             holding->setFaceValue(CsvFieldReader::faceValue(text));
+            break;
+        case CsvHoldingField::IssuePrice:
+            issuePrice = CsvFieldReader::faceValue(text);
             break;
         case CsvHoldingField::SerialNumber:
             holding->setSerialNumber(text.toString());
@@ -41,10 +58,44 @@ HoldingRef CsvHoldingReader::holdingForLine(QStringView line) const
         case CsvHoldingField::Series:
             // The last series column decides whether the line is taken.
             series = CsvFieldReader::series(text);
+            seriesText = CsvFieldReader::withoutSurroundingQuotes(text).trimmed();
             if (series)
                 holding->setSeries(series);
             break;
         }
     }
-    return series ? holding : nullptr;
+    if (!series) {
+        if (problem)
+            *problem = seriesText.startsWith(QLatin1String("HH"))
+                           ? QCoreApplication::translate("CsvHoldingReader", "HH bond")
+                           : QCoreApplication::translate("CsvHoldingReader", "no series this program knows (\"%1\")")
+                                 .arg(seriesText.toString());
+        return nullptr;
+    }
+    decideKind(*holding, issuePrice);
+    if (const EntryRefusal refusal = EntryRules::check(*holding); refusal != EntryRefusal::None) {
+        if (problem)
+            *problem = EntryRules::describe(refusal, series);
+        return nullptr;
+    }
+    return holding;
+}
+
+void CsvHoldingReader::decideKind(Holding &holding, std::optional<Pennies> issuePrice) const
+{
+    // A series or month never sold electronically makes the bond paper, whatever the preference.
+    if (m_format == CsvImportFormat::SavingsBondWizard
+        || EntryRules::checkElectronic(holding.series(), holding.issueDate()) != EntryRefusal::None) {
+        holding.setPaper(true);
+        return;
+    }
+    const Pennies face = holding.faceValue();
+    const bool ee = holding.series() == Series::eeBond();
+    if (ee && issuePrice && *issuePrice * 2 == face) {
+        holding.setPaper(true);
+    } else if ((ee && issuePrice && *issuePrice == face)
+               || (EntryRules::checkFaceValue(face, true) != EntryRefusal::None
+                   && EntryRules::checkFaceValue(face, false) == EntryRefusal::None)) {
+        holding.setPaper(false);
+    }
 }

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QStringView>
+#include <optional>
 #include <utility>
 
 class CsvHoldingReader
@@ -18,9 +19,16 @@ public:
     // A new holding with its defaults, filled from the read columns in column order; nullptr when
     // the line does not have the header's number of fields or no read series text names a
     // series. Malformed numbers and dates do not reject a line: they read as 0 or no date.
-    HoldingRef holdingForLine(QStringView line) const;
+    // Why a line was skipped goes to *problem when given.
+    HoldingRef holdingForLine(QStringView line, QString *problem = nullptr) const;
 
 private:
+    // Paper or electronic, from what the line says: the Wizard knew paper bonds only; in the own
+    // format an EE bond sold at its face value, or an EE or I bond of an amount no paper bond had,
+    // was electronic, and an EE bond sold at half its face value was paper.
+    void decideKind(Holding &holding, std::optional<Pennies> issuePrice) const;
+
+    CsvImportFormat m_format;
     qsizetype m_fieldCount = 0;
     QList<std::pair<qsizetype, CsvHoldingField>> m_columns; // by position in the header
 };

@@ -18,7 +18,7 @@ QList<CsvImportColumn> csvColumnsForFormat(CsvImportFormat format)
     if (format == CsvImportFormat::Own) {
         return {{"Bond Series", CsvHoldingField::Series}, {"Quantity", CsvHoldingField::Quantity},
                 {"Issue Date", CsvHoldingField::IssueDate}, {"Face Value", CsvHoldingField::FaceValue},
-                {"Serial Number", CsvHoldingField::SerialNumber}};
+                {"Serial Number", CsvHoldingField::SerialNumber}, {"Issue Price", CsvHoldingField::IssuePrice}};
     }
     return {{"Series", CsvHoldingField::Series}, {"Denomination", CsvHoldingField::FaceValue},
             {"Serial Number", CsvHoldingField::SerialNumber}, {"Issue Date", CsvHoldingField::IssueDate}};

@@ -9,7 +9,8 @@ enum class CsvImportFormat { Own = 0, SavingsBondWizard = 1 };
 
 // What a column of an imported file sets in the new holding. The formats name some of them
 // differently ("Bond Series" and "Series", "Face Value" and "Denomination") but read them alike.
-enum class CsvHoldingField { Series, Quantity, IssueDate, FaceValue, SerialNumber };
+// The own format's issue price tells paper from electronic EE bonds (sold at half and at full face value).
+enum class CsvHoldingField { Series, Quantity, IssueDate, FaceValue, SerialNumber, IssuePrice };
 
 struct CsvImportColumn
 {

@@ -17,9 +17,20 @@ ExchangeAlert of(const CsvImportOutcome &outcome)
 {
     if (outcome.succeeded) {
         // The texts of the original alerts, their quirks kept: "out of" counts the bonds again.
-        return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Import Complete")),
-                text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Imported %1 out of %2 bonds. (HH/H bonds not supported)"))
-                    .arg(QString::number(outcome.importedCount), QString::number(outcome.importedCount))};
+        ExchangeAlert alert{text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Import Complete")),
+                            text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Imported %1 out of %2 bonds. (HH/H bonds not supported)"))
+                                .arg(QString::number(outcome.importedCount), QString::number(outcome.importedCount)),
+                            {}};
+        if (!outcome.skipped.isEmpty()) {
+            constexpr qsizetype Listed = 20;
+            QStringList lines = outcome.skipped.mid(0, Listed);
+            if (outcome.skipped.size() > Listed)
+                lines << QCoreApplication::translate("ExchangeAlerts", "and %n more", nullptr, int(outcome.skipped.size() - Listed));
+            alert.informative = QCoreApplication::translate("ExchangeAlerts", "Skipped %n line(s):", nullptr,
+                                                            int(outcome.skipped.size()))
+                                + QLatin1Char('\n') + lines.join(QLatin1Char('\n'));
+        }
+        return alert;
     }
     const QString producer = outcome.format == CsvImportFormat::Own
                                  ? text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Quillmere"))

@@ -10,6 +10,7 @@ struct ExchangeAlert
 {
     QString title;
     QString message;
+    QString informative; // what an import skipped and why; empty when nothing was
 };
 
 namespace ExchangeAlerts {

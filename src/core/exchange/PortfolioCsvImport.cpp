@@ -44,10 +44,15 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
 
     QList<HoldingRef> added;
     int rejected = 0;
+    QStringList skipped;
     for (qsizetype index = 1; index < lines->size(); ++index) {
-        HoldingRef holding = reader.holdingForLine(lines->at(index));
+        QString problem;
+        HoldingRef holding = reader.holdingForLine(lines->at(index), &problem);
         if (!holding) {
             ++rejected;
+            const bool lastAndEmpty = index == lines->size() - 1 && lines->at(index).trimmed().isEmpty();
+            if (!lastAndEmpty)
+                skipped << QCoreApplication::translate("PortfolioCsvImport", "line %1: %2").arg(index + 1).arg(problem);
             continue;
         }
         portfolio.adopt(*holding);
@@ -65,6 +70,7 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
     outcome.succeeded = true;
     outcome.importedCount = int(added.size());
     outcome.rejectedCount = rejected;
+    outcome.skipped = skipped;
     outcome.format = format;
     return outcome;
 }

@@ -17,6 +17,7 @@ struct CsvImportOutcome : ExchangeOutcome
 {
     int importedCount = 0;
     int rejectedCount = 0; // data lines skipped, the empty one after a final separator included
+    QStringList skipped;   // "line N: why" for each skipped line but a last empty one
     CsvImportFormat format = CsvImportFormat::Own; // a refused file's alert names its producer
 };
 

@@ -1,5 +1,7 @@
 #include "model/Holding.h"
 
+#include "model/EntryRules.h"
+
 #include "base/UserDefaults.h"
 #include "valuation/BondAssessor.h"
 #include <QCoreApplication>
@@ -59,7 +61,8 @@ Holding::Holding()
     : m_series(Series::defaultSeries())
 {
     const QVariant paper = UserDefaults::value(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey));
-    m_isPaper = paper.isValid() ? paper.toBool() : true;
+    // A series never sold electronically starts paper, whatever the preference.
+    m_isPaper = EntryRules::startsPaper(paper.isValid() ? paper.toBool() : true, m_series, {});
 }
 
 Holding::~Holding()

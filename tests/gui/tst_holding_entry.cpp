@@ -1,0 +1,181 @@
+// What the bond table accepts as typed: quantities from 1, face values a bond of its kind can
+// have, electronic bonds only where the Treasury sold them, months that are months. A refusal
+// says why and keeps the old value; pasted bonds obey the same rules.
+#include "GuiTestMain.h"
+
+#include "BondClipboard.h"
+#include "HoldingColumns.h"
+#include "base/Series.h"
+#include "base/UserDefaults.h"
+#include "model/EntryRules.h"
+
+#include <QClipboard>
+#include <QUndoStack>
+
+namespace {
+HoldingRef bond(const QString &series, Month issue, bool paper, Pennies faceValue, int quantity = 2)
+{
+    HoldingRef holding = Holding::create();
+    holding->setSeries(Series::seriesForCode(series));
+    holding->setIssueDate(issue);
+    holding->setPaper(paper);
+    holding->setFaceValue(faceValue);
+    holding->setQuantity(quantity);
+    return holding;
+}
+
+// The fields the rules touch, in one line that a failed comparison shows whole.
+QString fields(const Holding &holding)
+{
+    return QStringLiteral("%1 x%2 %3 %4 %5")
+        .arg(holding.series()->code())
+        .arg(holding.quantity())
+        .arg(holding.faceValue())
+        .arg(holding.issueDate().toString(Month::Style::Iso), holding.isPaper() ? "paper" : "electronic");
+}
+} // namespace
+
+class HoldingEntryTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { GuiTest::discardWindows(); }
+
+    void typedValuesFollowTheRules_data()
+    {
+        QTest::addColumn<HoldingRef>("holding");
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QVariant>("typed");
+        QTest::addColumn<QString>("refusal"); // empty when accepted
+        QTest::addColumn<QString>("after");
+
+        const auto eePaper = [] { return bond("N", Month(2005, 1), true, 10000); };
+        const auto eeElectronic = [](Pennies face) { return bond("N", Month(2005, 1), false, face); };
+        const auto refusal = [](EntryRefusal why, const char *series = "N") {
+            return EntryRules::describe(why, Series::seriesForCode(QString::fromLatin1(series)));
+        };
+        const int paperState = -1; // the check box rather than a typed value
+
+        QTest::newRow("quantity -3") << eePaper() << int(HoldingColumns::Quantity) << QVariant(-3)
+                                     << refusal(EntryRefusal::QuantityBelowOne) << "N x2 10000 2005-01 paper";
+        QTest::newRow("quantity 0") << eePaper() << int(HoldingColumns::Quantity) << QVariant(0)
+                                    << refusal(EntryRefusal::QuantityBelowOne) << "N x2 10000 2005-01 paper";
+        QTest::newRow("quantity 5") << eePaper() << int(HoldingColumns::Quantity) << QVariant(5) << ""
+                                    << "N x5 10000 2005-01 paper";
+        QTest::newRow("face abc") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("abc")
+                                  << refusal(EntryRefusal::NotAnAmount) << "N x2 10000 2005-01 paper";
+        QTest::newRow("face 12.5x") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("12.5x")
+                                    << refusal(EntryRefusal::NotAnAmount) << "N x2 10000 2005-01 paper";
+        QTest::newRow("face $1,000 paper") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("$1,000")
+                                           << "" << "N x2 100000 2005-01 paper";
+        QTest::newRow("face 137.45 paper") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("137.45")
+                                           << refusal(EntryRefusal::NotADenomination) << "N x2 10000 2005-01 paper";
+        QTest::newRow("face 99,999,999,999") << eePaper() << int(HoldingColumns::FaceValue)
+                                             << QVariant("99,999,999,999") << refusal(EntryRefusal::NotADenomination)
+                                             << "N x2 10000 2005-01 paper";
+        QTest::newRow("face 137.45 electronic") << eeElectronic(10000) << int(HoldingColumns::FaceValue)
+                                                << QVariant("137.45") << "" << "N x2 13745 2005-01 electronic";
+        QTest::newRow("face 20 electronic") << eeElectronic(10000) << int(HoldingColumns::FaceValue) << QVariant("20")
+                                            << refusal(EntryRefusal::ElectronicAmountOutOfRange)
+                                            << "N x2 10000 2005-01 electronic";
+        QTest::newRow("face 10,000.01 electronic")
+            << eeElectronic(10000) << int(HoldingColumns::FaceValue) << QVariant("10,000.01")
+            << refusal(EntryRefusal::ElectronicAmountOutOfRange) << "N x2 10000 2005-01 electronic";
+        QTest::newRow("E bond electronic") << bond("E", Month(1980, 1), true, 10000) << paperState << QVariant()
+                                           << refusal(EntryRefusal::NeverElectronic, "E") << "E x2 10000 1980-01 paper";
+        QTest::newRow("EE 04/2003 electronic") << bond("N", Month(2003, 4), true, 10000) << paperState << QVariant()
+                                               << "EE bonds were first sold electronically in 05/2003."
+                                               << "N x2 10000 2003-04 paper";
+        QTest::newRow("EE 05/2003 electronic") << bond("N", Month(2003, 5), true, 10000) << paperState << QVariant()
+                                               << "" << "N x2 10000 2003-05 electronic";
+        QTest::newRow("I 09/2002 electronic") << bond("I", Month(2002, 9), true, 10000) << paperState << QVariant()
+                                              << "I bonds were first sold electronically in 10/2002."
+                                              << "I x2 10000 2002-09 paper";
+        QTest::newRow("$10 paper to electronic") << bond("N", Month(2005, 1), true, 1000) << paperState << QVariant()
+                                                 << refusal(EntryRefusal::ElectronicAmountOutOfRange)
+                                                 << "N x2 1000 2005-01 paper";
+        QTest::newRow("$137.45 electronic to paper")
+            << eeElectronic(13745) << paperState << QVariant() << refusal(EntryRefusal::NotADenomination)
+            << "N x2 13745 2005-01 electronic";
+        QTest::newRow("month 13/2020") << eePaper() << int(HoldingColumns::IssueDate) << QVariant("13/2020")
+                                       << refusal(EntryRefusal::NotAMonth) << "N x2 10000 2005-01 paper";
+        QTest::newRow("month before electronic sales turns paper")
+            << eeElectronic(10000) << int(HoldingColumns::IssueDate) << QVariant::fromValue(Month(2000, 1)) << ""
+            << "N x2 10000 2000-01 paper";
+        QTest::newRow("month before electronic sales, odd amount")
+            << eeElectronic(13745) << int(HoldingColumns::IssueDate) << QVariant::fromValue(Month(2000, 1))
+            << "EE bonds were first sold electronically in 05/2003." << "N x2 13745 2005-01 electronic";
+        QTest::newRow("series E turns paper") << eeElectronic(10000) << int(HoldingColumns::Series) << QVariant("E")
+                                              << "" << "E x2 10000 2005-01 paper";
+    }
+
+    void typedValuesFollowTheRules()
+    {
+        QFETCH(HoldingRef, holding);
+        QFETCH(int, column);
+        QFETCH(QVariant, typed);
+        QFETCH(QString, refusal);
+        QFETCH(QString, after);
+
+        PortfolioWindow *window = DocumentManager::instance().newDocument();
+        window->portfolio()->appendHolding(holding);
+        window->portfolio()->markSaved();
+        QAbstractItemModel *model = window->shownHoldingsModel();
+        const int steps = window->portfolio()->undoStack()->count();
+        const bool done = column < 0 ? model->setData(model->index(0, HoldingColumns::Paper),
+                                                      holding->isPaper() ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole)
+                                     : model->setData(model->index(0, column), typed, Qt::EditRole);
+        QCOMPARE(done, refusal.isEmpty());
+        QCOMPARE(GuiTest::alertTexts(window), refusal.isEmpty() ? QStringList() : QStringList{refusal});
+        QCOMPARE(fields(*holding), after);
+        QCOMPARE(window->isWindowModified(), refusal.isEmpty());
+        // An accepted change, even one that also turns the bond paper, is one undo step.
+        if (refusal.isEmpty()) {
+            QCOMPARE(window->portfolio()->undoStack()->count(), steps + 1);
+            window->portfolio()->undoStack()->undo();
+            QVERIFY(fields(*holding) != after);
+        }
+    }
+
+    void aSeriesNeverSoldElectronicallyStartsPaper_data()
+    {
+        QTest::addColumn<QString>("defaultSeries");
+        QTest::addColumn<bool>("paper");
+        QTest::newRow("EE") << "N" << false;
+        QTest::newRow("I") << "I" << false;
+        QTest::newRow("E") << "E" << true;
+        QTest::newRow("Savings Note") << "S" << true;
+    }
+
+    void aSeriesNeverSoldElectronicallyStartsPaper()
+    {
+        QFETCH(QString, defaultSeries);
+        QFETCH(bool, paper);
+        UserDefaults::setValue(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey), false);
+        Series::setDefaultSeries(Series::seriesForCode(defaultSeries));
+        const bool startsPaper = Holding::create()->isPaper();
+        UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBuysPaperKey));
+        Series::setDefaultSeries(Series::eeBond());
+        QCOMPARE(startsPaper, paper);
+    }
+
+    void pastedBondsThatBreakTheRulesStayOut()
+    {
+        PortfolioWindow *window = DocumentManager::instance().newDocument();
+        QApplication::clipboard()->setMimeData(BondClipboard::mimeDataFor(
+            {bond("N", Month(2005, 1), true, 10000), bond("N", Month(2005, 1), true, 10000, -3),
+             bond("E", Month(1980, 1), false, 10000)}));
+        window->paste();
+        QCOMPARE(window->portfolio()->holdings().size(), 1);
+        QCOMPARE(window->portfolio()->holdings().first()->quantity(), 2);
+        QCOMPARE(GuiTest::alertTexts(window),
+                 QStringList{QStringLiteral("Bond 2 of 3: %1\nBond 3 of 3: %2")
+                                 .arg(EntryRules::describe(EntryRefusal::QuantityBelowOne),
+                                      EntryRules::describe(EntryRefusal::NeverElectronic))});
+        QCOMPARE(window->portfolio()->undoStack()->count(), 1);
+    }
+};
+
+QUILLMERE_GUI_TEST_MAIN(HoldingEntryTest)
+#include "tst_holding_entry.moc"
