@@ -127,7 +127,8 @@ QString text(const ValuedPortfolio &portfolio)
             missing << note;
         out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
                      formatDollars(h.issuePrice()), formatDollars(figures.interestEarned()), formatDollars(figures.value()),
-                     percentText(figures.currentYield()), percentText(figures.compoundAnnualGrowthRate()), registration.trimmed()});
+                     figures.hasCurrentYield() ? percentText(figures.currentYield()) : QString(),
+                     percentText(figures.compoundAnnualGrowthRate()), registration.trimmed()});
     }
     out += line({CliText::tr("Total"), QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
                  formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
@@ -144,8 +145,16 @@ QString text(const ValuedPortfolio &portfolio)
     const QList<InterestSummaryRow> summary = portfolio.interestSummary();
     if (summary.isEmpty())
         out += CliText::tr("  (none)\n");
+    qsizetype yearWidth = 4;
     for (const InterestSummaryRow &r : summary)
-        out += QStringLiteral("  %1 %2\n").arg(r.taxYear).arg(formatDollars(r.interestEarned), 14);
+        yearWidth = std::max(yearWidth, HoldingPresentation::taxYearText(r).size());
+    for (const InterestSummaryRow &r : summary) {
+        const QString note = HoldingPresentation::incompleteYearNote(r);
+        out += QStringLiteral("  %1 %2%3\n")
+                   .arg(HoldingPresentation::taxYearText(r), -int(yearWidth))
+                   .arg(formatDollars(r.interestEarned), 14)
+                   .arg(note.isEmpty() ? QString() : QStringLiteral("  (%1)").arg(note));
+    }
     return out;
 }
 
@@ -185,7 +194,8 @@ QByteArray json(const ValuedPortfolio &portfolio)
         people.append(QJsonObject{{"name", p->name()}, {"uid", p->uniqueId()}});
     QJsonArray summary;
     for (const InterestSummaryRow &r : portfolio.interestSummary())
-        summary.append(QJsonObject{{"taxYear", r.taxYear}, {"interestEarned", r.interestEarned}});
+        summary.append(QJsonObject{{"taxYear", r.taxYear}, {"interestEarned", r.interestEarned},
+                                   {"sinceIssue", r.sinceIssue}, {"bondsWithoutValue", r.bondsWithoutValue}});
     const QJsonObject root{
         {"name", portfolio.displayName()},
         {"file", portfolio.fileName()},

@@ -5,8 +5,12 @@
 RowFigures BondTableFigures::read(const Holding &holding) const
 {
     const HoldingFigures figures = m_portfolio->figuresOf(holding);
-    return {figures.value(),  figures.interestEarned(), figures.currentYield(), figures.compoundAnnualGrowthRate(),
-            figures.status(), figures.isValueDerived()};
+    return {figures.value(),
+            figures.interestEarned(),
+            figures.hasCurrentYield() ? std::optional(figures.currentYield()) : std::nullopt,
+            figures.compoundAnnualGrowthRate(),
+            figures.status(),
+            figures.isValueDerived()};
 }
 
 void BondTableFigures::refreshAll()

@@ -6,6 +6,7 @@
 #include "valuation/HoldingFigures.h"
 
 #include <QHash>
+#include <optional>
 
 class BondPortfolio;
 
@@ -13,7 +14,7 @@ struct RowFigures
 {
     Pennies value = 0;
     Pennies interestEarned = 0;
-    float currentYield = 0.0f;
+    std::optional<float> currentYield; // none when the database lacks an end of the interest period
     float growthRate = 0.0f;
     HoldingStatus status = HoldingStatus::Valued;
     bool valueDerived = false;

@@ -52,3 +52,12 @@ bool HoldingsFilterModel::filterAcceptsRow(int sourceRow, const QModelIndex &) c
         return false;
     return m_filter.accepts(*m_portfolio->holdings().at(sourceRow));
 }
+
+bool HoldingsFilterModel::lessThan(const QModelIndex &left, const QModelIndex &right) const
+{
+    const bool leftHasFigure = left.data(sortRole()).isValid(), rightHasFigure = right.data(sortRole()).isValid();
+    if (leftHasFigure && rightHasFigure)
+        return QSortFilterProxyModel::lessThan(left, right);
+    // Descending order asks lessThan(right, left): answer so that the empty cell still comes last.
+    return sortOrder() == Qt::AscendingOrder ? leftHasFigure && !rightHasFigure : !leftHasFigure && rightHasFigure;
+}

@@ -28,6 +28,8 @@ signals:
 
 protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
+    // A cell without a figure sorts after every figure, whichever the order.
+    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
 
 private:
     void titleHoldersChanged();

@@ -135,7 +135,7 @@ QVariant HoldingsTableModel::displayData(const Holding &holding, int column) con
     case Value:
         return formatDollars(figures.value);
     case CurrentYield:
-        return HoldingPresentation::percentText(figures.currentYield);
+        return figures.currentYield ? HoldingPresentation::percentText(*figures.currentYield) : QString();
     case GrowthRate:
         return HoldingPresentation::percentText(figures.growthRate);
     case SerialNumber:
@@ -193,8 +193,8 @@ QVariant HoldingsTableModel::sortData(const Holding &holding, int column) const
         return figures.interestEarned;
     case Value:
         return figures.value;
-    case CurrentYield:
-        return figures.currentYield;
+    case CurrentYield: // none sorts last, in either order
+        return figures.currentYield ? QVariant(*figures.currentYield) : QVariant();
     case GrowthRate:
         return figures.growthRate;
     case Paper:

@@ -1,6 +1,7 @@
 #include "InterestSummaryModel.h"
 
 #include "HoldingsFilterModel.h"
+#include "document/HoldingPresentation.h"
 
 #include <QTimer>
 
@@ -57,8 +58,15 @@ QVariant InterestSummaryModel::data(const QModelIndex &index, int role) const
     const InterestSummaryRow &row = m_rows.at(index.row());
     if (role == Qt::TextAlignmentRole)
         return index.column() == TaxYear ? QVariant(Qt::AlignCenter) : QVariant(Qt::AlignRight | Qt::AlignVCenter);
-    if (role == Qt::DisplayRole)
-        return index.column() == TaxYear ? QVariant(QString::number(row.taxYear)) : QVariant(formatDollars(row.interestEarned));
+    if (role == Qt::DisplayRole) {
+        if (index.column() == TaxYear)
+            return HoldingPresentation::taxYearText(row);
+        // An incomplete figure never passes for a lower one.
+        return row.bondsWithoutValue > 0 ? tr("%1 (incomplete)").arg(formatDollars(row.interestEarned))
+                                         : formatDollars(row.interestEarned);
+    }
+    if (role == Qt::ToolTipRole && index.column() == Interest && row.bondsWithoutValue > 0)
+        return HoldingPresentation::incompleteYearNote(row);
     if (role == Qt::EditRole)
         return index.column() == TaxYear ? QVariant(row.taxYear) : QVariant(row.interestEarned);
     return {};

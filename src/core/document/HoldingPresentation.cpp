@@ -57,6 +57,22 @@ QString percentText(float rate)
     return QString::asprintf("%.2f%%", double(rate));
 }
 
+
+QString taxYearText(const InterestSummaryRow &row)
+{
+    return row.sinceIssue ? QCoreApplication::translate("HoldingPresentation", "%1 and before").arg(row.taxYear)
+                          : QString::number(row.taxYear);
+}
+
+QString incompleteYearNote(const InterestSummaryRow &row)
+{
+    if (row.bondsWithoutValue == 0)
+        return {};
+    return QCoreApplication::translate("HoldingPresentation",
+                                       "incomplete: no value for %n bond(s) in a December this figure needs",
+                                       nullptr, row.bondsWithoutValue);
+}
+
 } // namespace HoldingPresentation
 
 void HoldingTotals::add(const HoldingFigures &holding)

@@ -5,6 +5,7 @@
 #include "base/Money.h"
 #include "base/Month.h"
 #include "valuation/HoldingFigures.h"
+#include "valuation/InterestSummary.h"
 
 #include <QList>
 #include <QString>
@@ -30,6 +31,10 @@ Remark pricingRemarkOf(const HoldingFigures &holding);
 QString derivedValueNote();
 // A rate as "3.94%".
 QString percentText(float rate);
+// A summary row's year: "2001", or "1992 and before" for a first row that is interest since issue.
+QString taxYearText(const InterestSummaryRow &row);
+// Why a summary row's figure is incomplete ("" when it is not).
+QString incompleteYearNote(const InterestSummaryRow &row);
 }
 
 // Sums over holdings: face value and issue price are per bond on a holding, so their totals

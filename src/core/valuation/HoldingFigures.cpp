@@ -49,7 +49,7 @@ Pennies HoldingFigures::cumulativeInterestEarnedAsOfMonth(Month month) const
     return cost < worth ? worth - cost : 0;
 }
 
-void HoldingFigures::addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums) const
+void HoldingFigures::addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums, int *unvalued) const
 {
     if (!m_context.assessor || m_bond.issueMonth.isNull())
         return;
@@ -61,6 +61,9 @@ void HoldingFigures::addCumulativeInterestByDecember(int fromYear, int toYear, P
     for (int year = toYear; year >= fromYear; --year) {
         const qint64 perBond =
             BondAssessor::scaled(BondAssessor::adjusted(values.at(Month(year, 12).index()), factor), m_bond.faceValue);
+        // Within its first year a bond may not be cashed yet, and files need not list it then.
+        if (perBond == RedemptionMarker::NoPricingData && Month(year, 12) >= m_bond.issueMonth.addMonths(12))
+            ++unvalued[year - fromYear];
         const Pennies worth = (perBond < 0 ? 0 : perBond) * quantity;
         sums[year - fromYear] += cost < worth ? worth - cost : 0;
     }
@@ -118,6 +121,12 @@ float HoldingFigures::currentYield() const
     const float growth = static_cast<float>(end - start) / static_cast<float>(start);
     const float percent = growth * 100.0f;
     return percent * 2.0f; // a half year's growth, annualised
+}
+
+bool HoldingFigures::hasCurrentYield() const
+{
+    const auto [first, last] = m_context.interestPeriod();
+    return absoluteValueAsOfMonth(first) > 0 && absoluteValueAsOfMonth(last) > 0;
 }
 
 float HoldingFigures::compoundAnnualGrowthRate() const

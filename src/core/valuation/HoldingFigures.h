@@ -47,6 +47,8 @@ public:
     Pennies value() const;                                      // all bonds of the holding
     Pennies interestEarned() const;                             // all bonds, never negative
     float currentYield() const;                                 // percent per year
+    // Whether the database values both ends of the current interest period (else the yield reads 0).
+    bool hasCurrentYield() const;
     float compoundAnnualGrowthRate() const;
     bool isValidIssue() const;      // false when the database has no value
     bool isRedeemableIssue() const; // false for a bond that cannot be cashed yet
@@ -61,8 +63,9 @@ public:
     // All bonds, as of any month.
     Pennies cumulativeInterestEarnedAsOfMonth(Month month) const;
     // Adds the cumulative interest as of December of each year from fromYear to toYear into
-    // sums[year - fromYear]; nothing for a holding without issue date.
-    void addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums) const;
+    // sums[year - fromYear], and counts into unvalued[year - fromYear] each December the database
+    // has no value for; nothing for a holding without issue date.
+    void addCumulativeInterestByDecember(int fromYear, int toYear, Pennies *sums, int *unvalued) const;
     // "security,dollars,MM/1/YYYY\r" for every month with a value since issue, appended as bytes.
     void appendValuesSinceIssue(QByteArray &out) const;
 

@@ -1,5 +1,6 @@
 #include "valuation/InterestSummary.h"
 
+#include "base/Series.h"
 #include "valuation/BondAssessor.h"
 #include "valuation/HoldingFigures.h"
 
@@ -8,14 +9,13 @@
 
 namespace InterestSummary {
 
-QMap<int, Pennies> yearsWithInterestEarned(const BondAssessor &database, const QList<BondFacts> &bonds,
-                                           SummaryMode mode)
+QList<InterestSummaryRow> rows(const BondAssessor &database, const QList<BondFacts> &bonds, SummaryMode mode)
 {
-    QMap<int, Pennies> years;
+    QList<InterestSummaryRow> rows;
     BondAssessor::ReadBatch batch(database);
     const std::optional<int> latest = database.maximumRedemptionMonth();
     if (!latest)
-        return years;
+        return rows;
     // Only years whose December the database holds are summarised.
     const Month last = Month::fromIndex(*latest);
     const int lastYear = last.month() < 12 ? last.year() - 1 : last.year();
@@ -29,36 +29,35 @@ QMap<int, Pennies> yearsWithInterestEarned(const BondAssessor &database, const Q
         issues.append({bond.series, bond.issueMonth.index()});
     }
     if (firstYear > lastYear)
-        return years;
+        return rows;
     database.prefetch(issues);
-    // Every year from the earliest issue to the last is some holding's, so a dense table holds them.
-    std::vector<Pennies> sums(size_t(lastYear - firstYear + 1), 0);
+    // Every year from the earliest issue to the last is some holding's, so dense tables hold them.
+    const size_t years = size_t(lastYear - firstYear + 1);
+    std::vector<Pennies> sums(years, 0);
+    std::vector<int> unvalued(years, 0), ignored(years, 0);
     const ValuationContext context{&database, Month()};
     for (const BondFacts &bond : bonds) {
         const int issueYear = bond.issueMonth.isNull() ? lastYear + 1 : bond.issueMonth.year();
         if (issueYear > lastYear)
             continue;
-        HoldingFigures(context, bond).addCumulativeInterestByDecember(issueYear, lastYear,
-                                                                      sums.data() + (issueYear - firstYear));
+        // A bond of a month its series was never sold in will never have a value: no update can
+        // complete a year for it, so it makes none incomplete.
+        const size_t at = size_t(issueYear - firstYear);
+        int *counted = bond.series->wasIssuedIn(bond.issueMonth) ? unvalued.data() : ignored.data();
+        HoldingFigures(context, bond).addCumulativeInterestByDecember(issueYear, lastYear, sums.data() + at, counted + at);
     }
-    for (int year = firstYear; year <= lastYear; ++year)
-        years.insert(year, sums[size_t(year - firstYear)]);
-    if (mode == SummaryMode::Cumulative)
-        return years;
-    const QList<int> keys = years.keys();
-    for (qsizetype k = keys.size() - 1; k >= 1; --k)
-        years[keys.at(k)] -= years.value(keys.at(k - 1));
-    return years;
-}
-
-QList<InterestSummaryRow> rows(const BondAssessor &database, const QList<BondFacts> &bonds, SummaryMode mode)
-{
-    const QMap<int, Pennies> years = yearsWithInterestEarned(database, bonds, mode);
-    QList<InterestSummaryRow> rows;
-    for (auto it = years.cbegin(); it != years.cend(); ++it) {
-        if (rows.isEmpty() && it.value() == 0)
+    for (int year = firstYear; year <= lastYear; ++year) {
+        const size_t at = size_t(year - firstYear);
+        if (rows.isEmpty() && sums[at] == 0)
             continue;
-        rows.append({it.key(), it.value()});
+        InterestSummaryRow row{year, sums[at], unvalued[at], false};
+        if (rows.isEmpty()) {
+            row.sinceIssue = at > 0 && unvalued[at - 1] > 0;
+        } else if (mode == SummaryMode::Yearly) {
+            row.interestEarned -= sums[at - 1];
+            row.bondsWithoutValue = std::max(unvalued[at], unvalued[at - 1]);
+        }
+        rows.append(row);
     }
     return rows;
 }
