@@ -1259,6 +1259,17 @@ a price list, and a list of your portfolio holdings.</source>
         <source>computed by this program, not published by the Treasury: Series EE bonds issued since May 2005 from their fixed rate, matured bonds from their value at final maturity</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 and before</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>incomplete: no value for %n bond(s) in a December this figure needs</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>HoldingsTableModel</name>
@@ -1310,6 +1321,10 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (incomplete)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
