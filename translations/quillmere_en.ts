@@ -899,6 +899,21 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
             <numerusform></numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n name(s) matched no one person in your people and were left off the bonds.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Its columns are those of a Savings Bond Wizard file: import it as one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its columns are those of a Quillmere file: import it as one.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ExchangePanels</name>
@@ -1784,6 +1799,10 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>line %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the header is that of the other format</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

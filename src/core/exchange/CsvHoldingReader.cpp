@@ -5,6 +5,7 @@
 #include "model/EntryRules.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 
 CsvHoldingReader::CsvHoldingReader(QStringView headerLine, CsvImportFormat format)
     : m_format(format)
@@ -21,7 +22,7 @@ CsvHoldingReader::CsvHoldingReader(QStringView headerLine, CsvImportFormat forma
     }
 }
 
-HoldingRef CsvHoldingReader::holdingForLine(QStringView line, QString *problem) const
+HoldingRef CsvHoldingReader::holdingForLine(QStringView line, QString *problem, Names *names) const
 {
     const QList<QStringView> fields = CsvFieldReader::fields(line);
     if (fields.size() != m_fieldCount) {
@@ -51,6 +52,16 @@ HoldingRef CsvHoldingReader::holdingForLine(QStringView line, QString *problem) 
             break;
         case CsvHoldingField::IssueDate:
             holding->setIssueDate(CsvFieldReader::issueMonth(text.toString()));
+            break;
+        case CsvHoldingField::Owner:
+        case CsvHoldingField::CoOwner:
+        case CsvHoldingField::Beneficiary:
+            if (names) {
+                QString &name = field == CsvHoldingField::Owner     ? names->owner
+                                : field == CsvHoldingField::CoOwner ? names->coOwner
+                                                                    : names->beneficiary;
+                name = text.trimmed().toString();
+            }
             break;
         case CsvHoldingField::Quantity:
             holding->setQuantity(CsvFieldReader::integerValue(text));
@@ -98,4 +109,9 @@ void CsvHoldingReader::decideKind(Holding &holding, std::optional<Pennies> issue
                    && EntryRules::checkFaceValue(face, false) == EntryRefusal::None)) {
         holding.setPaper(false);
     }
+}
+
+bool CsvHoldingReader::readsSeries() const
+{
+    return std::ranges::any_of(m_columns, [](const auto &column) { return column.second == CsvHoldingField::Series; });
 }

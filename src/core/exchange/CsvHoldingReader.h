@@ -19,8 +19,16 @@ public:
     // A new holding with its defaults, filled from the read columns in column order; nullptr when
     // the line does not have the header's number of fields or no read series text names a
     // series. Malformed numbers and dates do not reject a line: they read as 0 or no date.
-    // Why a line was skipped goes to *problem when given.
-    HoldingRef holdingForLine(QStringView line, QString *problem = nullptr) const;
+    // The names a line gives its bond's people, as written; empty where it gives none.
+    struct Names
+    {
+        QString owner, coOwner, beneficiary;
+    };
+    // Why a line was skipped goes to *problem, and the names it gives to *names, when given.
+    HoldingRef holdingForLine(QStringView line, QString *problem = nullptr, Names *names = nullptr) const;
+
+    // Whether the header has a column naming the series, without which no line is a bond.
+    bool readsSeries() const;
 
 private:
     // Paper or electronic, from what the line says: the Wizard knew paper bonds only; in the own

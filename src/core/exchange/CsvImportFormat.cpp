@@ -18,7 +18,9 @@ QList<CsvImportColumn> csvColumnsForFormat(CsvImportFormat format)
     if (format == CsvImportFormat::Own) {
         return {{"Bond Series", CsvHoldingField::Series}, {"Quantity", CsvHoldingField::Quantity},
                 {"Issue Date", CsvHoldingField::IssueDate}, {"Face Value", CsvHoldingField::FaceValue},
-                {"Serial Number", CsvHoldingField::SerialNumber}, {"Issue Price", CsvHoldingField::IssuePrice}};
+                {"Serial Number", CsvHoldingField::SerialNumber}, {"Issue Price", CsvHoldingField::IssuePrice},
+                {"Owner", CsvHoldingField::Owner}, {"Co-owner", CsvHoldingField::CoOwner},
+                {"Beneficiary", CsvHoldingField::Beneficiary}};
     }
     return {{"Series", CsvHoldingField::Series}, {"Denomination", CsvHoldingField::FaceValue},
             {"Serial Number", CsvHoldingField::SerialNumber}, {"Issue Date", CsvHoldingField::IssueDate}};

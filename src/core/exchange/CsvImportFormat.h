@@ -10,7 +10,8 @@ enum class CsvImportFormat { Own = 0, SavingsBondWizard = 1 };
 // What a column of an imported file sets in the new holding. The formats name some of them
 // differently ("Bond Series" and "Series", "Face Value" and "Denomination") but read them alike.
 // The own format's issue price tells paper from electronic EE bonds (sold at half and at full face value).
-enum class CsvHoldingField { Series, Quantity, IssueDate, FaceValue, SerialNumber, IssuePrice };
+// Its people's names are matched against the people store.
+enum class CsvHoldingField { Series, Quantity, IssueDate, FaceValue, SerialNumber, IssuePrice, Owner, CoOwner, Beneficiary };
 
 struct CsvImportColumn
 {

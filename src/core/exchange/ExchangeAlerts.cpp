@@ -30,15 +30,30 @@ ExchangeAlert of(const CsvImportOutcome &outcome)
                                                             int(outcome.skipped.size()))
                                 + QLatin1Char('\n') + lines.join(QLatin1Char('\n'));
         }
+        if (outcome.unmatchedNames > 0) {
+            if (!alert.informative.isEmpty())
+                alert.informative += QLatin1Char('\n');
+            alert.informative += QCoreApplication::translate(
+                "ExchangeAlerts", "%n name(s) matched no one person in your people and were left off the bonds.", nullptr,
+                outcome.unmatchedNames);
+        }
         return alert;
     }
     const QString producer = outcome.format == CsvImportFormat::Own
                                  ? text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Quillmere"))
                                  : text(QT_TRANSLATE_NOOP("ExchangeAlerts", "the Treasury Department's Savings Bond Wizard"));
-    return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Import file corrupt")),
-            text(QT_TRANSLATE_NOOP("ExchangeAlerts", "The file you selected does not appear to be a CSV file produced "
-                                                     "by %1.  Please verify your choice and try again."))
-                .arg(producer)};
+    ExchangeAlert alert{text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Import file corrupt")),
+                        text(QT_TRANSLATE_NOOP("ExchangeAlerts", "The file you selected does not appear to be a CSV file produced "
+                                                                 "by %1.  Please verify your choice and try again."))
+                            .arg(producer),
+                        {}};
+    if (outcome.headerOfOtherFormat)
+        alert.informative = outcome.format == CsvImportFormat::Own
+                                ? text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Its columns are those of a Savings Bond Wizard "
+                                                                           "file: import it as one."))
+                                : text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Its columns are those of a Quillmere file: "
+                                                                           "import it as one."));
+    return alert;
 }
 
 ExchangeAlert of(const QuickenFileSet::Outcome &outcome)

@@ -2,6 +2,9 @@
 
 #include "document/BondPortfolio.h"
 #include "exchange/CsvHoldingReader.h"
+#include "model/PeopleStore.h"
+
+#include <QMultiHash>
 
 #include <QFile>
 #include <QCoreApplication>
@@ -22,6 +25,45 @@ bool looksBinary(const QByteArray &data)
     return false;
 }
 
+// Finds the people an own-format file names: a name stands for a person of the store only when
+// exactly one person has it ("First Last"), and the same person is one Person throughout.
+class PeopleByName
+{
+public:
+    PeopleByName(const PeopleStore &store, const QList<PersonRef> &titleHolders) : m_titleHolders(titleHolders)
+    {
+        for (const std::shared_ptr<PersonRecord> &record : store.records()) {
+            if (!record->firstName.isEmpty() && !record->lastName.isEmpty())
+                m_records.insert(record->firstName + QLatin1Char(' ') + record->lastName, record);
+        }
+    }
+
+    PersonRef person(const QString &name)
+    {
+        if (name.isEmpty())
+            return nullptr;
+        const QList<std::shared_ptr<PersonRecord>> found = m_records.values(name);
+        if (found.size() != 1) {
+            ++unmatched;
+            return nullptr;
+        }
+        for (const PersonRef &known : std::as_const(m_titleHolders)) {
+            if (known->uniqueId() == found.first()->uniqueId)
+                return known;
+        }
+        m_titleHolders << Person::create(found.first());
+        return m_titleHolders.last();
+    }
+
+    // The portfolio's title holders and every person found since.
+    const QList<PersonRef> &titleHolders() const { return m_titleHolders; }
+    int unmatched = 0;
+
+private:
+    QMultiHash<QString, std::shared_ptr<PersonRecord>> m_records;
+    QList<PersonRef> m_titleHolders;
+};
+
 } // namespace
 
 CsvImportOutcome corruptFileOutcome(CsvImportFormat format, const QString &detail)
@@ -41,13 +83,21 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
         return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "more than %1 lines").arg(MaximumLineCount));
 
     const CsvHoldingReader reader(lines->first(), format);
+    const CsvImportFormat other = format == CsvImportFormat::Own ? CsvImportFormat::SavingsBondWizard : CsvImportFormat::Own;
+    if (!reader.readsSeries() && CsvHoldingReader(lines->first(), other).readsSeries()) {
+        CsvImportOutcome outcome = corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "the header is that of the other format"));
+        outcome.headerOfOtherFormat = true;
+        return outcome;
+    }
 
     QList<HoldingRef> added;
     int rejected = 0;
     QStringList skipped;
+    PeopleByName people(portfolio.peopleStore(), portfolio.titleHolders());
     for (qsizetype index = 1; index < lines->size(); ++index) {
         QString problem;
-        HoldingRef holding = reader.holdingForLine(lines->at(index), &problem);
+        CsvHoldingReader::Names names;
+        HoldingRef holding = reader.holdingForLine(lines->at(index), &problem, &names);
         if (!holding) {
             ++rejected;
             const bool lastAndEmpty = index == lines->size() - 1 && lines->at(index).trimmed().isEmpty();
@@ -55,22 +105,30 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
                 skipped << QCoreApplication::translate("PortfolioCsvImport", "line %1: %2").arg(index + 1).arg(problem);
             continue;
         }
-        portfolio.adopt(*holding);
+        holding->setOwner(people.person(names.owner));
+        holding->setCoOwner(people.person(names.coOwner));
+        holding->setBeneficiary(people.person(names.beneficiary));
         added << holding;
     }
 
     // The one change to the document, made only now that every line has been read: one undoable
     // step, or for a file without bonds the document marked edited all the same.
-    if (added.isEmpty())
+    if (added.isEmpty()) {
         portfolio.markEdited();
-    else
+    } else {
+        UndoStep step(portfolio, UndoActionName::InsertHolding);
+        portfolio.setTitleHolders(people.titleHolders()); // the people named join first, so their bonds keep them
+        for (const HoldingRef &holding : std::as_const(added))
+            portfolio.adopt(*holding);
         portfolio.appendHoldings(added);
+    }
 
     CsvImportOutcome outcome;
     outcome.succeeded = true;
     outcome.importedCount = int(added.size());
     outcome.rejectedCount = rejected;
     outcome.skipped = skipped;
+    outcome.unmatchedNames = people.unmatched;
     outcome.format = format;
     return outcome;
 }

@@ -18,7 +18,9 @@ struct CsvImportOutcome : ExchangeOutcome
     int importedCount = 0;
     int rejectedCount = 0; // data lines skipped, the empty one after a final separator included
     QStringList skipped;   // "line N: why" for each skipped line but a last empty one
+    int unmatchedNames = 0; // names of people that were not exactly one person of the store
     CsvImportFormat format = CsvImportFormat::Own; // a refused file's alert names its producer
+    bool headerOfOtherFormat = false;              // refused: the header is the other format's
 };
 
 namespace PortfolioCsvImport {

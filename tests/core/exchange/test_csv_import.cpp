@@ -5,6 +5,7 @@
 #include "exchange/PortfolioCsvImport.h"
 #include "base/UserDefaults.h"
 
+#include <QUndoStack>
 #include <gtest/gtest.h>
 
 namespace {
@@ -171,6 +172,39 @@ TEST_F(CsvImport, AppendsInFileOrderApplyingColumnsLeftToRight)
     EXPECT_EQ(holdings.at(2)->quantity(), 2);
     EXPECT_EQ(holdings.at(2)->faceValue(), 6000);
     EXPECT_FALSE(holdings.at(2)->isPaper()); // $60 was never a paper bond
+}
+
+// Names in an own-format file stand for a person only when exactly one person of the store has them.
+TEST_F(CsvImport, NamesMatchingOnePersonAreKept)
+{
+    const PersonRef ann = people.person(QStringLiteral("Ann"), QStringLiteral("Smith"));
+    people.person(QStringLiteral("Bob"), QStringLiteral("Jones"));
+    people.person(QStringLiteral("Bob"), QStringLiteral("Jones"));
+    const CsvImportOutcome outcome = import("Bond Series,Quantity,Issue Date,Face Value,Owner,Co-owner,Beneficiary\n"
+                                            "EE Bond,1,3/1995,100.00,Ann Smith,Bob Jones,\nEE Bond,1,3/1995,50.00,Ann Smith,,Ann Jones\n",
+                                            CsvImportFormat::Own);
+    ASSERT_EQ(outcome.importedCount, 2);
+    EXPECT_EQ(outcome.unmatchedNames, 2);
+    EXPECT_EQ(ExchangeAlerts::of(outcome).informative,
+              QStringLiteral("2 name(s) matched no one person in your people and were left off the bonds."));
+    for (const HoldingRef &bond : portfolio->holdings()) {
+        ASSERT_TRUE(bond->owner());
+        EXPECT_EQ(bond->owner()->uniqueId(), ann->uniqueId());
+        EXPECT_FALSE(bond->coOwner() || bond->beneficiary());
+    }
+    EXPECT_EQ(portfolio->holdings().first()->owner(), portfolio->holdings().last()->owner());
+    EXPECT_EQ(portfolio->titleHolders().size(), 1);
+    portfolio->undoStack()->undo();
+    EXPECT_TRUE(portfolio->holdings().isEmpty() && portfolio->titleHolders().isEmpty());
+}
+
+// A header of the other format is named as such, not counted as "Imported 0 out of 0 bonds".
+TEST_F(CsvImport, AHeaderOfTheOtherFormatSaysSo)
+{
+    const CsvImportOutcome outcome = import(WizardHeader + "EE,100,Q100,03/1995\n", CsvImportFormat::Own);
+    expectRefused(outcome, "Quillmere");
+    EXPECT_EQ(ExchangeAlerts::of(outcome).informative,
+              QStringLiteral("Its columns are those of a Savings Bond Wizard file: import it as one."));
 }
 
 TEST_F(CsvImport, HeaderWithoutUsableLinesStillCompletes)
