@@ -37,7 +37,7 @@ NOT_SHOWN_IN_FILE = {
     # The JSON's status values, the same in every language.
     "PortfolioReport.cpp": {"no pricing data", "not yet redeemable"},
     # Words of the formats read and written: column titles, file names, tokens of the Treasury's files.
-    "CsvImportFormat.cpp": {"Bond Series", "Quantity", "Issue Date", "Face Value", "Serial Number", "Series", "Issue Price",
+    "CsvImportFormat.cpp": {"Bond Series", "Quantity", "Issue Date", "Face Value", "Serial Number", "Series", "Issue Price", "Owner", "Co-owner", "Beneficiary",
                             "Denomination"},
     "HoldingCsv.cpp": {"Bond Series,Quantity,Issue Date,Issue Price,Face Value,Interest Earned,Value,",
                        "Serial Number,Owner,Co-owner,Beneficiary\\n"},
