@@ -73,6 +73,17 @@ const ActionEntry ActionTable[] = {
     {Id::About, QT_TRANSLATE_NOOP("PortfolioWindow", "&About Quillmere"), QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
+// The platform's keys for the command, then each of the others it lacks.
+void withKeys(QAction *action, QKeySequence::StandardKey standard, const QList<QKeySequence> &others)
+{
+    QList<QKeySequence> keys = QKeySequence::keyBindings(standard);
+    for (const QKeySequence &key : others) {
+        if (!keys.contains(key))
+            keys << key;
+    }
+    action->setShortcuts(keys);
+}
+
 } // namespace
 
 void PortfolioWindow::createActions()
@@ -92,7 +103,9 @@ void PortfolioWindow::createActions()
     QAction *undo = stack->createUndoAction(this, tr("Undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction *redo = stack->createRedoAction(this, tr("Redo"));
-    redo->setShortcut(QKeySequence::Redo);
+    // Both keys desktops use for Redo, and Save As, even where the platform's table has none.
+    withKeys(redo, QKeySequence::Redo, {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    withKeys(action(Id::SaveAs), QKeySequence::SaveAs, {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)});
     m_actions.insert(Id::Undo, undo);
     m_actions.insert(Id::Redo, redo);
     action(Id::AddBond)->setShortcut(QKeySequence(Qt::Key_Insert));

@@ -9,12 +9,24 @@ ValuationMonthPicker::ValuationMonthPicker(QWidget *parent)
     : QDateEdit(parent)
 {
     setDisplayFormat(QStringLiteral("MM/yyyy"));
-    // Only a finished choice is a new valuation month, not every keystroke on the way.
-    setKeyboardTracking(false);
+    // A month typed where the cursor is takes effect once the typing pauses (or at Return), so
+    // that "05" sets May without waiting for the field to lose focus, and a year typed digit by
+    // digit values the portfolio once.
     setCurrentSection(QDateTimeEdit::MonthSection);
-    connect(this, &QDateEdit::dateChanged, this, [this](QDate date) {
-        if (!m_showing)
-            emit monthPicked(BondAssessor::monthDate(date.year(), date.month()));
+    m_typingPause.setSingleShot(true);
+    m_typingPause.setInterval(TypingPause);
+    connect(&m_typingPause, &QTimer::timeout, this, &ValuationMonthPicker::pickShownMonth);
+    connect(this, &QDateEdit::dateChanged, this, [this] {
+        if (m_showing)
+            return;
+        if (hasFocus())
+            m_typingPause.start();
+        else
+            pickShownMonth();
+    });
+    connect(this, &QDateEdit::editingFinished, this, [this] {
+        if (m_typingPause.isActive())
+            pickShownMonth();
     });
     connect(&m_rangeCheck, &QTimer::timeout, this, &ValuationMonthPicker::checkRange);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
@@ -73,4 +85,11 @@ void ValuationMonthPicker::redemptionDateRangeDidChange(const QVariantMap &userI
     if (earliest.isValid())
         setMinimumDate(QDate(earliest.date().year(), earliest.date().month(), 1));
     m_showing = false;
+}
+
+void ValuationMonthPicker::pickShownMonth()
+{
+    m_typingPause.stop();
+    const QDate shown = date();
+    emit monthPicked(BondAssessor::monthDate(shown.year(), shown.month()));
 }

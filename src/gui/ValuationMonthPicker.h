@@ -25,6 +25,7 @@ public:
     // SQLite's data_version says another connection has written).
     void followRange(RangeSource source);
     static constexpr int RangeCheckInterval = 3000; // ms
+    static constexpr int TypingPause = 400;         // ms
 
 signals:
     // The user settled on a month (not emitted by showMonth).
@@ -35,8 +36,10 @@ signals:
 private:
     void redemptionDateRangeDidChange(const QVariantMap &userInfo);
     void checkRange();
+    void pickShownMonth();
     bool m_showing = false;
     RangeSource m_rangeSource;
     std::pair<QDateTime, QDateTime> m_range;
     QTimer m_rangeCheck;
+    QTimer m_typingPause;
 };

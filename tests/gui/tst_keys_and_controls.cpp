@@ -1,0 +1,59 @@
+// The keys a desktop program answers to, whatever the platform's own table lacks, and typing
+// into the month picker where its cursor is.
+#include "GuiTestMain.h"
+
+#include "ValuationMonthPicker.h"
+
+#include <QAction>
+#include <QMenuBar>
+
+class KeysAndControlsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { GuiTest::discardWindows(); }
+
+    void commandsHaveTheirKeys_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QKeySequence>("key");
+        QTest::newRow("Save As") << "Save As…" << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+        QTest::newRow("Redo") << "Redo" << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+        QTest::newRow("Redo, the other key") << "Redo" << QKeySequence(Qt::CTRL | Qt::Key_Y);
+        QTest::newRow("Undo") << "Undo" << QKeySequence(Qt::CTRL | Qt::Key_Z);
+        QTest::newRow("Save") << "Save" << QKeySequence(Qt::CTRL | Qt::Key_S);
+    }
+
+    void commandsHaveTheirKeys()
+    {
+        QFETCH(QString, command);
+        QFETCH(QKeySequence, key);
+        PortfolioWindow *window = GuiTest::openSample();
+        QAction *found = nullptr;
+        for (QAction *menu : window->menuBar()->actions()) {
+            for (QAction *item : menu->menu()->actions()) {
+                if (item->text().remove(QLatin1Char('&')) == command)
+                    found = item;
+            }
+        }
+        QVERIFY2(found, qPrintable(command));
+        QVERIFY2(found->shortcuts().contains(key), qPrintable(found->shortcut().toString()));
+        QVERIFY(!found->shortcut().isEmpty()); // the menu shows one
+    }
+
+    void typingAMonthIntoThePickerSetsIt()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        ValuationMonthPicker *picker = window->valuationPicker();
+        picker->setFocus();
+        QTRY_VERIFY(picker->hasFocus());
+        QTest::keyClicks(picker, QStringLiteral("05"));
+        QTRY_COMPARE(window->portfolio()->valueOfMonth(), Month(2026, 5));
+    }
+};
+
+QUILLMERE_GUI_TEST_MAIN(KeysAndControlsTest)
+#include "tst_keys_and_controls.moc"
