@@ -41,9 +41,13 @@ void BondTableColumns::restoreColumnSettings()
 {
     const QVariantList settings =
         UserDefaults::value(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey)).toList();
-    if (settings.isEmpty())
-        return;
     m_restoring = true;
+    if (settings.isEmpty()) {
+        for (int column = 0; column < HoldingColumns::Count; ++column)
+            header()->setSectionHidden(column, !HoldingColumns::shownByDefault(column));
+        m_restoring = false;
+        return;
+    }
     QSet<int> noted;
     int position = 0;
     for (const QVariant &entry : settings) {

@@ -34,6 +34,11 @@ const Descriptor &descriptor(int column)
     return Descriptors[column];
 }
 
+bool shownByDefault(int column)
+{
+    return column != Owner && column != CoOwner && column != Beneficiary && column != GrowthRate;
+}
+
 QString title(int column)
 {
     return QCoreApplication::translate("HoldingColumns", Descriptors[column].title);

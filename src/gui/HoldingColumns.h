@@ -36,6 +36,9 @@ struct Descriptor
 };
 
 const Descriptor &descriptor(int column);
+// Shown until the user chooses columns: the three people columns repeat what the registration
+// says, and the growth rate matters least; without them the table fits a 1600-pixel window.
+bool shownByDefault(int column);
 QString title(int column);
 QString key(int column);
 // The column of a saved key, or -1.

@@ -108,6 +108,14 @@ PortfolioPrintLayout::TabSet PortfolioPrintLayout::tabStops(const QPaintDevice &
     for (int i = 1; i < 7; ++i)
         w[i] = width(text(Header1Titles[i]));
     const float decimals = width(QStringLiteral(".88"));
+    // An amount wider than its title's span widens the column, so that no two amounts run into
+    // each other; the titles move with their columns. Narrow amounts leave the designed stops.
+    for (const HoldingRef &holding : m_holdings) {
+        const HoldingFigures figures(m_valuation, holding->facts());
+        const Pennies amounts[4] = {holding->faceValue(), holding->issuePrice(), figures.interestEarned(), figures.value()};
+        for (int i = 3; i < 7; ++i)
+            w[i] = std::max(w[i], width(amountText(amounts[i - 3])));
+    }
     const double tabUnitsPerPoint = qt_defaultDpiY() / 72.0;
     auto tab = [tabUnitsPerPoint](float at, QTextOption::TabType type) {
         return QTextOption::Tab(at * tabUnitsPerPoint, type, type == QTextOption::DelimiterTab ? QChar('.') : QChar());

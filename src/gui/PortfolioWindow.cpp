@@ -27,6 +27,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QRadioButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QUndoStack>
 #include <QVBoxLayout>
@@ -75,7 +76,9 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
     updateTitle();
     updateTotals();
     updateActions();
-    resize(1400, 760);
+    // As large as the design wants, never larger than the screen it opens on.
+    const QSize available = screen() ? screen()->availableSize() : QSize(1600, 1000);
+    resize(std::min(1600, available.width()), std::min(1000, available.height()));
 }
 
 PortfolioWindow::~PortfolioWindow()

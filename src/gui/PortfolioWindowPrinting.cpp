@@ -4,6 +4,7 @@
 #include "HoldingsTableModel.h"
 #include "PortfolioPrintLayout.h"
 #include "PortfolioWindow.h"
+#include "base/UserDefaults.h"
 #include "document/BondPortfolio.h"
 
 #include <QApplication>
@@ -13,15 +14,27 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QScreen>
 
 namespace {
 
 // An inch at the sides and a little more above and below, which fits fifteen bands on Letter.
 const QMarginsF PrintMargins(72, 90, 72, 90);
 
+// The paper the user last chose in the print dialog; Letter, the household's paper, until then.
+constexpr const char *PaperKey = "printPaperSize";
+
 void preparePage(QPrinter &printer)
 {
+    const QVariant chosen = UserDefaults::value(QString::fromLatin1(PaperKey));
+    const QPageSize paper(chosen.isValid() ? QPageSize::PageSizeId(chosen.toInt()) : QPageSize::Letter);
+    printer.setPageSize(paper.isValid() ? paper : QPageSize(QPageSize::Letter));
     printer.setPageMargins(PrintMargins, QPageLayout::Point);
+}
+
+void rememberPaper(const QPrinter &printer)
+{
+    UserDefaults::setValue(QString::fromLatin1(PaperKey), int(printer.pageLayout().pageSize().id()));
 }
 
 } // namespace
@@ -49,8 +62,10 @@ void PortfolioWindow::print()
     preparePage(printer);
     printer.setDocName(m_portfolio->displayName());
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted)
+    if (dialog.exec() == QDialog::Accepted) {
+        rememberPaper(printer);
         printOn(printer);
+    }
 }
 
 void PortfolioWindow::printPreview()
@@ -60,6 +75,9 @@ void PortfolioWindow::printPreview()
     printer.setDocName(m_portfolio->displayName());
     QPrintPreviewDialog preview(&printer, this);
     connect(&preview, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter *shown) { printOn(*shown); });
+    // Large enough to read a page, within the screen.
+    const QSize available = screen() ? screen()->availableSize() : QSize(1024, 700);
+    preview.resize(std::min(900, available.width()), std::min(1000, available.height()) * 9 / 10);
     preview.exec();
 }
 
