@@ -47,7 +47,11 @@ class BondTableTest : public QObject
     }
 
 private slots:
-    void cleanup() { GuiTest::discardWindows(); }
+    void cleanup()
+    {
+        GuiTest::discardWindows();
+        UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
+    }
 
     // Settings saved by earlier versions name the columns by these keys: the table finds every
     // column by them and saves them unchanged; a change in one window carries over to the next.
@@ -85,7 +89,6 @@ private slots:
         const QVariantList now = UserDefaults::value(settingsKey).toList();
         QCOMPARE(now.last().toMap().value("key").toString(), QStringLiteral("faceValue"));
         QCOMPARE(now.first().toMap().value("key").toString(), QStringLiteral("series"));
-        UserDefaults::remove(settingsKey);
     }
 
     void anIssueMonthWithoutValuesIsRefused()
