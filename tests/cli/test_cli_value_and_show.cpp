@@ -60,27 +60,28 @@ TEST_P(CliValueOf, IsPrintedWithItsProvenance)
     EXPECT_TRUE(out.contains(c.note)) << c.note << '\n' << out.toStdString();
 }
 
+const char *const Computed = "Computed:        computed by this program";
 // Every spelling of each series, per $25 in November 2026, matured values carried forward.
-const ValueCase seriesNames[] = {
-    {{"E", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed:        computed by this program"},
-    {{"e", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", "Computed:        computed by this program"},
-    {{"SN", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed:        computed by this program"},
-    {{"Savings Note", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed:        computed by this program"},
-    {{"S", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", "Computed:        computed by this program"},
-    {{"N", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed:        computed by this program"},
-    {{"EE", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", "Computed:        computed by this program"},
-    {{"I", "25", "2010-01", "2026-11"}, "$25.00", "$40.83", "$15.83", ""},
-    {{"I", "25", "2026-06", "2026-11"}, "$25.00", "not yet redeemable", "$0.00", ""}};
+const ValueCase seriesNames[] = {{{"E", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", Computed},
+                                 {{"e", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", Computed},
+                                 {{"SN", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", Computed},
+                                 {{"Savings Note", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", Computed},
+                                 {{"S", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", Computed},
+                                 {{"N", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", Computed},
+                                 {{"EE", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", Computed},
+                                 {{"I", "25", "2010-01", "2026-11"}, "$25.00", "$40.83", "$15.83", ""},
+                                 {{"I", "25", "2026-06", "2026-11"}, "$25.00", "not yet redeemable", "$0.00", ""}};
 INSTANTIATE_TEST_SUITE_P(SeriesNames, CliValueOf, testing::ValuesIn(seriesNames));
-// Published, computed and missing values; an electronic EE bond is worth twice a paper one.
+// Published, computed (from the fixed rate; matured, carried forward) and missing values; an
+// electronic EE bond is worth twice a paper one.
 const ValueCase provenance[] = {
-    {{"EE", "100", "1990-01", "2021-11"}, "$50.00", "$207.36", "$157.36", ""}, // published
+    {{"EE", "100", "1990-01", "2021-11"}, "$50.00", "$207.36", "$157.36", ""},
     {{"EE", "100", "1990-01", "2021-11", "--electronic"}, "$100.00", "$414.72", "$314.72", ""},
     {{"EE", "100", "2005-05", "2021-11"}, "$50.00", "$88.56", "$38.56", ""},
-    {{"EE", "100", "2005-05", "2026-11"}, "$50.00", "$105.36", "$55.36", "Computed:        computed by this program"}, // from its fixed rate
-    {{"E", "100", "1980-06", "2026-11"}, "$75.00", "$447.00", "$372.00", "Computed:        computed by this program"}, // matured, carried forward
-    {{"EE", "100", "1995-05", "2026-11"}, "$50.00", "no pricing data", "$0.00", "Note:            the database has no "
-                                                                                "value for this bond in that month; \"quillmere-cli update\" installs"}};
+    {{"EE", "100", "2005-05", "2026-11"}, "$50.00", "$105.36", "$55.36", Computed},
+    {{"E", "100", "1980-06", "2026-11"}, "$75.00", "$447.00", "$372.00", Computed},
+    {{"EE", "100", "1995-05", "2026-11"}, "$50.00", "no pricing data", "$0.00",
+     "Note:            the database has no value for this bond in that month; \"quillmere-cli update\" installs"}};
 INSTANTIATE_TEST_SUITE_P(Provenance, CliValueOf, testing::ValuesIn(provenance));
 // Issue months in which a series was never sold: no update will bring a value.
 const ValueCase neverSold[] = {
@@ -91,35 +92,51 @@ const ValueCase neverSold[] = {
     {{"SN", "50", "1967-04", "2021-11"}, "$40.50", "no pricing data", "$0.00", "Savings Notes were first issued in 05/1967;"}};
 INSTANTIATE_TEST_SUITE_P(NeverSold, CliValueOf, testing::ValuesIn(neverSold));
 
-TEST(CliValue, RefusesBadArgumentsWithAMessage)
+// What a command cannot do fails with a message on standard error and nothing on standard output.
+struct Refusal
 {
-    const std::pair<QStringList, const char *> cases[] = {
-        {{"--series", "F", "--face", "25", "--issued", "1990-01"}, "unknown series 'F'"},
-        {{"--series", "EE", "--face", "-5", "--issued", "1990-01"}, "positive number of dollars"},
-        {{"--series", "EE", "--face", "25", "--issued", "1990-13"}, "YYYY-MM, not '1990-13'"},
-        {{"--series", "EE", "--face", "25"}, "--issued is required"},
-        {{"--series", "EE", "--face", "25", "--issued", "1990-01", "--as-of", "May"}, "YYYY-MM, not 'May'"}};
-    for (const auto &[arguments, complaint] : cases) {
-        const auto result = value(arguments);
-        EXPECT_NE(result.exitCode, 0) << complaint;
-        EXPECT_TRUE(result.standardError.contains(complaint)) << result.standardError.toStdString();
-        EXPECT_TRUE(result.standardOutput.isEmpty()) << complaint;
+    QStringList arguments;
+    const char *message;
+    const char *database = nullptr; // a file in a fresh folder instead of the shipped database's copy
+    QByteArray contents = {};       // written to that file first
+};
+
+void PrintTo(const Refusal &c, std::ostream *out) { *out << c.arguments.join(u' ').toStdString(); }
+
+class CliRefuses : public testing::TestWithParam<Refusal> {};
+
+TEST_P(CliRefuses, WithAMessage)
+{
+    const Refusal &c = GetParam();
+    QStringList environment = shipped();
+    QByteArray message = c.message;
+    if (c.database) {
+        const QString path = TestSupport::temporaryDirectory() + u'/' + QLatin1String(c.database);
+        if (!c.contents.isEmpty())
+            TestSupport::writeFile(path, c.contents);
+        environment = withDatabase(path);
+        message.replace("%1", path.toUtf8());
     }
+    const auto result = TestSupport::runCli(c.arguments, environment);
+    EXPECT_NE(result.exitCode, 0);
+    EXPECT_TRUE(result.standardError.contains(message)) << result.standardError.toStdString();
+    EXPECT_TRUE(result.standardOutput.isEmpty()) << result.standardOutput.toStdString();
 }
 
-TEST(CliDatabase, MissingOrUnreadableDatabaseIsAClearFailure)
-{
-    const QString dir = TestSupport::temporaryDirectory();
-    const auto missing = TestSupport::runCli({"database"}, withDatabase(dir + QStringLiteral("/none.bvdb")));
-    EXPECT_NE(missing.exitCode, 0);
-    EXPECT_TRUE(missing.standardError.contains("does not exist")) << missing.standardError.toStdString();
-
-    const QString garbage = TestSupport::writeFile(dir + QStringLiteral("/garbage.bvdb"), QByteArray(2048, 'g'));
-    const auto unreadable = value({"--series", "EE", "--face", "25", "--issued", "1990-01"}, withDatabase(garbage));
-    EXPECT_NE(unreadable.exitCode, 0);
-    EXPECT_TRUE(unreadable.standardError.contains("Unable to load essential resources from " + garbage.toUtf8()))
-        << unreadable.standardError.toStdString();
-}
+const QString junk = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/junk.bondportfolio"), "not a portfolio");
+INSTANTIATE_TEST_SUITE_P(Cli, CliRefuses, testing::Values(
+    Refusal{{"value", "--series", "F", "--face", "25", "--issued", "1990-01"}, "unknown series 'F'"},
+    Refusal{{"value", "--series", "EE", "--face", "-5", "--issued", "1990-01"}, "positive number of dollars"},
+    Refusal{{"value", "--series", "EE", "--face", "25", "--issued", "1990-13"}, "YYYY-MM, not '1990-13'"},
+    Refusal{{"value", "--series", "EE", "--face", "25"}, "--issued is required"},
+    Refusal{{"value", "--series", "EE", "--face", "25", "--issued", "1990-01", "--as-of", "May"}, "YYYY-MM, not 'May'"},
+    Refusal{{"value", "--series", "EE", "--face", "25", "--issued", "1990-01"}, "Unable to load essential resources from %1",
+            "garbage.bvdb", QByteArray(2048, 'g')},
+    Refusal{{"database"}, "does not exist", "none.bvdb"},
+    Refusal{{"show", junk}, "portfolio"},
+    Refusal{{"show", sample(), "--as-of", "1850-01"}, "No pricing data available for bonds with that valuation date"},
+    Refusal{{"show", sample(), "--as-of", "2021-13"}, "YYYY-MM"},
+    Refusal{{"show"}, "portfolio"}));
 
 TEST(CliDatabase, ReportsRangeCountAndInstalledFiles)
 {
@@ -141,15 +158,6 @@ TEST(CliBuildDatabase, RefusesAMalformedSourceNamingFileAndLine)
     EXPECT_NE(result.exitCode, 0);
     EXPECT_TRUE(result.standardError.contains(source.toUtf8() + ":3: bad series letter 'X'")) << result.standardError.toStdString();
     EXPECT_FALSE(QFile::exists(out));
-}
-
-TEST(CliShow, SampleShowsItsPeopleFiguresAndSummary)
-{
-    const auto result = TestSupport::runCli({"show", sample(), "--as-of", "2021-11"}, shipped());
-    ASSERT_EQ(result.exitCode, 0) << result.standardError.constData();
-    // $414.72: EE issued January 1990, $100 face, two bonds: $51.84 per $25 in November 2021.
-    for (const char *text : {"Margaret Whitfield OR Thomas Whitfield", "Thomas Whitfield POD Eleanor Whitfield", "$414.72", "[no pricing data]"})
-        EXPECT_TRUE(result.standardOutput.contains(text)) << text << '\n' << result.standardOutput.toStdString();
 }
 
 // The sample's 1997 I bond was never sold and its 2026 I bond is valued before its issue; EE bonds
@@ -219,6 +227,9 @@ TEST(CliShow, JsonHasTheOfficialValuesInPennies)
         EXPECT_EQ(holdings.at(i).toObject().value("value").toInteger(), values.at(i)) << "holding " << i;
     EXPECT_EQ(holdings.at(0).toObject().value("interestEarned").toInteger(), 41472 - 2 * 5000);
     EXPECT_EQ(root.value("totals").toObject().value("value").toInteger(), 283629);
+    const auto text = TestSupport::runCli({"show", sample(), "--as-of", "2021-11"}, shipped());
+    for (const char *shown : {"Margaret Whitfield OR Thomas Whitfield", "Thomas Whitfield POD Eleanor Whitfield", "$414.72"})
+        EXPECT_TRUE(text.standardOutput.contains(shown)) << shown << '\n' << text.standardOutput.toStdString();
 }
 
 // Values computed by this program, not published by the Treasury, are marked in text and JSON,
@@ -266,26 +277,6 @@ TEST(CliShow, MarksAQuantityBelowOneAndLeavesItOutOfTheTotals)
     EXPECT_EQ(totals.value("quantity").toInteger(), 13 - left);
     for (const char *key : {"faceValue", "issuePrice", "interestEarned", "value"})
         EXPECT_GT(totals.value(key).toInteger(-1), 0) << key;
-}
-
-TEST(CliShow, RefusesWhatItCannotShow)
-{
-    const QString junk = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/junk.bondportfolio"),
-                                                "not a portfolio at all");
-    struct Case { QStringList arguments; const char *message; };
-    const Case cases[] = {
-        {{"show", junk}, "portfolio"},
-        {{"show", sample(), "--as-of", "1850-01"}, "No pricing data available for bonds with that valuation date"},
-        {{"show", sample(), "--as-of", "2021-13"}, "YYYY-MM"},
-        {{"show"}, "portfolio"},
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
-        const auto result = TestSupport::runCli(c.arguments, shipped());
-        EXPECT_NE(result.exitCode, 0);
-        EXPECT_TRUE(QString::fromUtf8(result.standardError).contains(QString::fromLatin1(c.message)))
-            << result.standardError.constData();
-    }
 }
 
 TEST(CliMakeSample, WritesTheCommittedExampleAgain)

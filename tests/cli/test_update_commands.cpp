@@ -1,7 +1,6 @@
-// publish, update and install-treasury-file together: an update directory published from the
-// repository's sources and served over HTTP brings older databases up to the shipped one, with
-// the files named and ordered as the shipped database records them; and update, by default,
-// brings the shipped database the months the Fiscal Data service has beyond it.
+// publish, update and install-treasury-file: a published update directory served over HTTP brings
+// older databases up to the shipped one; update, by default, brings the months the Fiscal Data
+// service has beyond it.
 #include "../core/QtPrinters.h"
 #include "FiscalDataTestServer.h"
 #include "LocalHttpServer.h"
@@ -52,11 +51,6 @@ QList<PriceRecord> followingMonth(const QString &database, char series, int ryr,
         records[iyr].value[cells[1].toInt() - 1] = value > 0 ? value + 3 : value;
     }
     return records.values();
-}
-
-TestSupport::ProcessResult installTreasuryFile(const QString &file, const QString &database)
-{
-    return TestSupport::runCli({"install-treasury-file", file}, environment(database));
 }
 
 // The database holds the values the shipped one holds, each in its place (rows that only mark a
@@ -136,7 +130,7 @@ TEST_F(UpdateCommands, ReadOnlyDatabaseIsCheckedButNotUpdated)
     QFile::setPermissions(database, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
     const QString csv = TestSupport::sourcePath(QStringLiteral("data/fiscaldata/i-bond-values.csv"));
-    for (const auto &result : {update(database), installTreasuryFile(csv, database)}) {
+    for (const auto &result : {update(database), TestSupport::runCli({"install-treasury-file", csv}, environment(database))}) {
         EXPECT_EQ(result.exitCode, 1);
         EXPECT_TRUE(result.standardError.contains("cannot be written")) << result.standardError.toStdString();
     }
@@ -222,7 +216,7 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnce)
     const QString newest = QStringLiteral("sb202106.asc");
     const QString database = buildDatabase(TestSupport::repositorySources({newest}));
     const QString file = TestSupport::sourcePath(QStringLiteral("data/treasury/") + newest);
-    const auto installed = installTreasuryFile(file, database);
+    const auto installed = TestSupport::runCli({"install-treasury-file", file}, environment(database));
     ASSERT_EQ(installed.exitCode, 0) << installed.standardError.toStdString();
     // Every count in its place; the last month is the newest the repository's sources hold.
     EXPECT_TRUE(QString::fromUtf8(installed.standardOutput)
@@ -236,7 +230,7 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnce)
     // now holds what one built from all sources holds.
     expectShippedValues(database);
     const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
-    const auto again = installTreasuryFile(file, database);
+    const auto again = TestSupport::runCli({"install-treasury-file", file}, environment(database));
     EXPECT_EQ(again.exitCode, 1);
     EXPECT_TRUE(again.standardError.contains("already installed")) << again.standardError.toStdString();
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), rows);

@@ -1,10 +1,9 @@
 #pragma once
-// The main of every window test: a folder of the run's own for settings, data and copies of the
-// sample's people and of the built database, set before the application reads any, so that no
-// test sees the user's files or what an earlier run left. (Qt's test mode would share one folder
-// across every run and program.) Helpers for the sample portfolio's window.
+// The main of every window test: a folder of the run's own for settings, data, people and database,
+// set before the application reads any, so that no test sees the user's files or an earlier run's.
 #include "DocumentManager.h"
 #include "HoldingsFilterModel.h"
+#include "HoldingsTableModel.h"
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
 
@@ -36,6 +35,15 @@ inline QByteArray readFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// A writable copy of the built database in the run's folder.
+inline QString copyOfDatabase(const QString &name)
+{
+    const QString copy = path(name);
+    QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), copy);
+    QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+    return copy;
+}
+
 inline QString samplePath()
 {
     return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio");
@@ -48,6 +56,11 @@ inline PortfolioWindow *openSample()
     if (window)
         new QAbstractItemModelTester(window->shownHoldingsModel(), window);
     return window;
+}
+
+inline HoldingRef holdingAt(const QAbstractItemModel *model, int row)
+{
+    return model->index(row, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>();
 }
 
 inline void selectRows(QAbstractItemView *view, const QList<int> &rows)
@@ -79,11 +92,9 @@ inline void useRunFolders()
 {
     qputenv("XDG_CONFIG_HOME", path(QStringLiteral("config")).toUtf8());
     qputenv("XDG_DATA_HOME", path(QStringLiteral("data")).toUtf8());
-    const QString people = path(QStringLiteral("people.vcf")), database = path(QStringLiteral("values.bvdb"));
+    const QString people = path(QStringLiteral("people.vcf")), database = copyOfDatabase(QStringLiteral("values.bvdb"));
     QFile::copy(QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/people.vcf"), people);
-    QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), database);
-    for (const QString &file : {people, database})
-        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+    QFile::setPermissions(people, QFile::ReadOwner | QFile::WriteOwner);
     qputenv("QUILLMERE_PEOPLE", people.toUtf8());
     qputenv("QUILLMERE_DATABASE", database.toUtf8());
     // No test reaches beyond this machine: update sources that refuse at once unless a test

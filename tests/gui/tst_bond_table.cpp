@@ -1,58 +1,94 @@
-// The bond table and its values as the user meets them: the column settings and their keys,
-// walking the editable cells, sorting, refused issue and valuation months, how computed and
-// missing values explain and colour themselves, the valuation picker's range, and the ovals of
-// the people table's counts.
+// The bond table as the user meets it: column settings and their saved keys, walking the editable
+// cells, sorting, refused months, how values explain and colour themselves, the valuation picker's
+// range, the value chart of a selected bond, and the ovals of the people table's counts.
 #include "GuiTestMain.h"
 
-#include <QSignalSpy>
 #include "BondTableColumns.h"
 #include "BondTableView.h"
 #include "ColorCircleDelegate.h"
 #include "HoldingColumns.h"
-#include "HoldingsTableModel.h"
 #include "ValuationMonthPicker.h"
+#include "ValueChartDialog.h"
 #include "base/UserDefaults.h"
 #include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QAction>
-#include <QColor>
+#include <QChart>
 #include <QElapsedTimer>
-#include <QFont>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QLineSeries>
 #include <QMenu>
+#include <QScatterSeries>
+#include <QSignalSpy>
 #include <sqlite3.h>
+
+struct ValueCase
+{
+    int row;
+    QDate issued; // null: as the sample has it
+    QDate valuedAsOf;
+    QString tip;
+    QColor colour;
+};
 
 class BondTableTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void cleanup() { GuiTest::discardWindows(); }
-
-    void columnSettingsCarryOverToTheNextWindow()
+    // Another program's connection to the database, running the SQL; null if that failed.
+    static sqlite3 *otherProgram(const QString &database, const char *sql)
     {
-        PortfolioWindow *first = GuiTest::openSample();
+        sqlite3 *db = nullptr;
+        if (sqlite3_open(database.toUtf8().constData(), &db) == SQLITE_OK && sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK)
+            return db;
+        sqlite3_close(db);
+        return nullptr;
+    }
+
+private slots:
+    void cleanup()
+    {
+        GuiTest::discardWindows();
+        UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
+    }
+
+    // Settings saved by earlier versions name the columns by these keys: the table finds every
+    // column by them and saves them unchanged; a change in one window carries over to the next.
+    void columnSettingsKeepTheirKeysAndCarryOver()
+    {
+        const QStringList keys{"series", "quantity", "issueDate", "faceValue", "issuePrice", "interestEarned", "value",
+                               "currentYield", "growthRate", "serialNumber", "paper", "owner", "co-owner",
+                               "beneficiary", "registration"};
+        QCOMPARE(keys.size(), int(HoldingColumns::Count));
+        QVariantList saved;
+        for (auto key = keys.crbegin(); key != keys.crend(); ++key)
+            saved << QVariantMap{{"key", *key}, {"width", 77.0}};
+        const QString settingsKey = QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey);
+        UserDefaults::setValue(settingsKey, saved);
+        PortfolioWindow *first = DocumentManager::instance().newDocument();
         QHeaderView *header = first->bondTable()->horizontalHeader();
+        for (int column = 0; column < HoldingColumns::Count; ++column) {
+            QCOMPARE(header->visualIndex(column), HoldingColumns::Count - 1 - column);
+            QCOMPARE(header->sectionSize(column), 77);
+        }
+        QCOMPARE(first->columns()->currentSettings(), saved);
+
         first->columns()->toggleColumnVisibility(HoldingColumns::FaceValue);
         header->resizeSection(HoldingColumns::Value, 151);
-        header->moveSection(header->visualIndex(HoldingColumns::Registration), 0);
-
+        header->moveSection(header->visualIndex(HoldingColumns::Series), 0);
         PortfolioWindow *second = DocumentManager::instance().newDocument();
         QHeaderView *again = second->bondTable()->horizontalHeader();
         QVERIFY(again->isSectionHidden(HoldingColumns::FaceValue));
         QCOMPARE(again->sectionSize(HoldingColumns::Value), 151);
-        QCOMPARE(again->logicalIndex(0), int(HoldingColumns::Registration));
+        QCOMPARE(again->logicalIndex(0), int(HoldingColumns::Series));
         for (QAction *item : second->columns()->columnMenu()->actions())
             QCOMPARE(item->isChecked(), item->text() != QLatin1String("Face Value"));
-
         // Shown again, it comes back at the right end, and the settings say so.
         second->columns()->toggleColumnVisibility(HoldingColumns::FaceValue);
-        const QVariantList saved = UserDefaults::value(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey)).toList();
-        QCOMPARE(saved.size(), int(HoldingColumns::Count));
-        QCOMPARE(saved.last().toMap().value("key").toString(), QStringLiteral("faceValue"));
-        QCOMPARE(saved.first().toMap().value("key").toString(), QStringLiteral("registration"));
-        UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
+        const QVariantList now = UserDefaults::value(settingsKey).toList();
+        QCOMPARE(now.last().toMap().value("key").toString(), QStringLiteral("faceValue"));
+        QCOMPARE(now.first().toMap().value("key").toString(), QStringLiteral("series"));
     }
 
     void anIssueMonthWithoutValuesIsRefused()
@@ -75,62 +111,40 @@ private slots:
         QVERIFY(!window->isWindowModified());
     }
 
-    // How a line explains its value: the sample's 2005 EE bond is valued from its fixed rate past
-    // the Treasury's files; an issue month the series was never sold in has no value and never
-    // will, nor one valued before its issue; a bond the database has no value for yet points to the
-    // updater. A line without value is red, one not redeemable yet blue; a valued line has no
-    // colour of its own, so that it reads in the theme's text colour.
+    // How a line explains its value: the 2005 EE bond is valued from its fixed rate; an issue month
+    // the series was never sold in has no value, nor one valued before its issue; a bond the
+    // database lacks a value for points to the updater. Red: no value; blue: not redeemable yet; a
+    // valued line has no colour of its own, so that it reads in the theme's text colour.
     void valuesSayWhy_data()
     {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QDate>("issued"); // null: as the sample has it
-        QTest::addColumn<QDate>("valuedAsOf");
-        QTest::addColumn<QString>("tip");
-        QTest::addColumn<QColor>("colour"); // invalid: the palette's
+        QTest::addColumn<ValueCase>("c");
         const QDate latest(2026, 11, 1);
         const QColor red(Qt::red);
-        const QString neverSold = QStringLiteral("no pricing data: %1; no values exist for this issue month.");
-        QTest::newRow("computed") << 1 << QDate() << latest
-                                  << QStringLiteral("computed: computed by this program, not published by the Treasury")
-                                  << QColor();
-        QTest::newRow("valued") << 3 << QDate() << latest << QString() << QColor();
-        QTest::newRow("I before 09/1998") << 6 << QDate() << latest
-                                          << neverSold.arg("Series I bonds were first issued in 09/1998") << red;
-        QTest::newRow("EE before 01/1980") << 0 << QDate(1979, 12, 1) << latest
-                                           << neverSold.arg("Series EE bonds were first issued in 01/1980") << red;
-        QTest::newRow("E after 06/1980") << 2 << QDate(1980, 7, 1) << latest
-                                         << neverSold.arg("Series E bonds were last issued in 06/1980") << red;
-        QTest::newRow("Savings Note after 10/1970") << 5 << QDate(1970, 11, 1) << latest
-                                                    << neverSold.arg("Savings Notes were last issued in 10/1970") << red;
-        QTest::newRow("valued before its issue") << 7 << QDate() << QDate(2021, 11, 1)
-                                                 << QStringLiteral("no pricing data: this bond was issued in 03/2026, after the "
-                                                                   "valuation month; it has no value before then.")
-                                                 << red;
-        QTest::newRow("not priced yet") << 0 << QDate(1995, 5, 1) << latest
-                                        << QStringLiteral("no pricing data: the database has no value for this bond in that "
-                                                          "month. Tools ▸ Update Redemption Values… installs newer values")
-                                        << red;
-        QTest::newRow("not yet redeemable") << 7 << QDate() << latest << QStringLiteral("not yet redeemable")
-                                            << QColor(Qt::blue);
+        QTest::newRow("computed") << ValueCase{1, {}, latest, "computed: computed by this program, not published by the Treasury", {}};
+        QTest::newRow("valued") << ValueCase{3, {}, latest, {}, {}};
+        QTest::newRow("never sold") << ValueCase{2, {1980, 7, 1}, latest, "no pricing data: Series E bonds were last issued in 06/1980; "
+                                                                          "no values exist for this issue month.", red};
+        QTest::newRow("valued before its issue")
+            << ValueCase{7, {}, {2021, 11, 1}, "no pricing data: this bond was issued in 03/2026, after the valuation month; it has "
+                                               "no value before then.", red};
+        QTest::newRow("not priced yet") << ValueCase{0, {1995, 5, 1}, latest, "no pricing data: the database has no value for this "
+                                                     "bond in that month. Tools ▸ Update Redemption Values… installs newer values", red};
+        QTest::newRow("not yet redeemable") << ValueCase{7, {}, latest, "not yet redeemable", QColor(Qt::blue)};
     }
     void valuesSayWhy()
     {
-        QFETCH(int, row);
-        QFETCH(QDate, issued);
-        QFETCH(QDate, valuedAsOf);
-        QFETCH(QString, tip);
-        QFETCH(QColor, colour);
+        QFETCH(ValueCase, c);
         PortfolioWindow *window = GuiTest::openSample();
         const QAbstractItemModel *model = window->bondTable()->model();
-        if (issued.isValid())
-            model->index(row, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>()->setIssueDate(Month::of(issued));
-        window->valuationPicker()->setDate(valuedAsOf);
-        const QModelIndex value = model->index(row, HoldingColumns::Value);
+        if (c.issued.isValid())
+            GuiTest::holdingAt(model, c.row)->setIssueDate(Month::of(c.issued));
+        window->valuationPicker()->setDate(c.valuedAsOf);
+        const QModelIndex value = model->index(c.row, HoldingColumns::Value);
         const QString shown = value.data(Qt::ToolTipRole).toString();
-        QVERIFY2(tip.isEmpty() ? shown.isEmpty() : shown.startsWith(tip), qPrintable(shown));
-        QCOMPARE(value.data(Qt::FontRole).value<QFont>().italic(), tip.startsWith(QLatin1String("computed")));
+        QVERIFY2(c.tip.isEmpty() ? shown.isEmpty() : shown.startsWith(c.tip), qPrintable(shown));
+        QCOMPARE(value.data(Qt::FontRole).value<QFont>().italic(), c.tip.startsWith(QLatin1String("computed")));
         for (int column : {int(HoldingColumns::Series), int(HoldingColumns::Value), int(HoldingColumns::Registration)})
-            QCOMPARE(model->index(row, column).data(Qt::ForegroundRole).value<QColor>(), colour);
+            QCOMPARE(model->index(c.row, column).data(Qt::ForegroundRole).value<QColor>(), c.colour); // invalid: the palette's
     }
 
     // Figures, dates and money sort by what they are, not by how they read.
@@ -140,21 +154,18 @@ private slots:
         QTest::addColumn<Qt::SortOrder>("order");
         QTest::addColumn<QStringList>("shown");
         const QStringList months{"05/1967", "06/1980", "01/1990", "01/1997", "09/1998", "05/2005", "01/2010", "03/2026"};
-        QStringList latestFirst = months;
-        std::reverse(latestFirst.begin(), latestFirst.end());
         QTest::newRow("issue months") << int(HoldingColumns::IssueDate) << Qt::AscendingOrder << months;
-        QTest::newRow("issue months, latest first") << int(HoldingColumns::IssueDate) << Qt::DescendingOrder << latestFirst;
+        QTest::newRow("issue months, latest first") << int(HoldingColumns::IssueDate) << Qt::DescendingOrder
+                                                    << QStringList(months.crbegin(), months.crend());
         QTest::newRow("face values") << int(HoldingColumns::FaceValue) << Qt::AscendingOrder
-                                     << QStringList{"$25.00", "$25.00", "$50.00", "$50.00", "$50.00", "$100.00",
-                                                    "$100.00", "$1,000.00"};
+                                     << QStringList{"$25.00", "$25.00", "$50.00", "$50.00", "$50.00", "$100.00", "$100.00", "$1,000.00"};
     }
     void sortingFollowsTheFigures()
     {
         QFETCH(int, column);
         QFETCH(Qt::SortOrder, order);
         QFETCH(QStringList, shown);
-        PortfolioWindow *window = GuiTest::openSample();
-        BondTableView *table = window->bondTable();
+        BondTableView *table = GuiTest::openSample()->bondTable();
         table->sortByColumn(column, order);
         QStringList texts;
         for (int row = 0; row < table->model()->rowCount(); ++row)
@@ -164,15 +175,8 @@ private slots:
 
     void aValuationMonthWithoutValuesIsRefused()
     {
-        // A copy of the database with one month missing inside its range.
-        const QString path = GuiTest::path("gap.bvdb");
-        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path));
-        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        sqlite3 *db = nullptr;
-        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
-        QCOMPARE(sqlite3_exec(db, "delete from bond_value where ryr = 2015 and rmo = 6", nullptr, nullptr, nullptr), SQLITE_OK);
-        sqlite3_close(db);
-
+        const QString path = GuiTest::copyOfDatabase("gap.bvdb");
+        sqlite3_close(otherProgram(path, "delete from bond_value where ryr = 2015 and rmo = 6"));
         PortfolioWindow window(new BondPortfolio(nullptr, path));
         window.show();
         const QDateTime before = window.portfolio()->valueOfDate();
@@ -185,78 +189,67 @@ private slots:
     }
 
     // Another program holds the database (installing a file, say): the table still paints at once,
-    // with the figures it read before, since painting reads memory only. (The program's own wait
-    // for a held database is 10 seconds.)
+    // with the figures it read before, since painting reads memory only.
     void theTablePaintsWhileAnotherProgramHoldsTheDatabase()
     {
-        const QString path = GuiTest::path("held.bvdb");
-        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path));
-        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        const QString path = GuiTest::copyOfDatabase("held.bvdb");
         auto *portfolio = new BondPortfolio(nullptr, path);
-        QString error;
-        QVERIFY2(portfolio->readFromFile(GuiTest::samplePath(), &error), qPrintable(error));
+        QVERIFY(portfolio->readFromFile(GuiTest::samplePath()));
         PortfolioWindow window(portfolio);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         const QModelIndex value = window.bondTable()->model()->index(1, HoldingColumns::Value);
         const QString shown = value.data().toString();
         QVERIFY(shown.startsWith(u'$'));
-
-        sqlite3 *db = nullptr;
-        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
         // The shipped file keeps its rollback journal: an exclusive lock keeps every reader out.
-        QCOMPARE(sqlite3_exec(db, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3 *db = otherProgram(path, "begin exclusive");
+        QVERIFY(db);
         QElapsedTimer clock;
         clock.start();
         window.bondTable()->viewport()->grab();
         const qint64 elapsed = clock.elapsed();
         const QString shownMeanwhile = value.data().toString();
-        sqlite3_exec(db, "rollback", nullptr, nullptr, nullptr);
         sqlite3_close(db);
         QVERIFY2(elapsed < 2000, qPrintable(QString::number(elapsed)));
         QCOMPARE(shownMeanwhile, shown);
     }
 
-    void everyPickerFollowsANewDatabaseRange()
+    // A new range reaches every picker: by this process's notice; from another process that
+    // installs a later month and sends none, within the periodic check or at once when the
+    // application becomes active again.
+    void thePickerFollowsANewDatabaseRange_data()
     {
-        PortfolioWindow *first = GuiTest::openSample();
-        PortfolioWindow *second = DocumentManager::instance().newDocument();
-        RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(1993, 1), BondAssessor::monthDate(2030, 4));
-        for (PortfolioWindow *window : {first, second}) {
-            QTRY_COMPARE(window->valuationPicker()->maximumDate(), QDate(2030, 4, 1));
-            QCOMPARE(window->valuationPicker()->minimumDate(), QDate(1993, 1, 1));
-        }
+        QTest::addColumn<int>("how");
+        QTest::newRow("notice") << 0;
+        QTest::newRow("periodic check") << 1;
+        QTest::newRow("application activated") << 2;
     }
-
-    // Another process installs a later month and sends this one no notice: the picker follows
-    // within its periodic check, or at once when the application becomes active again.
-    void thePickerFollowsAnotherProcessesInstallation_data()
+    void thePickerFollowsANewDatabaseRange()
     {
-        QTest::addColumn<bool>("activate");
-        QTest::newRow("periodic check") << false;
-        QTest::newRow("application activated") << true;
-    }
-    void thePickerFollowsAnotherProcessesInstallation()
-    {
-        QFETCH(bool, activate);
-        const QString path = GuiTest::path(activate ? QStringLiteral("later-a.bvdb") : QStringLiteral("later-b.bvdb"));
-        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), path));
-        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        QFETCH(int, how);
+        const QString path = GuiTest::copyOfDatabase(QStringLiteral("later-%1.bvdb").arg(how));
         PortfolioWindow window(new BondPortfolio(nullptr, path));
         window.show();
         ValuationMonthPicker *picker = window.valuationPicker();
         const QDate latest = picker->maximumDate(), later = latest.addMonths(1);
-        sqlite3 *db = nullptr;
-        QCOMPARE(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
         const QByteArray install = QStringLiteral(
             "begin immediate; insert into bond_value select series, %1, %2, iyr, imo, value from bond_value where ryr = %3 "
             "and rmo = %4; delete from max_rdate; insert into max_rdate values (%1, %2); commit;")
             .arg(later.year()).arg(later.month()).arg(latest.year()).arg(latest.month()).toUtf8();
-        QCOMPARE(sqlite3_exec(db, install.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3 *db = otherProgram(path, install.constData());
+        QVERIFY(db);
         sqlite3_close(db);
         QCOMPARE(picker->maximumDate(), latest);
         QSignalSpy figures(window.portfolio(), &BondPortfolio::figuresChanged);
-        if (activate) {
+        if (how == 0) {
+            PortfolioWindow *other = GuiTest::openSample();
+            RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(1993, 1),
+                                                          BondAssessor::monthDate(later.year(), later.month()));
+            for (ValuationMonthPicker *each : {picker, other->valuationPicker()}) {
+                QTRY_COMPARE(each->maximumDate(), later);
+                QCOMPARE(each->minimumDate(), QDate(1993, 1, 1));
+            }
+        } else if (how == 2) {
             emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
             QCOMPARE(picker->maximumDate(), later);
         } else {
@@ -272,7 +265,7 @@ private slots:
     {
         PortfolioWindow *window = GuiTest::openSample();
         const QAbstractItemModel *model = window->bondTable()->model();
-        const HoldingRef odd = model->index(0, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>();
+        const HoldingRef odd = GuiTest::holdingAt(model, 0);
         qint64 others = 0;
         for (const HoldingRef &holding : window->portfolio()->holdings())
             others += holding == odd ? 0 : holding->quantity();
@@ -285,28 +278,47 @@ private slots:
         QVERIFY2(!window->totalsText().contains(QLatin1Char('-')), qPrintable(window->totalsText()));
     }
 
-    void tabWalksTheEditableCells_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<bool>("backwards");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("to");
-        QTest::newRow("next") << int(HoldingColumns::Quantity) << false << 0 << int(HoldingColumns::IssueDate);
-        QTest::newRow("over the figures") << int(HoldingColumns::FaceValue) << false << 0 << int(HoldingColumns::SerialNumber);
-        QTest::newRow("onto the next line") << int(HoldingColumns::Beneficiary) << false << 1 << int(HoldingColumns::Series);
-        QTest::newRow("back over the figures") << int(HoldingColumns::SerialNumber) << true << 0 << int(HoldingColumns::FaceValue);
-    }
     void tabWalksTheEditableCells()
     {
-        QFETCH(int, from);
-        QFETCH(bool, backwards);
-        QFETCH(int, row);
-        QFETCH(int, to);
+        BondTableView *table = GuiTest::openSample()->bondTable();
+        using C = HoldingColumns::Column;
+        // from column, backwards, to row, to column
+        const std::tuple<C, bool, int, C> walks[] = {{C::Quantity, false, 0, C::IssueDate},
+                                                     {C::FaceValue, false, 0, C::SerialNumber}, // over the figures
+                                                     {C::Beneficiary, false, 1, C::Series},     // onto the next line
+                                                     {C::SerialNumber, true, 0, C::FaceValue}};
+        for (const auto &[from, backwards, row, to] : walks) {
+            table->setCurrentIndex(table->model()->index(0, from));
+            QTest::keyClick(table, backwards ? Qt::Key_Backtab : Qt::Key_Tab, backwards ? Qt::ShiftModifier : Qt::NoModifier);
+            QCOMPARE(table->currentIndex(), table->model()->index(row, to));
+        }
+    }
+
+    // A point per priced month from issue to the database's latest month; the marked point is the
+    // value the table shows.
+    void theValueChartFollowsTheSelectedBond()
+    {
         PortfolioWindow *window = GuiTest::openSample();
-        BondTableView *table = window->bondTable();
-        table->setCurrentIndex(table->model()->index(0, from));
-        QTest::keyClick(table, backwards ? Qt::Key_Backtab : Qt::Key_Tab, backwards ? Qt::ShiftModifier : Qt::NoModifier);
-        QCOMPARE(table->currentIndex(), table->model()->index(row, to));
+        QAction *item = window->action(PortfolioWindow::ActionId::ValueChart);
+        QVERIFY(!item->isEnabled());
+        GuiTest::selectRows(window->bondTable(), {0});
+        QVERIFY(item->isEnabled());
+        item->trigger();
+        auto *dialog = window->findChild<ValueChartDialog *>();
+        QVERIFY(dialog);
+        const auto series = dialog->chart()->series();
+        QCOMPARE(series.size(), 2);
+        auto *values = qobject_cast<QLineSeries *>(series.at(0));
+        auto *marked = qobject_cast<QScatterSeries *>(series.at(1));
+        QVERIFY(values && marked);
+        const QDate latest = window->portfolio()->assessor().maximumRedemptionDate().date();
+        const int months = Month::of(latest).index() - window->selectedHoldings().constFirst()->issueDate().index() + 1;
+        QVERIFY(values->count() > 0 && values->count() <= months);
+        QCOMPARE(values->at(values->count() - 1).x(), qreal(QDateTime(latest.addDays(1 - latest.day()), QTime(0, 0)).toMSecsSinceEpoch()));
+        for (const QPointF &point : values->points())
+            QVERIFY(point.y() > 0);
+        QCOMPARE(marked->count(), 1);
+        QCOMPARE(qRound64(marked->at(0).y() * 100), window->portfolio()->figuresOf(*window->selectedHoldings().constFirst()).value());
     }
 
     void countsDrawEqualOvalsUpToTwoDigits()
@@ -317,29 +329,6 @@ private slots:
         QCOMPARE(seven, ColorCircleDelegate::ovalRect(cell, "88", metrics));
         QVERIFY(ColorCircleDelegate::ovalRect(cell, "100", metrics).width() > seven.width());
         QCOMPARE(seven.center().x(), 30.0);
-    }
-
-    // Settings saved by earlier versions name the columns by these keys; the table still finds
-    // every column by them, and saves them again unchanged.
-    void savedColumnKeysStayTheSame()
-    {
-        const QStringList keys{"series", "quantity", "issueDate", "faceValue", "issuePrice", "interestEarned", "value",
-                               "currentYield", "growthRate", "serialNumber", "paper", "owner", "co-owner",
-                               "beneficiary", "registration"};
-        QCOMPARE(keys.size(), int(HoldingColumns::Count));
-        QVariantList saved;
-        for (auto key = keys.crbegin(); key != keys.crend(); ++key)
-            saved << QVariantMap{{"key", *key}, {"width", 77.0}};
-        const QString settingsKey = QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey);
-        UserDefaults::setValue(settingsKey, saved);
-        PortfolioWindow *window = DocumentManager::instance().newDocument();
-        QHeaderView *header = window->bondTable()->horizontalHeader();
-        for (int column = 0; column < HoldingColumns::Count; ++column) {
-            QCOMPARE(header->visualIndex(column), HoldingColumns::Count - 1 - column);
-            QCOMPARE(header->sectionSize(column), 77);
-        }
-        QCOMPARE(window->columns()->currentSettings(), saved);
-        UserDefaults::remove(settingsKey);
     }
 };
 

@@ -19,6 +19,15 @@
 
 using Id = PortfolioWindow::ActionId;
 
+struct TotalsCase
+{
+    QStringList people;
+    int rowsShown, quantityOf1997Bond;
+    QDate valuedAsOf;
+    int bondsShown;
+    QString sums, note;
+};
+
 class PortfolioWindowTest : public QObject
 {
     Q_OBJECT
@@ -60,21 +69,32 @@ private slots:
         QApplication::clipboard()->clear();
     }
 
-    void filtersBondsByPeople_data()
+    // The table, the summary and the totals line cover exactly the bonds of the people chosen. The
+    // totals line counts every bond shown and says how many it leaves out for lack of pricing data:
+    // the 1997 I bond (never sold) always, the 2026 I bond before its issue. Face value and issue
+    // price count every bond: $1,700.00 of face bought for $1,584.25 (EE on paper at half their
+    // face, E at three quarters, Savings Notes at 81 %, the rest at face).
+    void filtersAndTotalsFollowThePeopleChosen_data()
     {
-        QTest::addColumn<QStringList>("people");
-        QTest::addColumn<int>("rowsShown");
-        QTest::newRow("nobody") << QStringList() << 8;
-        QTest::newRow("one person") << QStringList{"Margaret Whitfield"} << 4;
-        QTest::newRow("two people") << QStringList{"Margaret Whitfield", "Thomas Whitfield"} << 6;
+        QTest::addColumn<TotalsCase>("c");
+        const QDate latest(2026, 11, 1);
+        QTest::newRow("nobody") << TotalsCase{{}, 8, 1, latest, 13, "face value $1,700.00 · issue price $1,584.25",
+                                              "1 bond without pricing data is not in these totals"};
+        QTest::newRow("one person, none left out") << TotalsCase{{"Margaret Whitfield"}, 4, 1, latest, 6,
+                                                                 "face value $375.00 · issue price $259.25", {}};
+        QTest::newRow("two people") << TotalsCase{{"Margaret Whitfield", "Thomas Whitfield"}, 6, 1, latest, 11,
+                                                  "face value $675.00 · issue price $559.25",
+                                                  "1 bond without pricing data is not in these totals"};
+        QTest::newRow("one holding of three") << TotalsCase{{}, 8, 3, latest, 15, "face value $1,900.00 · issue price $1,784.25",
+                                                            "3 bonds without pricing data are not in these totals"};
+        QTest::newRow("two holdings") << TotalsCase{{}, 8, 3, {2021, 11, 1}, 15, "face value $1,900.00 · issue price $1,784.25",
+                                                    "4 bonds without pricing data are not in these totals"};
     }
-    void filtersBondsByPeople()
+    void filtersAndTotalsFollowThePeopleChosen()
     {
-        QFETCH(QStringList, people);
-        QFETCH(int, rowsShown);
+        QFETCH(TotalsCase, c);
         PortfolioWindow *window = GuiTest::openSample();
         new QAbstractItemModelTester(window->peopleTable()->model(), window);
-        const QString allTotals = window->totalsText();
         auto summaryText = [window] {
             QStringList cells;
             const QAbstractItemModel *summary = window->summaryTable()->model();
@@ -82,57 +102,18 @@ private slots:
                 cells << summary->index(row, 1).data().toString();
             return cells.join(u' ');
         };
+        window->portfolio()->holdings().at(6)->setQuantity(c.quantityOf1997Bond);
+        window->valuationPicker()->setDate(c.valuedAsOf);
         const QString allSummary = summaryText();
-        selectPeople(window, people);
-        QCOMPARE(window->bondTable()->model()->rowCount(), rowsShown);
-        // The summary and the totals line cover exactly the rows shown.
-        QCOMPARE(window->shownHoldingsModel()->shownHoldings().size(), rowsShown);
-        QTRY_COMPARE(window->totalsText() == allTotals, people.isEmpty());
-        QTRY_COMPARE(summaryText() == allSummary, people.isEmpty());
-    }
-
-    // The totals line counts every bond of the holdings shown, and says how many it leaves out
-    // for lack of pricing data: the sample's 1997 I bond (never sold) always, its 2026 I bond
-    // before it was issued. Face value and issue price are per bond, so they count every bond:
-    // the sample's bonds have $1,700.00 of face value, bought for $1,584.25 (EE on paper at half
-    // their face, E at three quarters, Savings Notes at 81 %, the rest at face).
-    void totalsLineCountsBondsWithoutPricingData_data()
-    {
-        QTest::addColumn<QStringList>("people");
-        QTest::addColumn<int>("quantityOf1997Bond");
-        QTest::addColumn<QDate>("valuedAsOf");
-        QTest::addColumn<int>("bondsShown");
-        QTest::addColumn<QString>("sums");
-        QTest::addColumn<QString>("note");
-        const QDate latest(2026, 11, 1);
-        QTest::newRow("none shown") << QStringList{"Margaret Whitfield"} << 1 << latest << 6
-                                    << "face value $375.00 · issue price $259.25" << QString();
-        QTest::newRow("one") << QStringList() << 1 << latest << 13 << "face value $1,700.00 · issue price $1,584.25"
-                             << QStringLiteral("1 bond without pricing data is not in these totals");
-        QTest::newRow("one holding of three") << QStringList() << 3 << latest << 15
-                                              << "face value $1,900.00 · issue price $1,784.25"
-                                              << QStringLiteral("3 bonds without pricing data are not in these totals");
-        QTest::newRow("two holdings") << QStringList() << 3 << QDate(2021, 11, 1) << 15
-                                      << "face value $1,900.00 · issue price $1,784.25"
-                                      << QStringLiteral("4 bonds without pricing data are not in these totals");
-    }
-    void totalsLineCountsBondsWithoutPricingData()
-    {
-        QFETCH(QStringList, people);
-        QFETCH(int, quantityOf1997Bond);
-        QFETCH(QDate, valuedAsOf);
-        QFETCH(int, bondsShown);
-        QFETCH(QString, sums);
-        QFETCH(QString, note);
-        PortfolioWindow *window = GuiTest::openSample();
-        window->portfolio()->holdings().at(6)->setQuantity(quantityOf1997Bond);
-        window->valuationPicker()->setDate(valuedAsOf);
-        selectPeople(window, people);
-        QTRY_VERIFY2(window->totalsText().startsWith(QStringLiteral("Total of %1 bond(s) shown:").arg(bondsShown)),
+        selectPeople(window, c.people);
+        QCOMPARE(window->bondTable()->model()->rowCount(), c.rowsShown);
+        QCOMPARE(window->shownHoldingsModel()->shownHoldings().size(), c.rowsShown);
+        QTRY_COMPARE(summaryText() == allSummary, c.people.isEmpty());
+        QTRY_VERIFY2(window->totalsText().startsWith(QStringLiteral("Total of %1 bond(s) shown:").arg(c.bondsShown)),
                      qPrintable(window->totalsText()));
         const QStringList lines = window->totalsText().split(u'\n');
-        QVERIFY2(lines.first().contains(sums), qPrintable(lines.first()));
-        QCOMPARE(lines.mid(1), note.isEmpty() ? QStringList() : QStringList{note});
+        QVERIFY2(lines.first().contains(c.sums), qPrintable(lines.first()));
+        QCOMPARE(lines.mid(1), c.note.isEmpty() ? QStringList() : QStringList{c.note});
     }
 
     void aNewBondStaysVisibleUnderAFilter()
@@ -165,7 +146,7 @@ private slots:
         const QList<int> rows{0, 2, 5};
         QList<HoldingRef> bonds;
         for (int row : rows)
-            bonds << window->bondTable()->model()->index(row, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>();
+            bonds << GuiTest::holdingAt(window->bondTable()->model(), row);
         const int stepsBefore = undo->count();
         std::unique_ptr<QMimeData> data(window->bondTable()->mimeDataForRows(rows));
         QVERIFY(dropOnRosa(window, data.get(), action));
@@ -344,29 +325,23 @@ private slots:
     }
 
     // The save alert gives the system's reason, and the file on disk stays as it was.
-    void aFailedSaveSaysWhy_data()
-    {
-        QTest::addColumn<int>("systemError");
-        QTest::addColumn<QString>("why");
-        QTest::newRow("full disk") << int(ENOSPC) << QStringLiteral("the disk is full");
-        QTest::newRow("permission") << int(EACCES) << QStringLiteral("permission denied");
-        QTest::newRow("read-only") << int(EROFS) << QStringLiteral("read-only file system");
-    }
     void aFailedSaveSaysWhy()
     {
-        QFETCH(int, systemError);
-        QFETCH(QString, why);
         PortfolioWindow *window = GuiTest::openSample();
         const QString path = GuiTest::path(QStringLiteral("failing.bondportfolio"));
         QVERIFY(window->saveAs(path));
         const QByteArray before = GuiTest::readFile(path);
         window->portfolio()->holdings().at(0)->setQuantity(5);
-        DocumentFileWriter::failWritesForTesting(systemError);
-        const bool saved = window->save();
-        DocumentFileWriter::failWritesForTesting(0);
-        QVERIFY(!saved);
-        QCOMPARE(GuiTest::alertTexts(window),
-                 QStringList{QStringLiteral("Could not save the portfolio to %1: %2. The file on disk is unchanged.").arg(path, why)});
+        const std::pair<int, const char *> failures[] = {
+            {ENOSPC, "the disk is full"}, {EACCES, "permission denied"}, {EROFS, "read-only file system"}};
+        for (const auto &[error, why] : failures) {
+            DocumentFileWriter::failWritesForTesting(error);
+            const bool saved = window->save();
+            DocumentFileWriter::failWritesForTesting(0);
+            QVERIFY(!saved);
+            QCOMPARE(GuiTest::alertTexts(window).constLast(),
+                     QStringLiteral("Could not save the portfolio to %1: %2. The file on disk is unchanged.").arg(path, why));
+        }
         QCOMPARE(GuiTest::readFile(path), before);
         QVERIFY(window->portfolio()->isEdited());
     }

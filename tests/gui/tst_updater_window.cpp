@@ -1,13 +1,19 @@
-// The updater window against the Fiscal Data service and an update directory, both served on
-// 127.0.0.1: its status line, progress bar and buttons through a check and an installation, one
-// window at a time, and the alert of a database that cannot be written.
+// Updates against a Fiscal Data stand-in and an update directory, both served on 127.0.0.1: the
+// check the program makes by itself after start (never when turned off, once per start when on,
+// a bar in every window offering the update until values are installed); the updater window's
+// status line, progress bar and buttons through a check and an installation, one window at a
+// time, and the alert of a database that cannot be written.
 #include "GuiTestMain.h"
 #include "../support/FiscalDataTestServer.h"
 #include "../support/LocalHttpServer.h"
 #include "../support/PriceUpdateTestData.h"
+#include "UpdateAvailableBar.h"
+#include "UpdateCheckScheduler.h"
 #include "UpdaterWindow.h"
+#include "update/AutomaticUpdateCheck.h"
 #include "update/PriceUpdater.h"
 #include "update/UpdateCatalogue.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QAction>
 #include <QLabel>
@@ -15,6 +21,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QToolButton>
 
 using PriceUpdateTestData::priceFile;
 
@@ -26,6 +33,7 @@ class UpdaterWindowTest : public QObject
     FiscalDataTestServer m_service;
     QString m_database;
 
+    static bool barShown(PortfolioWindow *window) { return window->updateBar()->isVisibleTo(window); }
     static QString name(int month) { return QStringLiteral("i-2027-%1.bin").arg(month, 2, 10, QLatin1Char('0')); }
 
 private slots:
@@ -49,6 +57,50 @@ private slots:
         QFile::setPermissions(m_database, QFile::ReadOwner | QFile::WriteOwner);
         QVERIFY(PriceUpdateTestData::install(m_database, {{name(1), priceFile('I', 2027, 1, 2000, 25)}}));
         qputenv("QUILLMERE_DATABASE", m_database.toUtf8());
+    }
+
+    void theAutomaticCheckNeverRunsWhenTurnedOff()
+    {
+        AutomaticUpdateCheck::setEnabled(false);
+        PortfolioWindow *window = DocumentManager::instance().newDocument();
+        UpdateCheckScheduler::instance().start();
+        QVERIFY(!UpdateCheckScheduler::instance().isChecking());
+        QTest::qWait(200);
+        QVERIFY(m_service.http().requestedPaths().isEmpty());
+        QVERIFY(!barShown(window));
+        delete window;
+    }
+
+    void theAutomaticCheckRunsOncePerStartWithABarInEveryWindow()
+    {
+        m_service.addRecords({PriceUpdateTestData::record('N', 2021, 12, 1995, 3700)});
+        AutomaticUpdateCheck::setEnabled(true);
+        PortfolioWindow *before = DocumentManager::instance().newDocument();
+        QSignalSpy finished(&UpdateCheckScheduler::instance(), &UpdateCheckScheduler::checkFinished);
+        UpdateCheckScheduler::instance().start();
+        QVERIFY(finished.wait(20000));
+        QVERIFY(!m_service.http().requestedPaths().isEmpty());
+        QVERIFY(barShown(before));
+        QCOMPARE(before->updateBar()->message()->text(), QStringLiteral("New redemption values through 12/2021 are available."));
+        QVERIFY(AutomaticUpdateCheck::isEnabled() && !AutomaticUpdateCheck::isTimeForCheck(QDateTime::currentDateTime()));
+        // A window opened later offers it too; closing the bar puts away only that window's.
+        PortfolioWindow *after = DocumentManager::instance().newDocument();
+        QVERIFY(barShown(after));
+        QTest::mouseClick(after->updateBar()->closeButton(), Qt::LeftButton);
+        QVERIFY(!barShown(after));
+        QVERIFY(barShown(before));
+        // Once per start: another call asks nothing.
+        const qsizetype requests = m_service.http().requestedPaths().size();
+        AutomaticUpdateCheck::noteCheck(QDateTime::currentDateTime().addDays(-2));
+        UpdateCheckScheduler::instance().start();
+        QVERIFY(!UpdateCheckScheduler::instance().isChecking());
+        QTest::qWait(200);
+        QCOMPARE(m_service.http().requestedPaths().size(), requests);
+        // Values installed (by the updater, say): the offer is gone.
+        RedemptionDateRangeNotifier::instance()->post(nullptr, QDateTime(), QDateTime());
+        QTRY_VERIFY(!barShown(before));
+        delete before;
+        delete after;
     }
 
     void checkThenInstall_data()
