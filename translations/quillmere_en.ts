@@ -773,15 +773,15 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
 <context>
     <name>DocumentManager</name>
     <message>
-        <source>The portfolio could not be opened</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Open Portfolio</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Savings bond portfolios (*.%1);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1907,10 +1907,6 @@ a price list, and a list of your portfolio holdings.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The portfolio could not be opened</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Save changes?</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2178,6 +2174,10 @@ a price list, and a list of your portfolio holdings.</source>
             <numerusform></numerusform>
             <numerusform></numerusform>
         </translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2711,10 +2711,6 @@ a price list, and a list of your portfolio holdings.</source>
 <context>
     <name>ValueChartDialog</name>
     <message>
-        <source>Value of %1 %2 issued %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Redemption value</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2732,6 +2728,30 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>The database holds no values for this bond.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings Note</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>I bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>EE bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2 issued %3, 1 bond</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2 issued %3, %4 bonds</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

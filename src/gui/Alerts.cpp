@@ -1,11 +1,15 @@
 #include "Alerts.h"
 
+#include <QApplication>
 #include <QMessageBox>
 
 namespace {
 void show(QWidget *parent, QMessageBox::Icon icon, const QString &title, const QString &message)
 {
-    auto *box = new QMessageBox(icon, title, message, QMessageBox::Ok, parent);
+    // The title leads the alert in bold and the message follows, as desktop alerts read; the
+    // window's own title bar, which would cut a long title, only names the program.
+    auto *box = new QMessageBox(icon, QApplication::applicationDisplayName(), title, QMessageBox::Ok, parent);
+    box->setInformativeText(message);
     box->setAttribute(Qt::WA_DeleteOnClose);
     if (parent)
         box->setWindowModality(Qt::WindowModal);

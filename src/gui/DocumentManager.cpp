@@ -51,7 +51,7 @@ PortfolioWindow *DocumentManager::openFile(const QString &path, QWidget *parent)
     QString error;
     if (!portfolio->readFromFile(QFileInfo(path).absoluteFilePath(), &error)) {
         delete portfolio;
-        Alerts::warn(parent, tr("The portfolio could not be opened"), error);
+        Alerts::warn(parent, tr("“%1” could not be opened").arg(QFileInfo(path).fileName()), error);
         return nullptr;
     }
     noteRecentFile(portfolio->fileName());

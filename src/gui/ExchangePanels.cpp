@@ -141,9 +141,9 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvImportFile(QWidge
 
 void ExchangePanels::alert(QWidget *parent, const ExchangeAlert &alert, bool warning)
 {
-    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, alert.title, alert.message,
-                    QMessageBox::NoButton, parent);
-    box.setInformativeText(alert.informative);
+    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, QApplication::applicationDisplayName(),
+                    alert.title, QMessageBox::NoButton, parent);
+    box.setInformativeText(alert.informative.isEmpty() ? alert.message : alert.message + QStringLiteral("\n\n") + alert.informative);
     box.addButton(QApplication::translate("ExchangePanels", "Continue"), QMessageBox::AcceptRole);
     box.exec();
 }

@@ -267,7 +267,7 @@ void PortfolioWindow::revertToSaved()
     QString error;
     m_peopleTable->clearSelection();
     if (!m_portfolio->readFromFile(path, &error)) {
-        Alerts::warn(this, tr("The portfolio could not be opened"), error);
+        Alerts::warn(this, tr("“%1” could not be opened").arg(QFileInfo(path).fileName()), error);
         return;
     }
     m_portfolio->markSaved();

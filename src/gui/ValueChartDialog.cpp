@@ -23,12 +23,26 @@ qreal monthTime(int month)
 
 } // namespace
 
+QString ValueChartDialog::describe(const Holding &holding)
+{
+    const Pennies face = holding.faceValue();
+    const QString amount = face % 100 == 0 ? formatDollars(face).chopped(3) : formatDollars(face);
+    const QString code = holding.series()->code();
+    const QString kind = code == QLatin1String("S") ? tr("Savings Note")
+                         : code == QLatin1String("E") ? tr("E bond")
+                         : code == QLatin1String("I") ? tr("I bond")
+                                                      : tr("EE bond");
+    const QString issued = HoldingPresentation::issueMonthText(holding.issueDate());
+    return holding.quantity() == 1 ? tr("%1 %2 issued %3, 1 bond").arg(amount, kind, issued)
+                                   : tr("%1 %2 issued %3, %4 bonds").arg(amount, kind, issued).arg(holding.quantity());
+}
+
 ValueChartDialog::ValueChartDialog(const BondPortfolio &portfolio, HoldingRef holding, QWidget *parent)
     : QDialog(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    const QString issued = HoldingPresentation::issueMonthText(holding->issueDate());
-    setWindowTitle(tr("Value of %1 %2 issued %3").arg(holding->quantity()).arg(holding->series()->label(), issued));
+    const QString bond = describe(*holding);
+    setWindowTitle(bond);
 
     auto *values = new QLineSeries;
     values->setName(tr("Redemption value"));
@@ -54,12 +68,28 @@ ValueChartDialog::ValueChartDialog(const BondPortfolio &portfolio, HoldingRef ho
     m_chart = new QChart;
     m_chart->addSeries(values);
     m_chart->addSeries(marked);
+    // Ticks on whole years (every 1, 2, 5 or 10, at most a dozen) and on round dollar amounts.
     auto *time = new QDateTimeAxis;
     time->setFormat(QStringLiteral("yyyy"));
     time->setTitleText(tr("Redemption month"));
+    if (first != MonthIndex::None) {
+        const int firstYear = MonthIndex::yearOf(first), lastYear = MonthIndex::yearOf(std::max(first, last)) + 1;
+        int step = 1;
+        for (int candidate : {1, 2, 5, 10, 20}) {
+            step = candidate;
+            if ((lastYear - firstYear + candidate - 1) / candidate <= 12)
+                break;
+        }
+        const int years = (lastYear - firstYear + step - 1) / step * step;
+        // From noon: evenly spaced ticks drift by up to half a day against leap years, and must not
+        // fall on the last day of the year before.
+        time->setRange(QDateTime(QDate(firstYear, 1, 1), QTime(12, 0)), QDateTime(QDate(firstYear + years, 1, 1), QTime(12, 0)));
+        time->setTickCount(years / step + 1);
+    }
     auto *dollars = new QValueAxis;
     dollars->setLabelFormat(QStringLiteral("$%.0f"));
     dollars->setRange(0, top > 0 ? top * 1.05 : 1);
+    dollars->applyNiceNumbers();
     dollars->setTitleText(tr("Value"));
     m_chart->addAxis(time, Qt::AlignBottom);
     m_chart->addAxis(dollars, Qt::AlignLeft);
@@ -67,8 +97,7 @@ ValueChartDialog::ValueChartDialog(const BondPortfolio &portfolio, HoldingRef ho
         series->attachAxis(time);
         series->attachAxis(dollars);
     }
-    if (values->count() == 0)
-        m_chart->setTitle(tr("The database holds no values for this bond."));
+    m_chart->setTitle(values->count() == 0 ? tr("The database holds no values for this bond.") : bond);
 
     auto *view = new QChartView(m_chart, this);
     view->setRenderHint(QPainter::Antialiasing);

@@ -15,6 +15,8 @@ public:
     ValueChartDialog(const BondPortfolio &portfolio, HoldingRef holding, QWidget *parent = nullptr);
 
     QChart *chart() const { return m_chart; }
+    // "$100 EE bond issued 01/1990, 2 bonds": the chart's and the window's title.
+    static QString describe(const Holding &holding);
 
 private:
     QChart *m_chart = nullptr;

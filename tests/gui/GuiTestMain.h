@@ -70,12 +70,12 @@ inline void selectRows(QAbstractItemView *view, const QList<int> &rows)
         view->selectionModel()->select(view->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
-// The texts of the alerts the window shows.
+// The messages of the alerts the window shows (below their bold titles).
 inline QStringList alertTexts(QWidget *window)
 {
     QStringList texts;
     for (QMessageBox *box : window->findChildren<QMessageBox *>())
-        texts << box->text();
+        texts << (box->informativeText().isEmpty() ? box->text() : box->informativeText());
     return texts;
 }
 

@@ -18,7 +18,9 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QLineSeries>
+#include <QDateTimeAxis>
 #include <QMenu>
+#include <QValueAxis>
 #include <QScrollBar>
 #include <QScatterSeries>
 #include <QSignalSpy>
@@ -340,6 +342,18 @@ private slots:
             QVERIFY(point.y() > 0);
         QCOMPARE(marked->count(), 1);
         QCOMPARE(qRound64(marked->at(0).y() * 100), window->portfolio()->figuresOf(*window->selectedHoldings().constFirst()).value());
+        // Named as the household knows the bond; years and dollars on round steps.
+        QCOMPARE(dialog->chart()->title(), QStringLiteral("$100 EE bond issued 01/1990, 2 bonds"));
+        auto *years = qobject_cast<QDateTimeAxis *>(dialog->chart()->axes(Qt::Horizontal).constFirst());
+        QVERIFY(years && years->min().date() == QDate(1990, 1, 1) && years->max().date().dayOfYear() == 1);
+        const int span = years->max().date().year() - 1990, ticks = years->tickCount() - 1;
+        QCOMPARE(span % ticks, 0);
+        const qint64 from = years->min().toMSecsSinceEpoch(), to = years->max().toMSecsSinceEpoch();
+        for (int k = 0; k <= ticks; ++k) // every tick on the first days of its year
+            QCOMPARE(QDateTime::fromMSecsSinceEpoch(from + (to - from) * k / ticks).date().year(), 1990 + span / ticks * k);
+        auto *dollars = qobject_cast<QValueAxis *>(dialog->chart()->axes(Qt::Vertical).constFirst());
+        const double step = (dollars->max() - dollars->min()) / (dollars->tickCount() - 1);
+        QCOMPARE(step, double(qRound64(step)));
     }
 
     void countsDrawEqualOvalsUpToTwoDigits()
