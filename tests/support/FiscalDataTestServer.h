@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QUrlQuery>
 #include <algorithm>
 
@@ -103,29 +104,13 @@ private:
         }
     };
 
+    // "field:op:value,field:in:(a,b),..."
     static QList<Filter> filters(const QString &text)
     {
+        static const QRegularExpression filter(QStringLiteral("(\\w+):(\\w+):(?:\\(([^)]*)\\)|([^,]*))"));
         QList<Filter> result;
-        QString part;
-        int depth = 0;
-        auto flush = [&] {
-            const QStringList bits = part.split(QLatin1Char(':'));
-            if (bits.size() >= 3) {
-                QString value = bits.mid(2).join(QLatin1Char(':'));
-                if (value.startsWith(QLatin1Char('(')) && value.endsWith(QLatin1Char(')')))
-                    value = value.mid(1).chopped(1);
-                result.append({bits[0], bits[1], value.split(QLatin1Char(','))});
-            }
-            part.clear();
-        };
-        for (const QChar c : text) {
-            depth += c == QLatin1Char('(') ? 1 : c == QLatin1Char(')') ? -1 : 0;
-            if (c == QLatin1Char(',') && depth == 0)
-                flush();
-            else
-                part += c;
-        }
-        flush();
+        for (const QRegularExpressionMatch &m : filter.globalMatch(text))
+            result.append({m.captured(1), m.captured(2), (m.captured(3) + m.captured(4)).split(QLatin1Char(','))});
         return result;
     }
 

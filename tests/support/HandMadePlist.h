@@ -2,7 +2,6 @@
 // Binary property lists written byte by byte, for shapes no library would write.
 #include <QByteArray>
 #include <QList>
-#include <QtEndian>
 
 namespace HandMadePlist {
 
@@ -12,30 +11,9 @@ inline void appendBigEndian(QByteArray &data, quint64 value, int bytes)
         data.append(char((value >> (8 * i)) & 0xFF));
 }
 
-// Object i is the array arrays[i] of four-byte references; object 0 is the top.
-inline QByteArray binary(const QList<QList<quint32>> &arrays)
-{
-    QByteArray data("bplist00");
-    QList<quint32> offsets;
-    for (const auto &references : arrays) {
-        offsets.append(quint32(data.size()));
-        data.append(char(0xAF)).append(char(0x12)); // array, length as a four-byte integer
-        appendBigEndian(data, quint64(references.size()), 4);
-        for (quint32 reference : references)
-            appendBigEndian(data, reference, 4);
-    }
-    const quint64 tableOffset = quint64(data.size());
-    for (quint32 offset : offsets)
-        appendBigEndian(data, offset, 4);
-    data.append(QByteArray(6, '\0')).append(char(4)).append(char(4));
-    appendBigEndian(data, quint64(arrays.size()), 8);
-    appendBigEndian(data, 0, 8);
-    appendBigEndian(data, tableOffset, 8);
-    return data;
-}
-
-// Objects given as their encoded bytes (object 0 is the top; references are one byte wide).
-inline QByteArray binaryOfObjects(const QList<QByteArray> &objects)
+// Objects given as their encoded bytes (object 0 is the top), with references `referenceWidth`
+// bytes wide.
+inline QByteArray binaryOfObjects(const QList<QByteArray> &objects, int referenceWidth = 1)
 {
     QByteArray data("bplist00");
     QList<quint32> offsets;
@@ -46,11 +24,26 @@ inline QByteArray binaryOfObjects(const QList<QByteArray> &objects)
     const quint64 tableOffset = quint64(data.size());
     for (quint32 offset : offsets)
         appendBigEndian(data, offset, 4);
-    data.append(QByteArray(6, '\0')).append(char(4)).append(char(1));
+    data.append(QByteArray(6, '\0')).append(char(4)).append(char(referenceWidth));
     appendBigEndian(data, quint64(objects.size()), 8);
     appendBigEndian(data, 0, 8);
     appendBigEndian(data, tableOffset, 8);
     return data;
+}
+
+// Object i is the array arrays[i] of four-byte references; object 0 is the top.
+inline QByteArray binary(const QList<QList<quint32>> &arrays)
+{
+    QList<QByteArray> objects;
+    for (const auto &references : arrays) {
+        QByteArray array(1, char(0xAF));
+        array.append(char(0x12)); // length as a four-byte integer
+        appendBigEndian(array, quint64(references.size()), 4);
+        for (quint32 reference : references)
+            appendBigEndian(array, reference, 4);
+        objects.append(array);
+    }
+    return binaryOfObjects(objects, 4);
 }
 
 // `length` arrays, each referring `referencesEach` times to the next, then an empty one: expanded,

@@ -1,5 +1,6 @@
 #pragma once
 // Price data files and database look-ups shared by the updater tests.
+#include "update/OfficialSourceInstaller.h"
 #include "update/PriceDataFile.h"
 #include "update/PriceDataInstaller.h"
 #include "valuation/RedemptionDatabase.h"
@@ -74,6 +75,16 @@ inline bool install(const QString &database, const QList<QPair<QString, QByteArr
     }
     sqlite3_close(db);
     return ok;
+}
+
+// Installs official records into a database file, as install-treasury-file does.
+inline OfficialSourceInstaller::Outcome installOfficial(const QString &database, const NamedPriceRecords &source)
+{
+    sqlite3 *db = nullptr;
+    sqlite3_open(database.toUtf8().constData(), &db);
+    const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(db, source);
+    sqlite3_close(db);
+    return outcome;
 }
 
 } // namespace PriceUpdateTestData

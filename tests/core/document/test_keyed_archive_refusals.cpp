@@ -108,12 +108,7 @@ qint64 integer(const ObjectPtr &object, const char *key) { return std::get<qint6
 TEST(KeyedArchiveRefusal, SoundArchiveAndItsXmlFormAreRead)
 {
     const PlistPtr archive = soundArchive();
-    char *xml = nullptr;
-    uint32_t length = 0;
-    plist_to_xml(archive.get(), &xml, &length);
-    const QByteArray xmlForm(xml, qsizetype(length));
-    plist_to_xml_free(xml);
-    for (const QByteArray &bytes : {libplistBinary(archive.get()), xmlForm}) {
+    for (const QByteArray &bytes : {libplistBinary(archive.get()), libplistXml(archive.get())}) {
         SCOPED_TRACE(bytes.left(8).toStdString());
         const auto result = KeyedArchive::decode(bytes);
         ASSERT_TRUE(result.ok) << result.error.toStdString();

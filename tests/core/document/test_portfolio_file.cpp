@@ -1,3 +1,5 @@
+// Portfolio files: what a save writes and an open reads back, people this machine does not know,
+// graphs of the wrong shape, and failures that must change nothing.
 #include "../PeopleFixture.h"
 #include "../QtPrinters.h"
 #include "../ValueTableFixture.h"
@@ -9,9 +11,13 @@
 
 #include <QJsonArray>
 #include <QUndoStack>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
+
+using ObjectPtr = std::shared_ptr<ArchiveObject>;
+using ArrayPtr = std::shared_ptr<ArchiveArray>;
 
 class PortfolioFileTest : public ::testing::Test
 {
@@ -117,7 +123,7 @@ TEST_F(PortfolioFileTest, OlderBareListOpensWithTheFamilyAndPaperByDefault)
     people.store.setMe(ann->uniqueId());
     const ArchiveRef list = PortfolioArchive::encodeHoldings(makePortfolio()->holdings());
     // Older files may lack "paper" (written last); such a holding is paper.
-    std::get<std::shared_ptr<ArchiveObject>>(std::get<std::shared_ptr<ArchiveArray>>(list)->items.at(1))->fields.removeLast();
+    std::get<ObjectPtr>(std::get<ArrayPtr>(list)->items.at(1))->fields.removeLast();
     BondPortfolio opened(&people.store, database);
     QString error;
     ASSERT_TRUE(opened.loadDataRepresentation(KeyedArchive::encode(list), &error)) << error.toStdString();
@@ -164,6 +170,49 @@ TEST_F(PortfolioFileTest, FailedSaveKeepsTheOldFileAndTheEditedState)
     EXPECT_TRUE(portfolio->isEdited());
     EXPECT_EQ(portfolio->fileName(), path);
     EXPECT_EQ(TestSupport::readFile(path), saved);
+}
+
+TEST_F(PortfolioFileTest, PersonMissingFromTheStoreVanishesFromListAndRoles)
+{
+    PeopleFixture otherMachine; // knows Ann alone
+    const PersonRef kept = Person::create(otherMachine.store.createRecord(*ann->record()));
+    const auto portfolio = makePortfolio();
+    const auto decoded = PortfolioArchive::decodePortfolio(
+        PortfolioArchive::encodePortfolio(portfolio->holdings(), portfolio->titleHolders()), otherMachine.store);
+    ASSERT_TRUE(decoded.ok);
+    EXPECT_EQ(decoded.missingPeople, 2) << "Bob, in the list and on both holdings, counts once";
+    ASSERT_EQ(decoded.titleHolders.size(), 1);
+    EXPECT_TRUE(samePerson(decoded.titleHolders.at(0).get(), kept.get()));
+    EXPECT_EQ(decoded.holdings.at(0)->beneficiary(), nullptr);
+    EXPECT_EQ(decoded.holdings.at(0)->owner(), decoded.titleHolders.at(0));
+}
+
+ArchiveRef &holdingsEntry(ArchiveRef &root) { return std::get<std::shared_ptr<ArchiveDictionary>>(root)->entries[0].second; }
+ArrayPtr holdingList(ArchiveRef &root) { return std::get<ArrayPtr>(holdingsEntry(root)); }
+ObjectPtr firstHolding(ArchiveRef &root) { return std::get<ObjectPtr>(holdingList(root)->items[0]); }
+
+TEST_F(PortfolioFileTest, RefusesGraphsOfTheWrongShape)
+{
+    const auto portfolio = makePortfolio();
+    const std::pair<const char *, std::function<void(ArchiveRef &)>> cases[] = {
+        {"root is a string", [](ArchiveRef &r) { r = QStringLiteral("hello"); }},
+        {"holdings not a list", [](ArchiveRef &r) { holdingsEntry(r) = QStringLiteral("x"); }},
+        {"holding of another class", [](ArchiveRef &r) { firstHolding(r)->className = QStringLiteral("NSObject"); }},
+        {"quantity too large", [](ArchiveRef &r) { firstHolding(r)->set("quantity", qint64(1) << 33); }},
+        {"face value is text", [](ArchiveRef &r) { firstHolding(r)->set("faceValue", ArchiveRef(QStringLiteral("5000"))); }},
+        {"owner is a holding", [](ArchiveRef &r) { firstHolding(r)->set("owner", firstHolding(r)); }},
+        {"holding listed twice", [](ArchiveRef &r) { const auto list = holdingList(r); list->items << ArchiveRef(list->items[0]); }},
+    };
+    for (const auto &[name, spoil] : cases) {
+        SCOPED_TRACE(name);
+        ArchiveRef root = PortfolioArchive::encodePortfolio(portfolio->holdings(), portfolio->titleHolders());
+        spoil(root);
+        const auto decoded = PortfolioArchive::decodePortfolio(root, people.store);
+        EXPECT_FALSE(decoded.ok);
+        EXPECT_FALSE(decoded.error.isEmpty());
+        EXPECT_TRUE(decoded.holdings.isEmpty());
+    }
+    EXPECT_EQ(ann->ownerHoldingsCount(), QVariant(1)) << "the originals are untouched";
 }
 
 } // namespace

@@ -82,6 +82,7 @@ TEST(Holding, AnnouncesKeyOldValueAndDerivedFigures)
     QObject::connect(&h, &Holding::changesCompleted, [&] { ++completed; });
     h.setFaceValue(5000);
     h.setQuantity(3);
+    h.setQuantity(3);
     h.setSerialNumber(QStringLiteral("Q1"));
     h.setSerialNumber(QStringLiteral("Q1"));
     EXPECT_EQ(changes, (QList<std::pair<HoldingProperty, QVariant>>{

@@ -5,10 +5,8 @@
 #include "TestSupport.h"
 #include "base/UserDefaults.h"
 #include "update/AutomaticUpdateCheck.h"
-#include "update/OfficialSourceInstaller.h"
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 namespace {
 
@@ -60,10 +58,7 @@ TEST(CurrentValues, ADatabaseCurrentInEverySeriesHasThem)
     QList<PriceRecord> records;
     for (const char series : {'E', 'N', 'I', 'S'})
         records << PriceUpdateTestData::record(series, 2026, 11, 2000, 3000);
-    sqlite3 *db = nullptr;
-    ASSERT_EQ(sqlite3_open(database.toUtf8().constData(), &db), SQLITE_OK);
-    ASSERT_TRUE(OfficialSourceInstaller::install(db, {"current", records}).ok());
-    sqlite3_close(db);
+    ASSERT_TRUE(PriceUpdateTestData::installOfficial(database, {"current", records}).ok());
     EXPECT_FALSE(AutomaticUpdateCheck::lacksCurrentValues(database, Now));
     EXPECT_TRUE(AutomaticUpdateCheck::lacksCurrentValues(database, Now.addMonths(1)));
     EXPECT_FALSE(AutomaticUpdateCheck::lacksCurrentValues(TestSupport::temporaryDirectory() + "/none.bvdb", Now));

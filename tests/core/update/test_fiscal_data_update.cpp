@@ -5,7 +5,6 @@
 #include "FiscalDataTestServer.h"
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
-#include "update/OfficialSourceInstaller.h"
 #include "update/PriceUpdater.h"
 #include "update/fiscaldata/FiscalDataClient.h"
 #include "valuation/BondAssessor.h"
@@ -13,7 +12,6 @@
 
 #include <qtestsupport_core.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 using namespace PriceUpdateTestData;
 
@@ -22,25 +20,20 @@ namespace {
 const QString UpToDate = QStringLiteral("Your redemption values are up to date");
 const QString SomeFailed = QStringLiteral("Some updates could not be performed");
 
-// Two issue years of one series and redemption month; values told apart by month and year.
-QList<PriceRecord> month(char series, int ryr, int rmo, qint32 base = 5000)
+// Two issue years of each redemption month of one series; values told apart by month and year.
+QList<PriceRecord> months(char series, int ryr, QList<int> rmos)
 {
     QList<PriceRecord> records;
-    for (int iyr : {2000, 2001}) {
-        records << record(series, ryr, rmo, iyr);
-        for (int k = 0; k < 12; ++k)
-            records.last().value[k] = base + (iyr - 2000) * 100 + k + ryr % 100 * 10 + rmo;
+    for (int rmo : rmos) {
+        for (int iyr : {2000, 2001}) {
+            records << record(series, ryr, rmo, iyr);
+            for (int k = 0; k < 12; ++k)
+                records.last().value[k] = 5000 + (iyr - 2000) * 100 + k + ryr % 100 * 10 + rmo;
+        }
     }
     return records;
 }
-
-QList<PriceRecord> months(char series, int ryr, QList<int> rmos, qint32 base = 5000)
-{
-    QList<PriceRecord> records;
-    for (int rmo : rmos)
-        records += month(series, ryr, rmo, base);
-    return records;
-}
+QList<PriceRecord> month(char series, int ryr, int rmo) { return months(series, ryr, {rmo}); }
 
 class FiscalDataUpdateTest : public ::testing::Test
 {
@@ -49,10 +42,7 @@ protected:
     {
         database = TestSupport::emptyDatabase();
         // Installed: EE for 01 and 03/2024 (02 missing), I for 01 to 03/2024.
-        sqlite3 *db = nullptr;
-        ASSERT_EQ(sqlite3_open(database.toUtf8().constData(), &db), SQLITE_OK);
-        const auto outcome = OfficialSourceInstaller::install(db, {"sb202401.asc", months('N', 2024, {1, 3}) + months('I', 2024, {1, 2, 3})});
-        sqlite3_close(db);
+        const auto outcome = installOfficial(database, {"sb202401.asc", months('N', 2024, {1, 3}) + months('I', 2024, {1, 2, 3})});
         ASSERT_TRUE(outcome.ok()) << outcome.error.toStdString();
         // The service holds EE and I from 01 to 06/2024, the installed months with the same values.
         service.addRecords(months('N', 2024, {1, 2, 3, 4, 5, 6}) + months('I', 2024, {1, 2, 3, 4, 5, 6}));
@@ -288,10 +278,7 @@ TEST_F(FiscalDataUpdateTest, ContradictionRefusesTheWholeUpdate)
     service.setFaults({.beforeFirstPage = [this, &before] {
         QList<PriceRecord> april = month('I', 2024, 4);
         april[0].value[4] += 1;
-        sqlite3 *db = nullptr;
-        sqlite3_open(database.toUtf8().constData(), &db);
-        OfficialSourceInstaller::install(db, {"sb202404.asc", april});
-        sqlite3_close(db);
+        installOfficial(database, {"sb202404.asc", april});
         before = fingerprint();
     }});
     auto updater = makeUpdater();

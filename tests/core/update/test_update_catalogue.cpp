@@ -2,31 +2,22 @@
 // files. (The delta against the installed files is tested through the updater.)
 #include "../QtPrinters.h"
 #include "HandMadePlist.h"
+#include "IndependentReaders.h"
 #include "base/UserDefaults.h"
 #include "update/UpdateCatalogue.h"
 #include "update/UpdateLocation.h"
 
 #include <gtest/gtest.h>
-#include <plist/plist.h>
 
 namespace {
 
 // The catalogue as libplist, which the program does not use, writes it in either form.
 QByteArray libplistCatalogue(const QStringList &entries, bool binary)
 {
-    plist_t root = plist_new_array();
+    const PlistPtr root(plist_new_array());
     for (const QString &entry : entries)
-        plist_array_append_item(root, plist_new_string(entry.toUtf8().constData()));
-    char *bytes = nullptr;
-    uint32_t length = 0;
-    if (binary)
-        plist_to_bin(root, &bytes, &length);
-    else
-        plist_to_xml(root, &bytes, &length);
-    QByteArray result(bytes, length);
-    free(bytes);
-    plist_free(root);
-    return result;
+        plist_array_append_item(root.get(), plist_new_string(entry.toUtf8().constData()));
+    return binary ? libplistBinary(root.get()) : libplistXml(root.get());
 }
 
 QByteArray binaryPlist(const QStringList &entries) { return libplistCatalogue(entries, true); }
@@ -144,6 +135,15 @@ TEST(UpdateLocation, EnvironmentThenSettingsThenTheCompiledBase)
     EXPECT_EQ(UpdateLocation::baseUrl(), QUrl(QStringLiteral("http://mirror.test/bonds/")));
     qunsetenv(variable.constData());
     UserDefaults::remove(key);
+}
+
+// The Fiscal Data service is asked over HTTP or HTTPS only.
+TEST(UpdateLocation, FiscalDataRootTakesOnlyWebAddresses)
+{
+    const QByteArray kept = qgetenv(UpdateLocation::FiscalDataRootEnvironmentVariable);
+    qputenv(UpdateLocation::FiscalDataRootEnvironmentVariable, "ftp://127.0.0.1/fiscal");
+    EXPECT_EQ(UpdateLocation::fiscalDataRoot(), QUrl(QString::fromLatin1(UpdateLocation::DefaultFiscalDataRoot)));
+    qputenv(UpdateLocation::FiscalDataRootEnvironmentVariable, kept);
 }
 
 } // namespace

@@ -1,11 +1,17 @@
+// The figures of one holding, and the totals of several: values, interest, growth and yield, and
+// why a bond without pricing data has none (not priced yet, never sold in its issue month, or
+// valued before its issue).
 #include "../QtPrinters.h"
 #include "../PortfolioFixture.h"
-#include "model/Holding.h"
+#include "document/HoldingPresentation.h"
 #include "valuation/HoldingFigures.h"
 
 #include <gtest/gtest.h>
 
 namespace {
+
+using S = HoldingStatus;
+using HoldingPresentation::Remark;
 
 // EE bonds issued March 2000, valued January 2002 (interest period November 2001 to May 2002).
 class HoldingValuation : public ::testing::Test, public PortfolioFixture
@@ -36,28 +42,67 @@ TEST_F(HoldingValuation, WorkedExamplePaperAndElectronic)
     };
     EXPECT_EQ(figures(paper), std::tuple(1, 2500, 12000, 7000));
     EXPECT_EQ(figures(electronic), std::tuple(2, 5000, 24000, 14000));
-    EXPECT_EQ(figuresOf(paper).status(), HoldingStatus::Valued);
 }
 
-TEST_F(HoldingValuation, MarkersCountAsZeroAndGiveTheStatus)
+// A bond without a value counts as zero in every figure; its status tells a month never sold
+// from one not priced yet.
+TEST_F(HoldingValuation, StatusOfEveryBondWithoutAValue)
 {
-    struct Case { const char *name; HoldingRef holding; bool valid, redeemable; HoldingStatus status; };
-    const Case cases[] = {
-        {"no row", make("N", 1999, 3, 5000, 1), false, true, HoldingStatus::NoPricingData},
-        {"not yet redeemable", make("N", 2001, 9, 5000, 1), true, false, HoldingStatus::NotYetRedeemable},
-        {"electronic reads -1 as -2", make("N", 2001, 9, 5000, 1, {}, false), false, true, HoldingStatus::NoPricingData},
-        {"no issue date", make("N", 2000, 3, 5000, 1), true, true, HoldingStatus::Valued},
+    const struct { const char *code; int year, month; S status; Remark remark; bool paper = true; } cases[] = {
+        {"N", 2000, 3, S::Valued, Remark::None},
+        {"N", 2001, 9, S::NotYetRedeemable, Remark::NotYetRedeemable},
+        {"N", 2001, 9, S::NoPricingData, Remark::NoPricingData, false}, // an electronic bond reads -1 as -2
+        {"N", 2000, 4, S::NoPricingData, Remark::NoPricingData},
+        {"N", 1980, 1, S::NoPricingData, Remark::NoPricingData},
+        {"N", 1979, 12, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"I", 1998, 9, S::NoPricingData, Remark::NoPricingData},
+        {"I", 1998, 8, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"E", 1941, 5, S::NoPricingData, Remark::NoPricingData},
+        {"E", 1941, 4, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"E", 1980, 6, S::NoPricingData, Remark::NoPricingData},
+        {"E", 1980, 7, S::AfterSeriesEnded, Remark::NoPricingData},
+        {"S", 1967, 5, S::NoPricingData, Remark::NoPricingData},
+        {"S", 1967, 4, S::BeforeSeriesBegan, Remark::NoPricingData},
+        {"S", 1970, 10, S::NoPricingData, Remark::NoPricingData},
+        {"S", 1970, 11, S::AfterSeriesEnded, Remark::NoPricingData},
+        {"N", 2002, 1, S::NoPricingData, Remark::NoPricingData},
+        {"N", 2002, 2, S::NotIssuedYet, Remark::NoPricingData}, // after the valuation month
+        {"I", 0, 0, S::Valued, Remark::None}, // no issue date: nothing to look up
     };
-    cases[3].holding->setIssueDate(Month());
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
+        SCOPED_TRACE(testing::Message() << c.code << ' ' << c.year << '-' << c.month << (c.paper ? "" : " electronic"));
+        const HoldingFigures figures = figuresOf(make(c.code, c.year, c.month, 5000, 1, {}, c.paper));
+        EXPECT_EQ(figures.status(), c.status);
+        EXPECT_EQ(HoldingPresentation::pricingRemarkOf(figures), c.remark);
+        EXPECT_EQ(figures.isValidIssue(), !lacksPricingData(c.status));
+        EXPECT_EQ(figures.isRedeemableIssue(), c.status != S::NotYetRedeemable);
+        if (c.status == S::Valued && c.year)
+            continue;
+        EXPECT_EQ(figures.value(), 0);
+        EXPECT_EQ(figures.interestEarned(), 0) << "interest is never negative";
+        EXPECT_EQ(figures.compoundAnnualGrowthRate(), 0.0f);
+    }
+}
+
+// Bonds, not holdings, are counted, as the totals count their quantity.
+TEST_F(HoldingValuation, TotalsCountBondsAndTheBondsLeftOut)
+{
+    struct Bond { const char *code; int year, month, quantity; };
+    const struct { const char *name; QList<Bond> bonds; qint64 quantity, left; Pennies face, price, value; } cases[] = {
+        {"all priced", {{"N", 2000, 3, 2}, {"N", 2001, 9, 4}}, 6, 0, 6 * 5000, 6 * 2500, 2 * 6000},
+        {"one", {{"N", 2000, 3, 2}, {"I", 1997, 1, 1}}, 3, 1, 3 * 5000, 4 * 2500, 2 * 6000},
+        {"several, with quantities",
+         {{"N", 2000, 3, 1}, {"I", 1997, 1, 3}, {"N", 2000, 4, 2}, {"E", 1980, 7, 0}, {"I", 2000, 3, 1}, {"I", 2002, 6, 4}},
+         11, 9, 11 * 5000, 1 * 2500 + 8 * 5000 + 2 * 2500, 6000 + 4800},
+    };
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        const HoldingFigures f = figuresOf(c.holding);
-        EXPECT_EQ(f.value(), 0);
-        EXPECT_EQ(f.interestEarned(), 0) << "interest is never negative";
-        EXPECT_EQ(f.isValidIssue(), c.valid);
-        EXPECT_EQ(f.isRedeemableIssue(), c.redeemable);
-        EXPECT_EQ(f.status(), c.status);
-        EXPECT_EQ(f.compoundAnnualGrowthRate(), 0.0f);
+        QList<HoldingRef> holdings;
+        for (const Bond &b : c.bonds)
+            holdings << make(b.code, b.year, b.month, 5000, b.quantity);
+        const HoldingTotals totals = HoldingTotals::of(portfolio->valuationContext(), holdings);
+        EXPECT_EQ(std::tuple(totals.quantity, totals.withoutPricingData, totals.faceValue, totals.issuePrice, totals.value),
+                  std::tuple(c.quantity, c.left, c.face, c.price, c.value));
     }
 }
 

@@ -1,8 +1,9 @@
-// The announcements item models rely on: before-and-after pairs for list changes, and a refresh
-// when the database's range moves.
+// What views of a portfolio rely on: which holdings show when people are chosen, before-and-after
+// announcements of list changes, and a refresh when the database's range moves.
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
 #include "document/BondPortfolio.h"
+#include "model/HoldingFilter.h"
 #include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QCoreApplication>
@@ -11,10 +12,10 @@
 
 namespace {
 
-class PortfolioAnnouncements : public ::testing::Test
+class PortfolioViews : public ::testing::Test
 {
 protected:
-    PortfolioAnnouncements()
+    PortfolioViews()
         : portfolio(&people.store, ValueTable().finish())
     {
         portfolio.setTitleHolders({ann, bob, cy});
@@ -27,13 +28,46 @@ protected:
         portfolio.setHoldings(bonds);
     }
 
+    QList<Holding *> shown(const HoldingFilter &filter) const
+    {
+        QList<Holding *> out;
+        for (const HoldingRef &h : filter.shownOf(bonds))
+            out << h.get();
+        return out;
+    }
+
     PeopleFixture people;
     BondPortfolio portfolio;
     PersonRef ann = people.person("Ann", "Smith"), bob = people.person("Bob", "Jones"), cy = people.person("Cy", "Young");
     const QList<HoldingRef> bonds{Holding::create(), Holding::create(), Holding::create(), Holding::create()};
 };
 
-TEST_F(PortfolioAnnouncements, ListChangesAreAnnouncedBeforeAndAfter)
+TEST_F(PortfolioViews, FilterShowsHoldingsNamingAnyChosenPersonInAnyRole)
+{
+    EXPECT_EQ(shown(HoldingFilter()).size(), 4);
+    EXPECT_EQ(shown(HoldingFilter({bob})), (QList<Holding *>{bonds[1].get(), bonds[2].get()}));
+    EXPECT_EQ(shown(HoldingFilter({ann, bob})), (QList<Holding *>{bonds[0].get(), bonds[1].get(), bonds[2].get()}));
+    // An equal person from elsewhere (another window's copy) chooses the same bonds.
+    EXPECT_EQ(shown(HoldingFilter({Person::create(cy->record())})), (QList<Holding *>{bonds[1].get()}));
+    // A kept holding stays shown until the filter is replaced.
+    HoldingFilter filter({ann});
+    filter.keepShown(bonds[3]);
+    EXPECT_EQ(shown(filter), (QList<Holding *>{bonds[0].get(), bonds[3].get()}));
+    EXPECT_EQ(shown(HoldingFilter({ann})), (QList<Holding *>{bonds[0].get()}));
+}
+
+TEST_F(PortfolioViews, APersonLeavingTheListNoLongerNarrowsTheHoldings)
+{
+    HoldingFilter filter({ann, bob});
+    EXPECT_FALSE(filter.keepOnly({ann, bob, cy}));
+    EXPECT_TRUE(filter.keepOnly({bob, cy}));
+    EXPECT_EQ(filter.people(), (QList<PersonRef>{bob}));
+    EXPECT_TRUE(filter.keepOnly({cy}));
+    EXPECT_TRUE(filter.isEmpty());
+    EXPECT_EQ(shown(filter).size(), 4);
+}
+
+TEST_F(PortfolioViews, ListChangesAreAnnouncedBeforeAndAfter)
 {
     QStringList order;
     auto note = [&order](const char *what) { return [&order, what] { order << QLatin1String(what); }; };
@@ -49,13 +83,12 @@ TEST_F(PortfolioAnnouncements, ListChangesAreAnnouncedBeforeAndAfter)
     EXPECT_EQ(order, (QStringList{"before insert", "insert", "before reset", "reset", "before people", "people"}));
 }
 
-TEST_F(PortfolioAnnouncements, ANewDatabaseRangeRefreshesEveryFigure)
+TEST_F(PortfolioViews, ANewDatabaseRangeRefreshesEveryFigure)
 {
     int figures = 0, summaries = 0;
     QObject::connect(&portfolio, &BondPortfolio::figuresChanged, [&] { ++figures; });
     QObject::connect(&portfolio, &BondPortfolio::interestSummaryChanged, [&] { ++summaries; });
-    RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(2000, 1),
-                                                  BondAssessor::monthDate(2001, 1));
+    RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(2000, 1), BondAssessor::monthDate(2001, 1));
     const QDeadlineTimer deadline(2000);
     while (figures == 0 && !deadline.hasExpired())
         QCoreApplication::processEvents();
