@@ -110,18 +110,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Savings Notes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Series EE bonds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Series %1 bonds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the database has no value for this bond in that month; &quot;quillmere-cli update&quot; installs newer values once the Treasury has published them</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1002,10 +990,6 @@ a price list, and a list of your portfolio holdings.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>series %1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the reply runs to more than %1 pages</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1026,11 +1010,15 @@ a price list, and a list of your portfolio holdings.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Fiscal Data lists series %1, redemption month %2, issue year %3 twice with different values</source>
+        <source>Fiscal Data (%1): %2 records arrived where the service announced %3</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Fiscal Data (%1): %2 records arrived where the service announced %3</source>
+        <source>%1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fiscal Data lists %1, redemption month %2, issue year %3 twice with different values</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1213,22 +1201,6 @@ a price list, and a list of your portfolio holdings.</source>
 <context>
     <name>HoldingExplanations</name>
     <message>
-        <source>Savings Notes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Series EE bonds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Series I bonds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Series E bonds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the database has no value for this bond in that month. Tools ▸ Update Redemption Values… installs newer values once the Treasury has published them.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1271,10 +1243,6 @@ a price list, and a list of your portfolio holdings.</source>
 <context>
     <name>HoldingPresentation</name>
     <message>
-        <source>computed by this program, not published by the Treasury: Series EE bonds issued since May 2005 from their fixed rate, matured bonds from their value at final maturity</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 and before</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1284,6 +1252,26 @@ a price list, and a list of your portfolio holdings.</source>
             <numerusform></numerusform>
             <numerusform></numerusform>
         </translation>
+    </message>
+    <message>
+        <source>computed by this program, not published by the Treasury: Series EE bonds issued since May 2005 from their fixed rate, matured bonds from their value at final maturity, and 09/2001 to 02/2002, which the Treasury&apos;s files lack, filled between official months</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>computed by this program, not published by the Treasury</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the bond stopped earning at final maturity in %1 and keeps that value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>from the fixed rate this Series EE bond earns for life</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the Treasury&apos;s files lack 09/2001 to 02/2002; filled between the official months by the rule of the bond&apos;s interest period</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1538,10 +1526,6 @@ a price list, and a list of your portfolio holdings.</source>
 <context>
     <name>OfficialSourceInstaller</name>
     <message>
-        <source>series %1, redemption month %2-%3, issue year %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>no value</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1558,15 +1542,19 @@ a price list, and a list of your portfolio holdings.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1: series %2, issue month %3-%4, redemption month %5-%6: %7 differs from the installed official value %8</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 was not installed: %2</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>could not update summary tables: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, redemption month %2-%3, issue year %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2, issue month %3-%4, redemption month %5-%6: %7 differs from the installed official value %8</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2447,6 +2435,25 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>%1: cannot be replaced by the new database</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Series</name>
+    <message>
+        <source>Series E bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series EE bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Series I bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings Notes</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -10,11 +10,7 @@ namespace {
 
 QString seriesBonds(const Series *series)
 {
-    if (series->code() == QLatin1String("S"))
-        return CliText::tr("Savings Notes");
-    if (series == Series::eeBond())
-        return CliText::tr("Series EE bonds");
-    return CliText::tr("Series %1 bonds").arg(series->code());
+    return series->bondsName();
 }
 
 

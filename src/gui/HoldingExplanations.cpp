@@ -8,13 +8,7 @@ namespace {
 
 QString seriesBonds(const Series *series)
 {
-    if (series->code() == QLatin1String("S"))
-        return HoldingExplanations::tr("Savings Notes");
-    if (series == Series::eeBond())
-        return HoldingExplanations::tr("Series EE bonds");
-    if (series->code() == QLatin1String("I"))
-        return HoldingExplanations::tr("Series I bonds");
-    return HoldingExplanations::tr("Series E bonds");
+    return series->bondsName();
 }
 
 
@@ -50,7 +44,7 @@ QString HoldingExplanations::valueTip(const HoldingFigures &holding)
     const Remark remark = HoldingPresentation::remarkOf(holding);
     switch (remark) {
     case Remark::Computed:
-        return tr("computed") + QStringLiteral(": ") + HoldingPresentation::derivedValueNote();
+        return tr("computed") + QStringLiteral(": ") + HoldingPresentation::derivedValueNote(holding);
     case Remark::NoPricingData:
         return tr("no pricing data") + QStringLiteral(": ") + whyNoValue(holding);
     case Remark::NotYetRedeemable:

@@ -89,6 +89,16 @@ PortfolioWindow::~PortfolioWindow()
     m_actions.clear();
     m_bondTable = nullptr;
     delete centralWidget();
+    // The models (and anything watching them) are the window's children, which would otherwise
+    // outlive the document: its holdings, going, still announce changes to their people.
+    delete m_summaryModel;
+    delete m_filterModel;
+    delete m_holdingsModel;
+    delete m_peopleModel;
+    m_summaryModel = nullptr;
+    m_filterModel = nullptr;
+    m_holdingsModel = nullptr;
+    m_peopleModel = nullptr;
 }
 
 QWidget *PortfolioWindow::createPeopleAndSummary()

@@ -116,12 +116,12 @@ private slots:
         QTest::newRow("two files installed") << QStringList{name(1), name(2), name(3)} << 0 << 0 << "2 update(s) available"
                                              << "All updates installed" << true;
         QTest::newRow("a bad file") << QStringList{name(1), QStringLiteral("bad.bin")} << 0 << 0 << "1 update(s) available"
-                                    << "Some updates could not be performed\nbad.bin: series I, issue month 2000-01" << false;
+                                    << "Some updates could not be performed\nbad.bin: Series I bonds, issue month 2000-01" << false;
         QTest::newRow("service: up to date") << QStringList() << 0 << 0 << upToDate << QString() << false;
         QTest::newRow("service: a month installed") << QStringList() << 5 << 0 << "Values for 12/2021 are available"
                                                    << "Installed values for 12/2021" << true;
         QTest::newRow("service: a failing page") << QStringList() << 5 << 1 << "Values for 12/2021 are available"
-                                                 << "Some updates could not be performed\nFiscal Data (series ENS, 2001-09 "
+                                                 << "Some updates could not be performed\nFiscal Data (Series E bonds, Series EE bonds, Savings Notes, 2001-09 "
                                                     "to 2002-02), page 1: the server answered with status 500" << false;
     }
     void checkThenInstall()

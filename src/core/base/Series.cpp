@@ -1,5 +1,8 @@
 #include "base/Series.h"
 
+#include <QCoreApplication>
+#include <QStringList>
+
 #include "base/UserDefaults.h"
 
 #include <QHash>
@@ -117,6 +120,33 @@ bool Series::wasIssuedIn(Month month) const
         return true;
     const Month last = lastIssue();
     return month >= firstIssue() && (last.isNull() || month <= last);
+}
+
+QString Series::bondsName() const
+{
+    switch (kind().unicode()) {
+    case 'E': return QCoreApplication::translate("Series", "Series E bonds");
+    case 'N': return QCoreApplication::translate("Series", "Series EE bonds");
+    case 'I': return QCoreApplication::translate("Series", "Series I bonds");
+    default: return QCoreApplication::translate("Series", "Savings Notes");
+    }
+}
+
+QString Series::bondsNamesOfCodes(QStringView codes)
+{
+    QStringList names;
+    for (const QChar code : codes) {
+        const Series *series = seriesForCode(QString(code));
+        names << (series ? series->bondsName() : QString(code));
+    }
+    return names.join(QStringLiteral(", "));
+}
+
+Month Series::finalMaturity(Month issue) const
+{
+    if (issue.isNull())
+        return {};
+    return issue.addMonths((kind() == u'E' && issue <= Month(1965, 11) ? 40 : 30) * 12);
 }
 
 int Series::compare(const Series *other) const

@@ -21,6 +21,10 @@ public:
     static void setDefaultSeries(const Series *series);
 
     QString label() const { return m_label; }
+    // The bonds as people name them in a sentence: "Series EE bonds", "Savings Notes".
+    QString bondsName() const;
+    // The same for the series of one-letter codes ("ENS"), joined by commas; unknown codes as they are.
+    static QString bondsNamesOfCodes(QStringView codes);
     QString code() const { return m_code; }
     // Dollars for one $25 unit of face value; a fixed constant per code, used by the Quicken export.
     double sharePrice() const;
@@ -31,6 +35,9 @@ public:
     Month lastIssue() const;
     // False for a month outside those; true for a null month, which has nothing to judge.
     bool wasIssuedIn(Month month) const;
+    // The month a bond issued in the month stops earning: 40 years for E bonds issued through
+    // 11/1965, 30 years for every other bond. Null for a null month.
+    Month finalMaturity(Month issue) const;
     // Case-insensitive comparison of labels: negative, zero or positive.
     int compare(const Series *other) const;
 

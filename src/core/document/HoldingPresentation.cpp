@@ -49,7 +49,30 @@ QString derivedValueNote()
     return QCoreApplication::translate("HoldingPresentation",
                                        "computed by this program, not published by the Treasury: Series EE bonds "
                                        "issued since May 2005 from their fixed rate, matured bonds from their value at "
-                                       "final maturity");
+                                       "final maturity, and 09/2001 to 02/2002, which the Treasury's files lack, filled "
+                                       "between official months");
+}
+
+QString derivedValueNote(const HoldingFigures &holding)
+{
+    const QString intro = QCoreApplication::translate("HoldingPresentation", "computed by this program, not published by the Treasury");
+    switch (holding.derivedRule()) {
+    case HoldingFigures::DerivedRule::CarriedFromFinalMaturity:
+        return intro + QStringLiteral(": ")
+               + QCoreApplication::translate("HoldingPresentation", "the bond stopped earning at final maturity in %1 and keeps that value")
+                     .arg(holding.bond().series->finalMaturity(holding.bond().issueMonth).toString(Month::Style::Slash));
+    case HoldingFigures::DerivedRule::FixedRate:
+        return intro + QStringLiteral(": ")
+               + QCoreApplication::translate("HoldingPresentation", "from the fixed rate this Series EE bond earns for life");
+    case HoldingFigures::DerivedRule::FilledBetweenOfficialMonths:
+        return intro + QStringLiteral(": ")
+               + QCoreApplication::translate("HoldingPresentation", "the Treasury's files lack 09/2001 to 02/2002; filled "
+                                                                    "between the official months by the rule of the bond's "
+                                                                    "interest period");
+    case HoldingFigures::DerivedRule::None:
+        break;
+    }
+    return derivedValueNote();
 }
 
 QString percentText(float rate)

@@ -27,8 +27,10 @@ enum class Remark { None, NoPricingData, NotYetRedeemable, Computed };
 Remark remarkOf(const HoldingFigures &holding);
 // The remark when it says why there is no value; None otherwise (a computed value included).
 Remark pricingRemarkOf(const HoldingFigures &holding);
-// What a computed value is, in the words the window's tip and the command line's note share.
+// What a computed value is, in the words the window's tip and the command line's note share:
+// every rule, or the one that made a value.
 QString derivedValueNote();
+QString derivedValueNote(const HoldingFigures &holding);
 // A rate as "3.94%".
 QString percentText(float rate);
 // A summary row's year: "2001", or "1992 and before" for a first row that is interest since issue.

@@ -11,8 +11,10 @@ class BondAssessor;
 
 struct Portfolio
 {
-    QList<HoldingRef> holdings;
+    // The people outlive the holdings when a portfolio ends: a holding that goes tells its people,
+    // whose watchers may still look them up in the list.
     QList<PersonRef> titleHolders;
+    QList<HoldingRef> holdings;
 
     // The file's base name without extension, or "Untitled" for none.
     static QString displayNameOf(const QString &fileName);

@@ -1,4 +1,5 @@
 #include "update/OfficialSourceInstaller.h"
+#include "base/Series.h"
 
 #include "update/DerivedValues.h"
 #include "update/MaturedValueCompletion.h"
@@ -63,8 +64,8 @@ bool isRecorded(sqlite3 *db, const QString &name)
 
 QString describe(const PriceRecord &record)
 {
-    return QCoreApplication::translate("OfficialSourceInstaller", "series %1, redemption month %2-%3, issue year %4")
-        .arg(QLatin1Char(record.series))
+    return QCoreApplication::translate("OfficialSourceInstaller", "%1, redemption month %2-%3, issue year %4")
+        .arg(Series::bondsNamesOfCodes(QString(QLatin1Char(record.series))))
         .arg(record.ryr, 4, 10, QLatin1Char('0'))
         .arg(record.rmo, 2, 10, QLatin1Char('0'))
         .arg(record.iyr);
@@ -199,9 +200,9 @@ void installWithin(sqlite3 *db, const NamedPriceRecords &source, PriceDataInstal
             if (had == given)
                 continue;
             if (had != RedemptionMarker::NoPricingData) {
-                outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1: series %2, issue month %3-%4, redemption month %5-%6: %7 differs "
+                outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "%1: %2, issue month %3-%4, redemption month %5-%6: %7 differs "
                                                "from the installed official value %8")
-                                    .arg(source.name, QString(QLatin1Char(record.series)))
+                                    .arg(source.name, Series::bondsNamesOfCodes(QString(QLatin1Char(record.series))))
                                     .arg(record.iyr).arg(k + 1, 2, 10, QLatin1Char('0'))
                                     .arg(record.ryr).arg(record.rmo, 2, 10, QLatin1Char('0'))
                                     .arg(valueText(given), valueText(had));

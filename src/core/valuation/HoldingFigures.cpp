@@ -152,6 +152,18 @@ bool HoldingFigures::isValueDerived() const
         && m_context.assessor->history(m_bond.series, m_bond.issueMonth.index()).isDerived(m_context.month.index());
 }
 
+HoldingFigures::DerivedRule HoldingFigures::derivedRule() const
+{
+    if (!isValueDerived())
+        return DerivedRule::None;
+    // The Treasury published no file for these months; the rest of what is derived lies past its
+    // files: matured bonds carried, fixed-rate EE bonds computed.
+    if (m_context.month >= Month(2001, 9) && m_context.month <= Month(2002, 2))
+        return DerivedRule::FilledBetweenOfficialMonths;
+    return m_context.month >= m_bond.series->finalMaturity(m_bond.issueMonth) ? DerivedRule::CarriedFromFinalMaturity
+                                                                            : DerivedRule::FixedRate;
+}
+
 void HoldingFigures::appendValuesSinceIssue(QByteArray &out) const
 {
     if (m_context.assessor && !m_bond.issueMonth.isNull())

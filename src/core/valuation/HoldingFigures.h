@@ -57,6 +57,9 @@ public:
     // True when the value as of the valuation month was computed by the program rather than
     // published by the Treasury.
     bool isValueDerived() const;
+    // Which rule made a derived value; None for a published one.
+    enum class DerivedRule { None, CarriedFromFinalMaturity, FixedRate, FilledBetweenOfficialMonths };
+    DerivedRule derivedRule() const;
 
     // One bond as of any month, markers as 0.
     Pennies absoluteValueAsOfMonth(Month month) const;

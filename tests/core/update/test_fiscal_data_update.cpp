@@ -284,7 +284,7 @@ TEST_F(FiscalDataUpdateTest, ContradictionRefusesTheWholeUpdate)
     auto updater = makeUpdater();
     EXPECT_FALSE(run(*updater, &PriceUpdater::updatePriceData));
     EXPECT_EQ(fingerprint(), before);
-    EXPECT_TRUE(statuses.last().endsWith("series I, issue month 2000-05, redemption month 2024-04: $52.48 differs from "
+    EXPECT_TRUE(statuses.last().endsWith("Series I bonds, issue month 2000-05, redemption month 2024-04: $52.48 differs from "
                                          "the installed official value $52.49")) << statuses.last().toStdString();
 }
 
@@ -297,7 +297,7 @@ TEST_F(FiscalDataUpdateTest, RefusesRunawayReplies)
     pages.maximumPages = 11;
     FiscalDataClient client(service.root(), pages);
     EXPECT_FALSE(client.fetch(requests).has_value());
-    EXPECT_EQ(client.lastError(), QStringLiteral("Fiscal Data (series NI, 2024-04 to the latest): the reply runs to 12 pages, more than 11"));
+    EXPECT_EQ(client.lastError(), QStringLiteral("Fiscal Data (Series EE bonds, Series I bonds, 2024-04 to the latest): the reply runs to 12 pages, more than 11"));
     pages.maximumPages = 13;
     FiscalDataClient enough(service.root(), pages);
     ASSERT_TRUE(enough.fetch(requests).has_value());

@@ -311,7 +311,7 @@ INSTANTIATE_TEST_SUITE_P(
         ReplyCase{"Missing", Response{404, "no such file"}, "the server answered with status 404"},
         ReplyCase{"TooLarge", Response{200, priceFile('I', 2027, 4, 2000, 100)}, "the reply is larger than 4096 bytes"},
         ReplyCase{"ContradictsInstalledRows", Response{200, priceFile('I', 2027, 1, 2000, 25, 2600)},
-                  "broken.bin: series I, issue month 2000-01, redemption month 2027-01: $26.00 differs from the "
+                  "broken.bin: Series I bonds, issue month 2000-01, redemption month 2027-01: $26.00 differs from the "
                   "installed official value $25.00"},
         ReplyCase{"CutShort", Response{200, priceFile('I', 2027, 2, 2000, 25).left(1000)},
                   "Download corrupt: broken.bin: 1000 bytes are not a whole number of 56-byte records"},

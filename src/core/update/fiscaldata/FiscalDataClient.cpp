@@ -1,4 +1,5 @@
 #include "update/fiscaldata/FiscalDataClient.h"
+#include "base/Series.h"
 
 #include "update/fiscaldata/FiscalDataPage.h"
 #include "valuation/MonthIndex.h"
@@ -20,7 +21,7 @@ QString describe(const FiscalDataRequest &request)
     QString months = request.first ? FiscalDataQuery::periodText(request.first) : QCoreApplication::translate("FiscalDataClient", "the start");
     months += QCoreApplication::translate("FiscalDataClient", " to ");
     months += request.last ? FiscalDataQuery::periodText(request.last) : QCoreApplication::translate("FiscalDataClient", "the latest");
-    return QCoreApplication::translate("FiscalDataClient", "series %1, %2").arg(QString::fromLatin1(request.series), months);
+    return QCoreApplication::translate("FiscalDataClient", "%1, %2").arg(Series::bondsNamesOfCodes(QString::fromLatin1(request.series)), months);
 }
 
 quint64 recordKey(const PriceRecord &record)
@@ -140,9 +141,9 @@ std::optional<QList<PriceRecord>> FiscalDataClient::fetch(const QList<FiscalData
                     seen.insert(recordKey(record), records.size());
                     records.append(record);
                 } else if (!(records.at(*earlier) == record)) {
-                    m_lastError = QCoreApplication::translate("FiscalDataClient", "Fiscal Data lists series %1, redemption month %2, issue year %3 "
+                    m_lastError = QCoreApplication::translate("FiscalDataClient", "Fiscal Data lists %1, redemption month %2, issue year %3 "
                                                  "twice with different values")
-                                      .arg(QLatin1Char(record.series))
+                                      .arg(Series::bondsNamesOfCodes(QString(QLatin1Char(record.series))))
                                       .arg(FiscalDataQuery::periodText(monthOf(record)))
                                       .arg(record.iyr);
                     return std::nullopt;

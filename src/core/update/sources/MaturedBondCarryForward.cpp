@@ -1,5 +1,7 @@
 #include "update/sources/MaturedBondCarryForward.h"
 
+#include "base/Series.h"
+
 #include "base/Money.h"
 #include "valuation/BondAssessor.h"
 
@@ -59,9 +61,9 @@ QString seriesName(char series)
 
 int monthsToFinalMaturity(char series, int issueYear, int issueMonth)
 {
-    if (series == 'E' && monthIndex(issueYear, issueMonth) <= monthIndex(1965, 11))
-        return 40 * 12;
-    return 30 * 12;
+    const Series *kind = Series::seriesForCode(QString(QLatin1Char(series)));
+    const Month issue(issueYear, issueMonth);
+    return kind ? kind->finalMaturity(issue).index() - issue.index() : 30 * 12;
 }
 
 Result compute(const QList<NamedPriceRecords> &officialSources)
