@@ -22,13 +22,12 @@ constexpr int HistoryMonths = 3 * 12;
 using History = MarketRateEeAccrual::History;
 
 // The point of the half-year (month index modulo 6) at which a bond's value steps, read from the
-// months around the run: only for a bond priced throughout them that steps at least twice, always
-// at the same point. Old Series E bonds step three months off their issue month, so the issue
+// months around the run: only for a bond priced throughout them that steps, always at the same
+// point. Old Series E bonds step three months off their issue month, so the issue
 // month alone cannot tell. The step at final maturity may fall elsewhere and is not counted.
 std::optional<int> stepPoint(const History &history, const Run &run, int maturity)
 {
     std::optional<int> point;
-    int steps = 0;
     for (int month = run.first - StepSearchMonths + 1; month <= run.last + StepSearchMonths; ++month) {
         if (month >= run.first && month <= run.last + 1)
             continue;
@@ -40,9 +39,8 @@ std::optional<int> stepPoint(const History &history, const Run &run, int maturit
         if (point && *point != month % StepPeriod)
             return std::nullopt;
         point = month % StepPeriod;
-        ++steps;
     }
-    return steps >= 2 ? point : std::nullopt;
+    return point;
 }
 
 // Months before final maturity keep the value of the month before the run or after it, whichever

@@ -44,7 +44,8 @@ const QHash<quint64, PriceRecord> &officialRecords()
 
 struct Window
 {
-    int firstMonth; // six redemption months from here
+    int firstMonth; // the first redemption month taken out
+    int months;
     int sixMonthly; // values filled, by kind
     int marketRateEe;
     int notRedeemable;
@@ -59,7 +60,7 @@ class GapMonthReproduction : public testing::TestWithParam<Window>
 TEST_P(GapMonthReproduction, FilledValuesAreTheOfficialOnes)
 {
     const Window window = GetParam();
-    const int last = window.firstMonth + 5;
+    const int last = window.firstMonth + window.months - 1;
     QHash<quint64, PriceRecord> records = officialRecords();
     QHash<char, QSet<int>> official;
     for (auto record = records.begin(); record != records.end();) {
@@ -111,8 +112,9 @@ TEST_P(GapMonthReproduction, FilledValuesAreTheOfficialOnes)
 }
 
 INSTANTIATE_TEST_SUITE_P(AroundTheMissingMonths, GapMonthReproduction,
-                         testing::Values(Window{monthIndex(1999, 9), 1973, 144, 36}, Window{monthIndex(2000, 3), 1913, 189, 36},
-                                         Window{monthIndex(2003, 3), 1592, 378, 37}, Window{monthIndex(2003, 9), 1540, 383, 62}));
+                         testing::Values(Window{monthIndex(1999, 9), 6, 1973, 144, 36}, Window{monthIndex(2000, 3), 6, 1913, 189, 36},
+                                         Window{monthIndex(2003, 3), 6, 1592, 378, 37}, Window{monthIndex(2003, 9), 6, 1540, 383, 62},
+                                         Window{monthIndex(2000, 6), 1, 388, 32, 6}, Window{monthIndex(2003, 5), 3, 956, 204, 18}));
 
 // Cells of the months the official files skip, with what they hold: the official value of
 // another month of the same step period, or a value of their own.
