@@ -19,9 +19,9 @@ inline constexpr int LastIssue = 2005 * 12 + 3;  // April 2005; later bonds earn
 // Months from issue during which a bond cannot be cashed.
 int monthsNotRedeemable(int issue);
 
-// Values of the given bonds (by issue month index) for the redemption months first..last, which
-// must hold no value any bond's history relies on: only months whose value the official values
-// outside them determine exactly. By issue month, then redemption month.
+// Values of the given bonds (by issue month index) for the redemption months first..last, from
+// their values outside those months: only months those values determine exactly. By issue month,
+// then redemption month.
 QHash<int, History> fill(const QHash<int, History> &bonds, int first, int last);
 
 }
