@@ -5,6 +5,7 @@
 
 #include "base/Money.h"
 #include "base/Series.h"
+#include "update/GapMonthFill.h"
 #include "update/MaturedValueCompletion.h"
 #include "valuation/BondAssessor.h"
 
@@ -79,6 +80,43 @@ bool write(sqlite3 *db, const QList<Cell> &cells, QString *error)
     return ok;
 }
 
+// Months holding any official value, by series: a value not listed in derived_value.
+QHash<char, QSet<int>> officialMonths(const QHash<quint64, PriceRecord> &records, const QHash<quint64, qint32> &derived)
+{
+    QHash<char, QSet<int>> months;
+    for (const PriceRecord &record : records) {
+        for (int k = 0; k < 12; ++k) {
+            if (record.value[k] != NoData && !derived.contains(cellKey(record.series, record.iyr, k + 1, record.ryr, record.rmo))) {
+                months[record.series].insert(monthIndex(record.ryr, record.rmo));
+                break;
+            }
+        }
+    }
+    return months;
+}
+
+int fillRuns(QHash<quint64, PriceRecord> &records, const QHash<char, QSet<int>> &official)
+{
+    int filled = 0;
+    for (const GapMonthFill::Run &run : GapMonthFill::runs(official))
+        filled += GapMonthFill::fill(records, run);
+    return filled;
+}
+
+// The cells records holds a value in and before did not, as cells to write.
+QList<Cell> addedCells(const QHash<quint64, PriceRecord> &before, const QHash<quint64, PriceRecord> &records)
+{
+    QList<Cell> cells;
+    for (auto record = records.cbegin(); record != records.cend(); ++record) {
+        const auto had = before.constFind(record.key());
+        for (int k = 0; k < 12; ++k) {
+            if ((had == before.cend() || had->value[k] == NoData) && record->value[k] != NoData)
+                cells << Cell{record->series, record->ryr, record->rmo, record->iyr, k + 1, record->value[k]};
+        }
+    }
+    return cells;
+}
+
 } // namespace
 
 bool ensureTable(sqlite3 *db, QString *error)
@@ -144,14 +182,8 @@ QString report(const QString &fileName, const QList<Difference> &differences)
 }
 
 // Lowers *last to a year past the latest official month and drops the records beyond it.
-static bool boundToOfficialMonths(sqlite3 *db, QHash<quint64, PriceRecord> &records, int *last, QString *error)
+static void boundToOfficialMonths(QHash<quint64, PriceRecord> &records, const QHash<quint64, qint32> &derived, int *last)
 {
-    QString loadError;
-    const QHash<quint64, qint32> derived = load(db, &loadError);
-    if (!loadError.isEmpty()) {
-        *error = loadError;
-        return false;
-    }
     int latestOfficial = std::numeric_limits<int>::min();
     for (const PriceRecord &record : std::as_const(records)) {
         const int month = record.ryr * 12 + record.rmo - 1;
@@ -161,7 +193,7 @@ static bool boundToOfficialMonths(sqlite3 *db, QHash<quint64, PriceRecord> &reco
         }
     }
     if (latestOfficial == std::numeric_limits<int>::min())
-        return true;
+        return;
     *last = std::min(*last, latestOfficial + MonthsBeyondOfficial);
     for (auto record = records.begin(); record != records.end();) {
         if (record->ryr * 12 + record->rmo - 1 > *last)
@@ -169,7 +201,6 @@ static bool boundToOfficialMonths(sqlite3 *db, QHash<quint64, PriceRecord> &reco
         else
             ++record;
     }
-    return true;
 }
 
 bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error, Scope scope)
@@ -217,22 +248,21 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
     // Derived values reach at most a year past the latest official month: whatever a damaged
     // source slipped in, the work and the rows stay bounded. (The build, which reads only EE rows
     // here, derives from the repository's own sources.)
-    if (scope == Scope::Everything && !boundToOfficialMonths(db, records, &last, error))
-        return false;
-
     QList<Cell> cells;
     QHash<quint64, PriceRecord> completed = records;
-    if (scope == Scope::Everything)
-        added->carried = MaturedValueCompletion::complete(completed);
-    if (added->carried > 0) {
-        for (auto record = completed.cbegin(); record != completed.cend(); ++record) {
-            const auto before = records.constFind(record.key());
-            for (int k = 0; k < 12; ++k) {
-                const qint32 had = before == records.cend() ? NoData : before->value[k];
-                if (had == NoData && record->value[k] != NoData)
-                    cells << Cell{record->series, record->ryr, record->rmo, record->iyr, k + 1, record->value[k]};
-            }
+    if (scope == Scope::Everything) {
+        QString loadError;
+        const QHash<quint64, qint32> derived = load(db, &loadError);
+        if (!loadError.isEmpty()) {
+            *error = loadError;
+            return false;
         }
+        boundToOfficialMonths(records, derived, &last);
+        completed = records;
+        added->carried = MaturedValueCompletion::complete(completed);
+        added->filled = fillRuns(completed, officialMonths(records, derived));
+        if (added->carried + added->filled > 0)
+            cells = addedCells(records, completed);
     }
 
     for (int issue = rates.firstIssue(); holdsEe && issue <= rates.lastIssue(); ++issue) {
@@ -250,6 +280,37 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
         }
     }
     return write(db, cells, error);
+}
+
+bool fillGaps(sqlite3 *db, int *filled, QString *error)
+{
+    *filled = 0;
+    QString loadError;
+    const QHash<quint64, qint32> derived = load(db, &loadError);
+    if (!loadError.isEmpty()) {
+        *error = loadError;
+        return false;
+    }
+    QHash<quint64, PriceRecord> records;
+    sqlite3_stmt *stmt = nullptr;
+    if (sqlite3_prepare_v2(db, "select series, ryr, rmo, iyr, imo, value from bond_value where series in ('E', 'N', 'S')", -1,
+                           &stmt, nullptr)
+        != SQLITE_OK) {
+        sqlite3_finalize(stmt);
+        return fail(db, error);
+    }
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        const auto *code = reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0));
+        const int imo = sqlite3_column_int(stmt, 4), rmo = sqlite3_column_int(stmt, 2);
+        if (!code || rmo < 1 || rmo > 12 || imo < 1 || imo > 12)
+            continue;
+        MaturedValueCompletion::recordFor(records, code[0], sqlite3_column_int(stmt, 1), rmo, sqlite3_column_int(stmt, 3))
+            .value[imo - 1] = sqlite3_column_int(stmt, 5);
+    }
+    sqlite3_finalize(stmt);
+    QHash<quint64, PriceRecord> completed = records;
+    *filled = fillRuns(completed, officialMonths(records, derived));
+    return *filled == 0 || write(db, addedCells(records, completed), error);
 }
 
 } // namespace DerivedValues

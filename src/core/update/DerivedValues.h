@@ -1,6 +1,7 @@
 #pragma once
 // Values the program derives rather than reads from an official file: the value of matured bonds
-// carried forward, and Series EE bonds of a fixed rate computed from it. They sit in bond_value
+// carried forward, Series EE bonds of a fixed rate computed from it, and the months the official
+// files skip filled from the months around them (GapMonthFill). They sit in bond_value
 // like every other value, so every lookup sees them; the table derived_value lists their cells,
 // so that an official file covering them later replaces them instead of being refused, and so
 // that a figure can say it was computed. A database without that table has nothing derived.
@@ -42,6 +43,7 @@ struct Extension
 {
     int carried = 0;  // months of matured bonds given their value at maturity
     int computed = 0; // months of fixed-rate EE bonds computed (the not-redeemable markers included)
+    int filled = 0;   // months without official values filled from the official months around them
 };
 
 // Derives every value the database lacks, up to its latest redemption month: matured bonds keep
@@ -49,9 +51,15 @@ struct Extension
 // computed values (only in a database that holds EE values at all, and never before its
 // earliest month). Only cells without a value (no row, or -2) are written, each recorded in
 // derived_value. Runs inside the caller's transaction. A caller that has just carried matured
-// bonds forward itself (the build) may leave that part out, which spares reading every value.
+// bonds forward itself (the build) may leave that part out, which spares reading every value, and
+// fill the months the official files skip with fillGaps.
 enum class Scope { Everything, FixedRateEeOnly };
 bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error,
             Scope scope = Scope::Everything);
+
+// Fills the short runs of months without official values of Series E, EE and Savings Notes where
+// the months around them determine the values (GapMonthFill), each cell recorded in
+// derived_value. Runs inside the caller's transaction.
+bool fillGaps(sqlite3 *db, int *filled, QString *error);
 
 }

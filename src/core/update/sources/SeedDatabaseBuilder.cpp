@@ -101,10 +101,11 @@ bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *erro
                      .arg(QString::fromLatin1(MaturedBondCarryForward::SourceName), installer.lastError());
         return false;
     }
-    // Then whatever else can be derived up to the latest month: the fixed-rate EE bonds.
+    // Then whatever else can be derived: the fixed-rate EE bonds up to the latest month, and the
+    // months the official files skip.
     DerivedValues::Extension extension;
     if (!execute(db, "begin", error) || !DerivedValues::extend(db, rates, &extension, error, DerivedValues::Scope::FixedRateEeOnly)
-        || !execute(db, "commit", error)) {
+        || !DerivedValues::fillGaps(db, &extension.filled, error) || !execute(db, "commit", error)) {
         *error = QCoreApplication::translate("SeedDatabaseBuilder", "the derived values could not be installed: %1").arg(*error);
         return false;
     }
