@@ -3,6 +3,7 @@
 #include "document/BondPortfolio.h"
 #include "model/Holding.h"
 
+#include <functional>
 #include <limits>
 
 namespace {
@@ -24,6 +25,19 @@ EntryRefusal kindAfterChange(const Holding &holding, const Series *series, Month
     if (!faceValueFits(holding.faceValue(), true))
         return electronic;
     *turnsPaper = true;
+    return EntryRefusal::None;
+}
+// A change of series or issue month, made with the paper flag it implies, as one undo step.
+EntryRefusal changeKind(BondPortfolio &portfolio, Holding &holding, const Series *series, Month month,
+                        const std::function<void()> &change)
+{
+    bool turnsPaper = false;
+    if (const EntryRefusal refusal = kindAfterChange(holding, series, month, &turnsPaper); refusal != EntryRefusal::None)
+        return refusal;
+    UndoStep step(portfolio, UndoActionName::Edit);
+    change();
+    if (turnsPaper)
+        holding.setPaper(true);
     return EntryRefusal::None;
 }
 } // namespace
@@ -71,30 +85,14 @@ EntryRefusal setPaper(BondPortfolio &portfolio, Holding &holding, bool paper)
 
 EntryRefusal setSeries(BondPortfolio &portfolio, Holding &holding, const Series *series)
 {
-    bool turnsPaper = false;
-    if (const EntryRefusal refusal = kindAfterChange(holding, series, holding.issueDate(), &turnsPaper);
-        refusal != EntryRefusal::None)
-        return refusal;
-    UndoStep step(portfolio, UndoActionName::Edit);
-    holding.setSeries(series);
-    if (turnsPaper)
-        holding.setPaper(true);
-    return EntryRefusal::None;
+    return changeKind(portfolio, holding, series, holding.issueDate(), [&] { holding.setSeries(series); });
 }
 
 EntryRefusal setIssueMonth(BondPortfolio &portfolio, Holding &holding, Month month)
 {
     if (month.isNull())
         return EntryRefusal::NotAMonth;
-    bool turnsPaper = false;
-    if (const EntryRefusal refusal = kindAfterChange(holding, holding.series(), month, &turnsPaper);
-        refusal != EntryRefusal::None)
-        return refusal;
-    UndoStep step(portfolio, UndoActionName::Edit);
-    holding.setIssueDate(month);
-    if (turnsPaper)
-        holding.setPaper(true);
-    return EntryRefusal::None;
+    return changeKind(portfolio, holding, holding.series(), month, [&] { holding.setIssueDate(month); });
 }
 
 } // namespace HoldingEntry
