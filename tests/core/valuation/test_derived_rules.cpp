@@ -35,7 +35,7 @@ TEST_P(DerivedRules, TheNoteNamesTheRule)
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, DerivedRules, ::testing::Values(
-    Case{"N", Month(1990, 1), Month(2001, 12), "the Treasury's files lack 09/2001 to 02/2002; filled between the official "
+    Case{"N", Month(1990, 1), Month(2001, 9), "the Treasury's files lack 09/2001 to 02/2002; filled between the official "
                                               "months by the rule of the bond's interest period"},
     Case{"N", Month(1990, 1), Month(2022, 6), "the bond stopped earning at final maturity in 01/2020 and keeps that value"},
     Case{"N", Month(2005, 5), Month(2026, 11), "from the fixed rate this Series EE bond earns for life"},
