@@ -48,13 +48,9 @@ TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)
     const QString x = dir + QStringLiteral("/x.csv");
     const QList<QStringList> invocations{
         {"import-csv", emptyPortfolio, lf, "--format", "wizard"},
-        {"import-csv", emptyPortfolio, lf},
-        {"import-csv", emptyPortfolio, lf, "--format", "excel"},
         {"import-csv", write(dir + QStringLiteral("/junk.bondportfolio"), "junk"), lf, "--format", "own"},
         {"export-csv", emptyPortfolio},
-        {"export-csv", dir + QStringLiteral("/missing.bondportfolio"), x},
         {"export-csv", emptyPortfolio, x, "--as-of", "2000-13"},
-        {"export-csv", emptyPortfolio, x, "--as-of", "1900-01"},
         {"export-csv", emptyPortfolio, dir + QStringLiteral("/no/x.csv")},
         {"export-qif", emptyPortfolio, dir + QStringLiteral("/no")}};
     for (const QStringList &arguments : invocations) {

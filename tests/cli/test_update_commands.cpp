@@ -1,8 +1,6 @@
 // publish, update and install-treasury-file: a published update directory served over HTTP brings
-// older databases up to the shipped one; update, by default, brings the months the Fiscal Data
-// service has beyond it.
+// older databases up to the shipped one.
 #include "../core/QtPrinters.h"
-#include "FiscalDataTestServer.h"
 #include "LocalHttpServer.h"
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
@@ -10,8 +8,8 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QMap>
 #include <QProcess>
+#include <QRegularExpression>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -32,25 +30,6 @@ QStringList environment(const QString &database)
     // No test may reach the Treasury: a service root that refuses at once.
     return {QStringLiteral("QUILLMERE_DATABASE=") + database, QStringLiteral("QUILLMERE_UPDATE_URL="),
             QStringLiteral("QUILLMERE_FISCAL_DATA_URL=http://127.0.0.1:9/")};
-}
-
-// A month of one series as the service would publish it: the month before's values of the
-// database, each grown by a few cents, so that every one is new.
-QList<PriceRecord> followingMonth(const QString &database, char series, int ryr, int rmo)
-{
-    QMap<int, PriceRecord> records;
-    const QStringList rows = queryColumn(database, QStringLiteral("select iyr || ',' || imo || ',' || value from bond_value where "
-                                                                  "series = '%1' and ryr = %2 and rmo = %3 and value >= -1")
-                                                       .arg(QLatin1Char(series)).arg(ryr).arg(rmo));
-    for (const QString &row : rows) {
-        const QStringList cells = row.split(',');
-        const int iyr = cells[0].toInt();
-        if (!records.contains(iyr))
-            records.insert(iyr, record(series, rmo == 12 ? ryr + 1 : ryr, rmo % 12 + 1, iyr));
-        const qint32 value = cells[2].toInt();
-        records[iyr].value[cells[1].toInt() - 1] = value > 0 ? value + 3 : value;
-    }
-    return records.values();
 }
 
 // The database holds the values the shipped one holds, each in its place (rows that only mark a
@@ -139,37 +118,6 @@ TEST_F(UpdateCommands, ReadOnlyDatabaseIsCheckedButNotUpdated)
     const auto check = update(database, {"--check"});
     EXPECT_EQ(check.exitCode, 0);
     EXPECT_EQ(check.standardOutput, QByteArray("Checking for updates...\n1 update(s) available\n  i-bond-values.csv\n"));
-}
-
-// The shipped database lacks EE values after 11/2021 and I values after 11/2026: update asks the
-// service (the environment names it) for just those, and a 1995 EE bond has a value again.
-TEST(UpdateFromFiscalData, BringsTheMonthsTheDatabaseLacks)
-{
-    const QString database = TestSupport::copyOfShippedDatabase();
-    FiscalDataTestServer service;
-    service.setFaults({.pageCap = 500});
-    const QList<PriceRecord> december = followingMonth(database, 'N', 2021, 11);
-    service.addRecords(december + followingMonth(database, 'I', 2026, 11));
-    QStringList env = environment(database);
-    env.last() = QStringLiteral("QUILLMERE_FISCAL_DATA_URL=") + service.root().toString();
-
-    const auto check = TestSupport::runCli({"update", "--check"}, env);
-    EXPECT_EQ(check.exitCode, 0) << check.standardError.toStdString();
-    EXPECT_EQ(check.standardOutput, QByteArray("Checking for updates...\nValues for 12/2021 to 12/2026 are available\n"
-                                               "  fiscaldata:2021-12..2026-12\n"));
-    const auto updated = TestSupport::runCli({"update"}, env);
-    ASSERT_EQ(updated.exitCode, 0) << updated.standardOutput.toStdString() << updated.standardError.toStdString();
-    EXPECT_TRUE(updated.standardOutput.endsWith("Installed values for 12/2021 to 12/2026\n")) << updated.standardOutput.toStdString();
-
-    // $36.19 per $25 in 11/2021, three cents more in the month after: four times that for $100.
-    const auto value = TestSupport::runCli({"value", "--series", "EE", "--face", "100", "--issued", "1995-01", "--as-of", "2021-12"}, env);
-    EXPECT_TRUE(value.standardOutput.contains("Value:           $144.88\n")) << value.standardOutput.toStdString();
-    EXPECT_EQ(queryInt(database, "select count(*) from data_file where name = 'fiscaldata:2021-12..2026-12'"), 1);
-    EXPECT_EQ(queryText(database, "select ryr || '-' || rmo from max_rdate"), QStringLiteral("2026-12"));
-
-    const auto again = TestSupport::runCli({"update"}, env);
-    EXPECT_EQ(again.exitCode, 0);
-    EXPECT_TRUE(again.standardOutput.endsWith("Your redemption values are up to date\n")) << again.standardOutput.toStdString();
 }
 
 // Two installations at once: the second waits for the first instead of failing, and one of the

@@ -1,6 +1,4 @@
-// The bond table as the user meets it: column settings and their saved keys, walking the editable
-// cells, sorting, refused months, how values explain and colour themselves, the valuation picker's
-// range, the value chart of a selected bond, and the ovals of the people table's counts.
+// The bond table as the user meets it: saved column keys, sorting, refused months, values that explain themselves, the value chart.
 #include "GuiTestMain.h"
 
 #include "BondTableColumns.h"
@@ -10,20 +8,16 @@
 #include "ValuationMonthPicker.h"
 #include "ValueChartDialog.h"
 #include "base/UserDefaults.h"
-#include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QAction>
 #include <QChart>
 #include <QElapsedTimer>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QLineSeries>
 #include <QDateTimeAxis>
 #include <QMenu>
 #include <QValueAxis>
-#include <QScrollBar>
 #include <QScatterSeries>
-#include <QSignalSpy>
 #include <sqlite3.h>
 
 struct ValueCase
@@ -58,26 +52,6 @@ private slots:
 
     // Settings saved by earlier versions name the columns by these keys: the table finds every
     // column by them and saves them unchanged; a change in one window carries over to the next.
-    // Without settings the people columns and the growth rate wait in the menu, so that the rest
-    // fits a 1600-pixel window without scrolling sideways.
-    void leastUsedColumnsStartHiddenAndComeBack()
-    {
-        PortfolioWindow *window = GuiTest::openSample();
-        window->resize(1600, 1000);
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-        QHeaderView *header = window->bondTable()->horizontalHeader();
-        QStringList hidden;
-        for (int column = 0; column < HoldingColumns::Count; ++column) {
-            if (header->isSectionHidden(column))
-                hidden << HoldingColumns::key(column);
-        }
-        QCOMPARE(hidden, QStringList({"growthRate", "owner", "co-owner", "beneficiary"}));
-        QVERIFY(!window->bondTable()->horizontalScrollBar()->isVisible());
-        window->columns()->toggleColumnVisibility(HoldingColumns::Owner);
-        QVERIFY(!header->isSectionHidden(HoldingColumns::Owner));
-    }
-
     void columnSettingsKeepTheirKeysAndCarryOver()
     {
         const QStringList keys{"series", "quantity", "issueDate", "faceValue", "issuePrice", "interestEarned", "value",
@@ -112,26 +86,6 @@ private slots:
         const QVariantList now = UserDefaults::value(settingsKey).toList();
         QCOMPARE(now.last().toMap().value("key").toString(), QStringLiteral("faceValue"));
         QCOMPARE(now.first().toMap().value("key").toString(), QStringLiteral("series"));
-    }
-
-    void anIssueMonthWithoutValuesIsRefused()
-    {
-        PortfolioWindow *window = GuiTest::openSample();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-        BondTableView *table = window->bondTable();
-        const QModelIndex cell = table->model()->index(0, HoldingColumns::IssueDate);
-        const QString before = cell.data().toString();
-        table->setFocus();
-        table->setCurrentIndex(cell);
-        QTest::keyClick(table, Qt::Key_F2);
-        auto *editor = table->findChild<QLineEdit *>();
-        QVERIFY(editor);
-        editor->selectAll();
-        QTest::keyClicks(editor, QStringLiteral("01/1950"));
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_COMPARE(GuiTest::alertTexts(window), QStringList{QString::fromLatin1(Holding::NoIssueDataMessage)});
-        QCOMPARE(table->model()->index(0, HoldingColumns::IssueDate).data().toString(), before);
-        QVERIFY(!window->isWindowModified());
     }
 
     // How a line explains its value: the 2005 EE bond is valued from its fixed rate; an issue month
@@ -237,52 +191,6 @@ private slots:
         QCOMPARE(shownMeanwhile, shown);
     }
 
-    // A new range reaches every picker: by this process's notice; from another process that
-    // installs a later month and sends none, within the periodic check or at once when the
-    // application becomes active again.
-    void thePickerFollowsANewDatabaseRange_data()
-    {
-        QTest::addColumn<int>("how");
-        QTest::newRow("notice") << 0;
-        QTest::newRow("periodic check") << 1;
-        QTest::newRow("application activated") << 2;
-    }
-    void thePickerFollowsANewDatabaseRange()
-    {
-        QFETCH(int, how);
-        const QString path = GuiTest::copyOfDatabase(QStringLiteral("later-%1.bvdb").arg(how));
-        PortfolioWindow window(new BondPortfolio(nullptr, path));
-        window.show();
-        ValuationMonthPicker *picker = window.valuationPicker();
-        const QDate latest = picker->maximumDate(), later = latest.addMonths(1);
-        const QByteArray install = QStringLiteral(
-            "begin immediate; insert into bond_value select series, %1, %2, iyr, imo, value from bond_value where ryr = %3 "
-            "and rmo = %4; delete from max_rdate; insert into max_rdate values (%1, %2); commit;")
-            .arg(later.year()).arg(later.month()).arg(latest.year()).arg(latest.month()).toUtf8();
-        sqlite3 *db = otherProgram(path, install.constData());
-        QVERIFY(db);
-        sqlite3_close(db);
-        QCOMPARE(picker->maximumDate(), latest);
-        QSignalSpy figures(window.portfolio(), &BondPortfolio::figuresChanged);
-        if (how == 0) {
-            PortfolioWindow *other = GuiTest::openSample();
-            RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(1993, 1),
-                                                          BondAssessor::monthDate(later.year(), later.month()));
-            for (ValuationMonthPicker *each : {picker, other->valuationPicker()}) {
-                QTRY_COMPARE(each->maximumDate(), later);
-                QCOMPARE(each->minimumDate(), QDate(1993, 1, 1));
-            }
-        } else if (how == 2) {
-            emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
-            QCOMPARE(picker->maximumDate(), later);
-        } else {
-            QTRY_COMPARE_WITH_TIMEOUT(picker->maximumDate(), later, 3 * ValuationMonthPicker::RangeCheckInterval);
-        }
-        QVERIFY(!figures.isEmpty()); // the table and the summary read their figures again
-        picker->setDate(later);
-        QCOMPARE(window.portfolio()->valueOfDate().date(), later);
-    }
-
     // A damaged file's quantity below 1: the row says so, and the totals count it as no bonds.
     void aQuantityBelowOneIsMarkedAndCountsAsNoBonds()
     {
@@ -356,15 +264,6 @@ private slots:
         QCOMPARE(step, double(qRound64(step)));
     }
 
-    void countsDrawEqualOvalsUpToTwoDigits()
-    {
-        const QFontMetricsF metrics(QApplication::font());
-        const QRectF cell(0, 0, 60, 20);
-        const QRectF seven = ColorCircleDelegate::ovalRect(cell, "7", metrics);
-        QCOMPARE(seven, ColorCircleDelegate::ovalRect(cell, "88", metrics));
-        QVERIFY(ColorCircleDelegate::ovalRect(cell, "100", metrics).width() > seven.width());
-        QCOMPARE(seven.center().x(), 30.0);
-    }
 };
 
 QUILLMERE_GUI_TEST_MAIN(BondTableTest)

@@ -54,33 +54,6 @@ private slots:
         QCOMPARE(picker.addButton()->text(), QStringLiteral("Add People")); // title left as it was
     }
 
-    void everyoneIsAddedOnce()
-    {
-        BondPortfolio &portfolio = *m_window->portfolio();
-        PeoplePickerDialog picker(portfolio);
-        picker.peopleList()->selectAll();
-        picker.addSelectedPeople();
-        picker.addSelectedPeople();
-        const QList<PersonRef> people = portfolio.titleHolders();
-        QCOMPARE(people.size(), portfolio.peopleStore().records().size());
-        for (qsizetype i = 0; i < people.size(); ++i)
-            for (qsizetype j = i + 1; j < people.size(); ++j)
-                QVERIFY(!samePerson(people.at(i).get(), people.at(j).get()));
-    }
-
-    void thisIsMeMarksTheSelectedPerson()
-    {
-        PeoplePickerDialog picker(*m_window->portfolio());
-        QListWidgetItem *chosen = picker.peopleList()->item(1);
-        const QString name = chosen->text();
-        chosen->setSelected(true);
-        QTest::mouseClick(picker.thisIsMeButton(), Qt::LeftButton);
-        QCOMPARE(Person::create(m_window->portfolio()->peopleStore().me())->name(), name);
-        const auto marked = picker.peopleList()->findItems(QStringLiteral(" (me)"), Qt::MatchEndsWith);
-        QCOMPARE(marked.size(), 1);
-        QCOMPARE(marked.constFirst()->text(), name + QStringLiteral(" (me)"));
-    }
-
     void creatorNeedsBothNamesAndKeepsThePerson()
     {
         BondPortfolio &portfolio = *m_window->portfolio();

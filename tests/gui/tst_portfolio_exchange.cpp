@@ -82,33 +82,6 @@ private slots:
         QVERIFY(!m_window->portfolio()->isEdited());
     }
 
-    // A written QIF export says where; one that cannot be written alerts, a CSV one only beeps.
-    void exportFailuresAndSuccess_data()
-    {
-        QTest::addColumn<bool>("csv");
-        QTest::addColumn<QString>("folder"); // made if it is "qif"
-        QTest::addColumn<QString>("alert");
-        QTest::addColumn<int>("beeps");
-        QTest::newRow("QIF written") << false << "qif"
-                                     << "Export complete|You may now import your portfolio positions and pricelist from the files in %1" << 0;
-        QTest::newRow("QIF not written") << false << "missing/deeper" << "Alert|Unable to export data" << 1;
-        QTest::newRow("CSV not written") << true << "no such folder/export.csv" << QString() << 1;
-    }
-    void exportFailuresAndSuccess()
-    {
-        QFETCH(bool, csv);
-        QFETCH(QString, folder);
-        QFETCH(QString, alert);
-        QFETCH(int, beeps);
-        m_panels->path = GuiTest::path(folder);
-        if (folder == QLatin1String("qif"))
-            QVERIFY(QDir().mkpath(m_panels->path));
-        csv ? m_window->exportCsv() : m_window->exportQif();
-        QCOMPARE(m_panels->alerts, alert.isEmpty() ? QStringList() : QStringList{alert.contains(QLatin1String("%1")) ? alert.arg(m_panels->path) : alert});
-        QCOMPARE(m_panels->beeps, beeps);
-        QCOMPARE(QFile::exists(m_panels->path + QStringLiteral("/PriceList.qif")), folder == QLatin1String("qif"));
-    }
-
     void importIsOneEditWithItsAlert_data()
     {
         QTest::addColumn<int>("format");

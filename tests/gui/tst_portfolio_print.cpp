@@ -77,14 +77,6 @@ private slots:
         QVERIFY(!text.contains(QStringLiteral("$0.00")));
     }
 
-    void aPageWithoutRoomForABandIsRefused()
-    {
-        QPdfWriter writer(GuiTest::path(QStringLiteral("refused.pdf")));
-        writer.setPageLayout(letter(396));
-        const PortfolioPrintLayout layout({}, ValuationContext(), writer.pageLayout());
-        QCOMPARE(layout.holdingsPerPage(), 0);
-        QVERIFY(!layout.print(writer));
-    }
 };
 
 QUILLMERE_GUI_TEST_MAIN(PortfolioPrintTest)

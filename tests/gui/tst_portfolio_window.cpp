@@ -116,18 +116,6 @@ private slots:
         QCOMPARE(lines.mid(1), c.note.isEmpty() ? QStringList() : QStringList{c.note});
     }
 
-    void aNewBondStaysVisibleUnderAFilter()
-    {
-        PortfolioWindow *window = GuiTest::openSample();
-        selectPeople(window, {QStringLiteral("Rosa Delgado")});
-        QCOMPARE(window->bondTable()->model()->rowCount(), 1);
-        window->action(Id::AddBond)->trigger();
-        QCOMPARE(window->bondTable()->model()->rowCount(), 2);
-        QCOMPARE(window->bondTable()->currentIndex().data().toString(), QStringLiteral("EE Bond"));
-        selectPeople(window, {QStringLiteral("Rosa Delgado")});
-        QCOMPARE(window->bondTable()->model()->rowCount(), 1);
-    }
-
     void droppingBondsNamesTheRole_data()
     {
         QTest::addColumn<Qt::DropAction>("action");
@@ -163,13 +151,6 @@ private slots:
         for (const HoldingRef &bond : bonds)
             QVERIFY(named(bond) != QStringLiteral("Rosa Delgado"));
         QVERIFY(!window->isWindowModified());
-    }
-
-    void dropsFromAnotherWindowAreRefused()
-    {
-        PortfolioWindow *window = GuiTest::openSample();
-        std::unique_ptr<QMimeData> data(DocumentManager::instance().newDocument()->bondTable()->mimeDataForRows({0}));
-        QVERIFY(!dropOnRosa(window, data.get(), Qt::MoveAction));
     }
 
     // Every command is one step, however many bonds or people it takes: twenty bonds removed
@@ -258,39 +239,6 @@ private slots:
             QVERIFY2(window->action(ids.at(k))->isEnabled() == enabled.at(k), qPrintable(window->action(ids.at(k))->text()));
     }
 
-    void pasteTakesOnlyThisProgramsBonds_data()
-    {
-        QTest::addColumn<QStringList>("formats");
-        QTest::addColumn<int>("added");
-        QTest::newRow("bonds") << QStringList{"QBBondPortfolioHoldings"} << 2;
-        QTest::newRow("text") << QStringList{"text/plain"} << 0;
-        QTest::newRow("bonds second") << QStringList{"text/plain", "QBBondPortfolioHoldings"} << 0;
-    }
-    void pasteTakesOnlyThisProgramsBonds()
-    {
-        QFETCH(QStringList, formats);
-        QFETCH(int, added);
-        PortfolioWindow *source = GuiTest::openSample();
-        GuiTest::selectRows(source->bondTable(), {0, 1});
-        source->action(Id::Copy)->trigger();
-        const QByteArray bonds = QApplication::clipboard()->mimeData()->data("QBBondPortfolioHoldings");
-        QVERIFY(!bonds.isEmpty());
-        auto *data = new QMimeData;
-        for (const QString &format : formats)
-            data->setData(format, format == QLatin1String("text/plain") ? QByteArray("EE,100") : bonds);
-        QApplication::clipboard()->setMimeData(data);
-
-        PortfolioWindow *target = DocumentManager::instance().newDocument();
-        target->action(Id::Paste)->trigger();
-        QCOMPARE(target->portfolio()->holdings().size(), added);
-        QCOMPARE(target->portfolio()->undoStack()->count() > 0, added > 0);
-        if (added) {
-            QCOMPARE(target->portfolio()->holdings().at(1)->faceValue(), source->portfolio()->holdings().at(1)->faceValue());
-            // An owner the new portfolio did not list joins its title holders.
-            QVERIFY(rowOfPerson(target, "Thomas Whitfield") >= 0);
-        }
-    }
-
     void closingAnEditedWindowAsks_data()
     {
         QTest::addColumn<QString>("answer");
@@ -346,17 +294,6 @@ private slots:
         QVERIFY(window->portfolio()->isEdited());
     }
 
-    void filesOpenOnceAndWhatIsNoPortfolioIsRefused()
-    {
-        PortfolioWindow *window = GuiTest::openSample();
-        QCOMPARE(GuiTest::openSample(), window);
-        const QString junk = GuiTest::writeFile("junk.bondportfolio", "this is no portfolio");
-        QVERIFY(!junk.isEmpty());
-        QVERIFY(!DocumentManager::instance().openFile(junk, window));
-        QCOMPARE(DocumentManager::instance().windows().size(), 1);
-        QCOMPARE(GuiTest::alertTexts(window).size(), 1);
-        QCOMPARE(window->windowFilePath(), QFileInfo(GuiTest::samplePath()).absoluteFilePath());
-    }
 };
 
 #include "tst_portfolio_window.moc"

@@ -1,6 +1,4 @@
-// Installing a Treasury value file from the window: the work goes on while the event loop runs
-// and a progress dialog stands over everything; a file that contradicts the database is refused
-// with its reason and nothing of it reaches the database, while a new one is recorded.
+// Installing a Treasury value file from the window: progress without blocking, and a contradicting file refused with its reason.
 #include "GuiTestMain.h"
 #include "../support/PriceUpdateTestData.h"
 #include "TreasuryFileInstall.h"
@@ -80,20 +78,6 @@ private slots:
         QCOMPARE(queryInt(database, value), valueBefore);
     }
 
-    void aDatabaseThatCannotBeWrittenIsRefusedWithoutProgress()
-    {
-        const QByteArray database = qgetenv("QUILLMERE_DATABASE");
-        qputenv("QUILLMERE_DATABASE", "/nonexistent/values.bvdb");
-        TreasuryFileInstall install(nullptr);
-        QSignalSpy finished(&install, &TreasuryFileInstall::finished);
-        install.start(QStringLiteral(QUILLMERE_SOURCE_DIR "/data/treasury/sb202106.asc"));
-        qputenv("QUILLMERE_DATABASE", database);
-        QVERIFY(!QApplication::activeModalWidget());
-        QVERIFY(finished.wait(5000));
-        const auto result = finished.constFirst().constFirst().value<TreasuryFileInstall::Result>();
-        QVERIFY(!result.installed);
-        QCOMPARE(result.text, QStringLiteral("The redemption value database /nonexistent/values.bvdb cannot be written."));
-    }
 };
 
 QUILLMERE_GUI_TEST_MAIN(TreasuryFileInstallTest)

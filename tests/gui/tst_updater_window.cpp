@@ -1,8 +1,4 @@
-// Updates against a Fiscal Data stand-in and an update directory, both served on 127.0.0.1: the
-// check the program makes by itself after start (never when turned off, once per start when on,
-// a bar in every window offering the update until values are installed); the updater window's
-// status line, progress bar and buttons through a check and an installation, one window at a
-// time, and the alert of a database that cannot be written.
+// Updates from the window against local stand-ins: the automatic check once per start, the updater window's status, bar and buttons.
 #include "GuiTestMain.h"
 #include "../support/FiscalDataTestServer.h"
 #include "../support/LocalHttpServer.h"
@@ -43,8 +39,6 @@ private slots:
         qputenv("QUILLMERE_FISCAL_DATA_URL", m_service.root().toString().toUtf8());
         for (int month = 1; month <= 3; ++month)
             m_server.setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2027, month, 2000, 25));
-        // January again with other values: the installer refuses to contradict what it has.
-        m_server.setBody(QStringLiteral("/updates/bad.bin"), priceFile('I', 2027, 1, 2000, 25, 9000));
     }
 
     // A fresh copy of the build's database that already holds January 2027, under a new name each
@@ -57,18 +51,6 @@ private slots:
         QFile::setPermissions(m_database, QFile::ReadOwner | QFile::WriteOwner);
         QVERIFY(PriceUpdateTestData::install(m_database, {{name(1), priceFile('I', 2027, 1, 2000, 25)}}));
         qputenv("QUILLMERE_DATABASE", m_database.toUtf8());
-    }
-
-    void theAutomaticCheckNeverRunsWhenTurnedOff()
-    {
-        AutomaticUpdateCheck::setEnabled(false);
-        PortfolioWindow *window = DocumentManager::instance().newDocument();
-        UpdateCheckScheduler::instance().start();
-        QVERIFY(!UpdateCheckScheduler::instance().isChecking());
-        QTest::qWait(200);
-        QVERIFY(m_service.http().requestedPaths().isEmpty());
-        QVERIFY(!barShown(window));
-        delete window;
     }
 
     void theAutomaticCheckRunsOncePerStartWithABarInEveryWindow()
@@ -115,9 +97,6 @@ private slots:
         QTest::newRow("up to date") << QStringList{name(1)} << 0 << 0 << upToDate << QString() << false;
         QTest::newRow("two files installed") << QStringList{name(1), name(2), name(3)} << 0 << 0 << "2 update(s) available"
                                              << "All updates installed" << true;
-        QTest::newRow("a bad file") << QStringList{name(1), QStringLiteral("bad.bin")} << 0 << 0 << "1 update(s) available"
-                                    << "Some updates could not be performed\nbad.bin: Series I bonds, issue month 2000-01" << false;
-        QTest::newRow("service: up to date") << QStringList() << 0 << 0 << upToDate << QString() << false;
         QTest::newRow("service: a month installed") << QStringList() << 5 << 0 << "Values for 12/2021 are available"
                                                    << "Installed values for 12/2021" << true;
         QTest::newRow("service: a failing page") << QStringList() << 5 << 1 << "Values for 12/2021 are available"

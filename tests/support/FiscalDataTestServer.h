@@ -1,8 +1,5 @@
 #pragma once
-// A stand-in for the Treasury's Fiscal Data service on 127.0.0.1: the savings bond value data set
-// with the query subset the updater uses (filter with eq, lt, lte, gt, gte and in; sort; page size
-// and number; JSON replies), and scripted faults: a cap on the page size, a failing page, a reply
-// replaced on one page, and 400 for a filter that matches nothing.
+// A stand-in for the Fiscal Data service on 127.0.0.1: the query subset the updater uses, and scripted faults.
 #include "LocalHttpServer.h"
 #include "update/PriceDataFile.h"
 
@@ -22,11 +19,8 @@ public:
     struct Faults
     {
         int pageCap = 0;            // the largest page the service sends (0: as asked)
-        bool emptyIs400 = false;    // a filter that matches nothing answers 400
-        int failingPage = 0;        // this page number of a full read answers failingStatus
-        int failingStatus = 500;
+        int failingPage = 0;        // this page number of a full read answers 500
         QByteArray replacedBody;    // sent instead of the failing page, with status 200, when set
-        std::function<void()> beforeFirstPage; // runs once, before the first full page is answered
         bool ignoreFilter = false;  // a service that answers every query with everything
     };
 
@@ -142,22 +136,15 @@ private:
             }
             return false;
         });
-        if (rows.isEmpty() && m_faults.emptyIs400)
-            return LocalHttpServer::Response{400, R"({"error":"Invalid Query Param","message":"no data"})"};
-
         int size = query.queryItemValue("page[size]", QUrl::FullyDecoded).toInt();
         size = size > 0 ? size : 100;
         if (m_faults.pageCap > 0)
             size = std::min(size, m_faults.pageCap);
         const int number = std::max(1, query.queryItemValue("page[number]", QUrl::FullyDecoded).toInt());
-        if (size > 1 && m_faults.beforeFirstPage) {
-            m_faults.beforeFirstPage();
-            m_faults.beforeFirstPage = {};
-        }
         if (size > 1 && number == m_faults.failingPage) {
             if (!m_faults.replacedBody.isEmpty())
                 return LocalHttpServer::Response{200, m_faults.replacedBody};
-            return LocalHttpServer::Response{m_faults.failingStatus, "failure"};
+            return LocalHttpServer::Response{500, "failure"};
         }
         const int pages = int((rows.size() + size - 1) / size);
         const QList<QJsonObject> slice = rows.mid(qsizetype(number - 1) * size, size);
@@ -169,8 +156,7 @@ private:
         QJsonObject links{{"self", QStringLiteral("&page%5Bnumber%5D=%1").arg(number)}};
         const QJsonObject top{{"data", data}, {"meta", meta}, {"links", links}};
         const LocalHttpServer::Response response{200, QJsonDocument(top).toJson(QJsonDocument::Compact)};
-        if (!m_faults.beforeFirstPage)
-            m_replies.insert(pathAndQuery, response);
+        m_replies.insert(pathAndQuery, response);
         return response;
     }
 

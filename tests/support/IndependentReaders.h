@@ -1,7 +1,5 @@
 #pragma once
-// Readers and writers that share nothing with ours, to check our files against: libplist's (which
-// the program itself does not use), and Python's through read_keyed_archive.py, which prints what
-// it sees in a file as JSON.
+// Readers that share nothing with ours: libplist's, and Python's (read_keyed_archive.py, printing what it sees as JSON).
 #include "TestSupport.h"
 
 #include <QJsonArray>

@@ -1,8 +1,5 @@
 #pragma once
-// A small HTTP/1.1 server on 127.0.0.1 for tests, on a thread of its own so that it answers also
-// while the test blocks (waiting for a child process, say). Each path is scripted: a status and a
-// body, a reply that never comes, a connection closed without a word, or a body sent in slow
-// pieces. Unknown paths answer 404.
+// A scripted HTTP/1.1 server on 127.0.0.1, on its own thread so it answers while the test blocks; unknown paths answer 404.
 #include "TestSupport.h"
 
 #include <QDir>
@@ -20,7 +17,7 @@
 class LocalHttpServer
 {
 public:
-    enum class Behaviour { Answer, NeverAnswer, CloseWithoutReply, Trickle };
+    enum class Behaviour { Answer, NeverAnswer, Trickle };
     struct Response
     {
         int status = 200;
@@ -111,8 +108,6 @@ private:
     {
         if (response.behaviour == Behaviour::NeverAnswer)
             return;
-        if (response.behaviour == Behaviour::CloseWithoutReply)
-            return socket->disconnectFromHost();
         QByteArray head = "HTTP/1.1 " + QByteArray::number(response.status) + " Scripted\r\nContent-Length: "
                           + QByteArray::number(response.body.size()) + "\r\n";
         if (!response.location.isEmpty())

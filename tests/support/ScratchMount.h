@@ -1,7 +1,5 @@
 #pragma once
-// A small tmpfs mounted on a fresh folder for the length of a test: a disk that fills up, or that
-// turns read-only, for real. Mounting needs root (or the right capability); where it is not
-// permitted, reason() says why and the test skips.
+// A small tmpfs that really fills up or turns read-only; without permission to mount, reason() says why and the test skips.
 #include <QByteArray>
 #include <QDir>
 #include <QFile>

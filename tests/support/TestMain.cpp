@@ -1,6 +1,4 @@
-// Test programs run inside a QCoreApplication (queued signals, settings) with settings and data
-// folders of their own, made afresh for each run, so that no test reads or writes the user's own
-// files or what an earlier run left. (Qt's test mode would share one folder across all runs.)
+// Test programs run in a QCoreApplication with settings and data folders of their own, never the user's.
 #include <QCoreApplication>
 #include <QSettings>
 #include <QTemporaryDir>

@@ -5,9 +5,7 @@
 #include <QStringList>
 
 namespace TestSupport {
-// A private copy of the database the build made from the repository's sources, in a fresh
-// temporary folder (deleted at exit). Tests never open the build's own file: it is the seed that
-// is installed, and must stay as the build left it.
+// A private copy of the built database in a fresh temporary folder: the build's own file is the seed and stays untouched.
 QString copyOfShippedDatabase();
 // A fresh, empty temporary folder that lives until the test program exits.
 QString temporaryDirectory();

@@ -28,25 +28,6 @@ TEST(DollarTransformer, TypedTextReadsTheLeadingNumberOnly)
         EXPECT_EQ(DollarTransformer::reverseTransformedValue(QString::fromUtf8(text)).toLongLong(), pennies) << '"' << text << '"';
 }
 
-TEST(DollarTransformer, ForwardTakesTheWholePennyValueOfAnyNumber)
-{
-    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(QVariant::fromValue<qint64>(12345)).toDouble(), 123.45);
-    // A number holding 2.9 answers 2 as its penny value; text holding 2.9 is truncated the same way.
-    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(2.9).toDouble(), 0.02);
-    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(QStringLiteral("2.9")).toDouble(), 0.02);
-    EXPECT_DOUBLE_EQ(DollarTransformer::transformedValue(-2.9).toDouble(), -0.02);
-}
-
-TEST(DollarTransformer, NullStaysNullAndOtherValuesAreRefused)
-{
-    EXPECT_TRUE(DollarTransformer::transformedValue(QVariant()).isNull());
-    EXPECT_TRUE(DollarTransformer::reverseTransformedValue(QVariant()).isNull());
-    const QVariant date(QDate(2020, 1, 1));
-    EXPECT_THAT([&] { DollarTransformer::transformedValue(date); },
-                testing::ThrowsMessage<DollarConversionError>(testing::StrEq("Value (QDate) does not respond to -doubleValue.")));
-    EXPECT_THROW(DollarTransformer::reverseTransformedValue(date), DollarConversionError);
-}
-
 TEST(Money, FormatsDollarsWithTwoDecimalsAndGrouping)
 {
     EXPECT_EQ(formatDollars(123456), QStringLiteral("$1,234.56"));

@@ -98,29 +98,6 @@ TEST_F(InterestSummary, LastTaxYearIsTheLastDecemberInTheDatabase)
     }
 }
 
-TEST_F(InterestSummary, EmptyDatabaseGivesNoSummaryAndTodayAsValuationDate)
-{
-    BondPortfolio portfolio(&people.store, ValueTable().finish());
-    add(portfolio, "E", 2001, 1);
-    EXPECT_TRUE(portfolio.interestSummary().isEmpty());
-    EXPECT_EQ(portfolio.valueOfDate().date().month(), QDate::currentDate().month());
-    EXPECT_FALSE(portfolio.setValueOfDate(QDateTime())) << "an empty valuation date is refused";
-    EXPECT_TRUE(portfolio.valueOfDate().isValid());
-}
-
-TEST_F(InterestSummary, ValuationDateIsValidatedAndDefaultsToTheLatestMonth)
-{
-    ValueTable values;
-    values.add("E", 2004, 12, 2001, 1, 2300).add("E", 2004, 11, 2001, 1, 2290);
-    BondPortfolio portfolio(&people.store, values.finish());
-    EXPECT_EQ(portfolio.valueOfDate(), BondAssessor::monthDate(2004, 12));
-    ValidationError error;
-    EXPECT_TRUE(portfolio.validateValueOfDate(BondAssessor::monthDate(2004, 11), &error));
-    EXPECT_FALSE(portfolio.validateValueOfDate(BondAssessor::monthDate(2004, 10), &error));
-    EXPECT_EQ(error.domain, QStringLiteral("ValueOfDate"));
-    EXPECT_EQ(error.message, QStringLiteral("No pricing data available for bonds with that valuation date"));
-}
-
 // A holding whose quantity is below 1 (from a damaged file, or another program) still opens and
 // counts as no bonds: every total is that of the other holdings alone, and none goes negative.
 class QuantityBelowOne : public InterestSummary, public ::testing::WithParamInterface<qint32>

@@ -59,9 +59,8 @@ plist_t instance(quint64 classUid, std::initializer_list<std::pair<const char *,
     return object;
 }
 
-// A sound archive: an array holding one Holding, which names a date and a text; the text and one
-// key hold a non-ASCII letter, so libplist writes them as UTF-16. Object 8 is a dictionary that a
-// case may make the root.
+// An array holding one Holding with a date and a non-ASCII text and key (UTF-16 in libplist's
+// binary form); object 8 is a dictionary a case may make the root.
 PlistPtr soundArchive()
 {
     plist_t objects = listOf({plist_new_string("$null"), instance(5, {{"NS.objects", uidList({2})}}),
@@ -153,8 +152,6 @@ TEST(KeyedArchiveOfTheMacProgram, CalendarDatesAndUnreadBinaryDataAreRead)
     const double sinceReferenceDate = double(noon.toSecsSinceEpoch() - 978307200); // since 2001-01-01
     const struct { const char *name, *dateClass; bool zoneDataInPlace, unreadData; } cases[] = {
         {"calendar date", "NSCalendarDate", false, false},
-        {"zone data stored in place", "NSCalendarDate", true, false},
-        {"private date class", "__NSDate", false, false},
         {"unread key holding data", "NSCalendarDate", false, true},
     };
     for (const auto &c : cases) {
@@ -192,42 +189,22 @@ TEST(KeyedArchiveRefusal, DamagedOrHostileFilesAreRefused)
     const QString notOurs = QStringLiteral("not a Quillmere portfolio");
     const struct { const char *name; QByteArray bytes; QString expected; } cases[] = {
         {"empty file", QByteArray(), notOurs},
-        {"plain text", "holdings: none", notOurs},
         {"JSON", R"({"$archiver": "NSKeyedArchiver"})", notOurs},
-        {"XML that is not a property list", "<html><body>hi</body></html>", notOurs},
         {"truncated", libplistBinary(soundArchive().get()).left(60), "damaged"},
         {"over 64 MiB", QByteArray("bplist00") + QByteArray(64 * 1024 * 1024, '\0'), "too large"},
         {"property list nested 2000 deep", HandMadePlist::binary(HandMadePlist::chainOfArrays(2000, 1)), "nested more than 1000"},
-        {"XML nested 2000 deep", "<plist>" + QByteArray("<array>").repeated(2000), "nested more than 1000"},
         {"references fanning out to 2^40 values", HandMadePlist::binary(HandMadePlist::chainOfArrays(40, 2)), "more than 4000000 values"},
         {"property list containing itself", HandMadePlist::binary({{1}, {0}}), "contains itself"},
         {"archive objects nested 1001 deep", nestedArchive(1001), "nested more than 1000"},
-        {"top level is an array", libplistBinary(PlistPtr(listOf({})).get()), notOurs},
         {"other archiver", soundArchiveWith([](plist_t a) { plist_dict_set_item(a, "$archiver", plist_new_string("NSArchiver")); }), notOurs},
         {"other version", soundArchiveWith([](plist_t a) { plist_dict_set_item(a, "$version", plist_new_uint(99999)); }), "version"},
-        {"version as text", soundArchiveWith([](plist_t a) { plist_dict_set_item(a, "$version", plist_new_string("100000")); }), "version"},
-        {"no object table", soundArchiveWith([](plist_t a) { plist_dict_remove_item(a, "$objects"); }), "object table"},
-        {"object 0 is not $null", soundArchiveWith([](plist_t a) { plist_set_string_val(objectAt(a, 0), "nil"); }), "$null"},
-        {"no $top", soundArchiveWith([](plist_t a) { plist_dict_remove_item(a, "$top"); }), "root"},
-        {"root is an integer", soundArchiveWith([](plist_t a) { plist_dict_set_item(plist_dict_get_item(a, "$top"), "root", plist_new_uint(1)); }), "root"},
-        {"dangling root", soundArchiveWith([](plist_t a) { setRoot(a, 50); }), "object 50"},
         {"dangling field", soundArchiveWith([](plist_t a) { setField(a, 2, "owner", uid(99)); }), "object 99"},
         {"array containing itself", soundArchiveWith([](plist_t a) { setField(a, 1, "NS.objects", uidList({2, 1})); }), "contains itself"},
-        {"holding containing its array", soundArchiveWith([](plist_t a) { setField(a, 2, "parent", uid(1)); }), "contains itself"},
-        {"$class is text", soundArchiveWith([](plist_t a) { setField(a, 2, "$class", plist_new_string("Holding")); }), "known kind"},
-        {"$class names a string", soundArchiveWith([](plist_t a) { setField(a, 2, "$class", uid(4)); }), "known kind"},
-        {"$class names $null", soundArchiveWith([](plist_t a) { setField(a, 2, "$class", uid(0)); }), "known kind"},
         {"$class names an object", soundArchiveWith([](plist_t a) { setField(a, 2, "$class", uid(3)); }), "known kind"},
-        {"$classes is text", soundArchiveWith([](plist_t a) { setField(a, 6, "$classes", plist_new_string("Holding")); }), "known kind"},
-        {"object is a number", soundArchiveWith([](plist_t a) { plist_array_set_item(plist_dict_get_item(a, "$objects"), plist_new_uint(5), 4); }), "known kind"},
         {"NS.objects is not a list", soundArchiveWith([](plist_t a) { setField(a, 1, "NS.objects", uid(2)); }), "NS.objects"},
-        {"NS.objects holds a number", soundArchiveWith([](plist_t a) { plist_array_append_item(plist_dict_get_item(objectAt(a, 1), "NS.objects"), plist_new_uint(2)); }), "references"},
         {"more keys than values", soundArchiveWith([](plist_t a) { setRoot(a, 8); setField(a, 8, "NS.keys", uidList({4, 4})); }), "2 keys but 1 values"},
-        {"key that is a date", soundArchiveWith([](plist_t a) { setRoot(a, 8); setField(a, 8, "NS.keys", uidList({3})); }), "not a text"},
         {"key given twice", soundArchiveWith([](plist_t a) { setRoot(a, 8); setField(a, 8, "NS.keys", uidList({4, 4})); setField(a, 8, "NS.objects", uidList({2, 2})); }), "twice"},
-        {"date without time", soundArchiveWith([](plist_t a) { plist_dict_remove_item(objectAt(a, 3), "NS.time"); }), "date"},
         {"date at infinity", soundArchiveWith([](plist_t a) { setField(a, 3, "NS.time", plist_new_real(INFINITY)); }), "date"},
-        {"date as text", soundArchiveWith([](plist_t a) { setField(a, 3, "NS.time", plist_new_string("2004-03-01")); }), "date"},
         // Both in the two-byte form libplist keeps whole; the key one would abort libplist itself.
         {"dictionary key with a null character", soundArchivePatched(QByteArray("r\0\xef", 3), QByteArray("r\0\0", 3)), "dictionary key"},
         {"text with a null character", soundArchivePatched(QByteArray("C\0\xe9", 3), QByteArray("C\0\0", 3)), "null character"},

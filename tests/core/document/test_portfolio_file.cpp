@@ -97,27 +97,6 @@ TEST_F(PortfolioFileTest, SaveThenOpenGivesBackEveryFieldAndOnePersonObject)
     EXPECT_EQ(opened.figuresOf(*opened.holdings().at(0)).value(), 2 * 8000);
 }
 
-// Python sees the document's structure, and sees the same in libplist's rendition of the file.
-TEST_F(PortfolioFileTest, IndependentReaderSeesTheDocumentStructure)
-{
-    SKIP_WITHOUT_PYTHON();
-    const QString path = folder + QStringLiteral("/check.bondportfolio");
-    ASSERT_TRUE(makePortfolio()->saveToFile(path));
-    const QByteArray ours = TestSupport::readFile(path);
-    EXPECT_EQ(pythonReading(ours), pythonReading(libplistBinary(libplistTree(ours).get())));
-
-    const QJsonObject root = pythonJson(ours)["root"].toObject();
-    EXPECT_EQ(root.keys(), (QStringList{"holdings", "titleHolders"}));
-    const QJsonObject ee = root["holdings"][0].toObject();
-    expectFields(ee, R"({"$class": "Holding", "quantity": 2, "faceValue": 10000, "paper": true,
-                         "serialNumber": "Q100", "coOwner": null})");
-    EXPECT_EQ(ee["series"]["code"].toString(), QStringLiteral("N"));
-    EXPECT_FALSE(ee["issueDate"]["$date"].toString().isEmpty());
-    const QJsonValue listedFirst = root["titleHolders"][0];
-    EXPECT_EQ(listedFirst["uid"].toString(), ann->uniqueId());
-    EXPECT_EQ(ee["owner"]["$id"], listedFirst["$id"]) << "a person is stored once";
-}
-
 TEST_F(PortfolioFileTest, OlderBareListOpensWithTheFamilyAndPaperByDefault)
 {
     people.store.setMe(ann->uniqueId());
@@ -137,39 +116,6 @@ TEST_F(PortfolioFileTest, OlderBareListOpensWithTheFamilyAndPaperByDefault)
     EXPECT_EQ(opened.holdings().at(1)->coOwner(), opened.titleHolders().at(0));
     EXPECT_TRUE(opened.holdings().at(1)->isPaper());
     EXPECT_FALSE(opened.isEdited());
-}
-
-TEST_F(PortfolioFileTest, UnreadableDataIsRefusedAndChangesNothing)
-{
-    const auto portfolio = makePortfolio();
-    const QList<HoldingRef> before = portfolio->holdings();
-    const QByteArray wrongShape = KeyedArchive::encode(QStringLiteral("just a string"));
-    for (const QByteArray &data : {QByteArray(), QByteArray("bplist00 garbage"), wrongShape}) {
-        QString error;
-        EXPECT_FALSE(portfolio->loadDataRepresentation(data, &error));
-        EXPECT_FALSE(error.isEmpty());
-        EXPECT_EQ(portfolio->holdings(), before);
-        EXPECT_EQ(portfolio->titleHolders().size(), 3);
-    }
-    QString error;
-    EXPECT_TRUE(portfolio->dataRepresentation(QStringLiteral("Text"), &error).isEmpty());
-    EXPECT_FALSE(error.isEmpty());
-}
-
-TEST_F(PortfolioFileTest, FailedSaveKeepsTheOldFileAndTheEditedState)
-{
-    const auto portfolio = makePortfolio();
-    const QString path = folder + QStringLiteral("/kept.bondportfolio");
-    ASSERT_TRUE(portfolio->saveToFile(path));
-    const QByteArray saved = TestSupport::readFile(path);
-    portfolio->holdings().at(0)->setQuantity(9);
-    EXPECT_TRUE(portfolio->isEdited());
-    PortfolioSaveFailure failure;
-    EXPECT_FALSE(portfolio->saveToFile(folder + QStringLiteral("/missing/folder/x.bondportfolio"), &failure));
-    EXPECT_EQ(failure.file.failure, FileWriteFailure::Other);
-    EXPECT_TRUE(portfolio->isEdited());
-    EXPECT_EQ(portfolio->fileName(), path);
-    EXPECT_EQ(TestSupport::readFile(path), saved);
 }
 
 TEST_F(PortfolioFileTest, PersonMissingFromTheStoreVanishesFromListAndRoles)

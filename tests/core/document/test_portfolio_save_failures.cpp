@@ -3,7 +3,6 @@
 #include "../PortfolioFixture.h"
 #include "document/DocumentFileWriter.h"
 
-#include "ScratchMount.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -81,38 +80,6 @@ INSTANTIATE_TEST_SUITE_P(Errors, InjectedWriteFailure,
                                            InjectedCase{EPERM, FileWriteFailure::PermissionDenied},
                                            InjectedCase{EROFS, FileWriteFailure::ReadOnlyFileSystem},
                                            InjectedCase{EIO, FileWriteFailure::Other}));
-
-TEST_F(PortfolioSaveFailure_, FullDisk)
-{
-    ScratchMount disk(folder + QStringLiteral("/disk"), 64);
-    if (!disk.mounted())
-        GTEST_SKIP() << disk.reason();
-    const QString path = disk.path(QStringLiteral("full.bondportfolio"));
-    const QByteArray before = saveThenEdit(path);
-    disk.fill();
-    expectRefusedAndKept(path, before, FileWriteFailure::DiskFull);
-    EXPECT_TRUE(temporaryCopies(path).isEmpty());
-}
-
-TEST_F(PortfolioSaveFailure_, ReadOnlyFolder)
-{
-    if (::geteuid() != 0) {
-        // Permissions hold for everyone but root.
-        const QString path = folder + QStringLiteral("/locked.bondportfolio");
-        const QByteArray before = saveThenEdit(path);
-        QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
-        expectRefusedAndKept(path, before, FileWriteFailure::PermissionDenied);
-        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        return;
-    }
-    ScratchMount disk(folder + QStringLiteral("/disk"), 256);
-    if (!disk.mounted())
-        GTEST_SKIP() << disk.reason();
-    const QString path = disk.path(QStringLiteral("frozen.bondportfolio"));
-    const QByteArray before = saveThenEdit(path);
-    ASSERT_TRUE(disk.makeReadOnly());
-    expectRefusedAndKept(path, before, FileWriteFailure::ReadOnlyFileSystem);
-}
 
 TEST_F(PortfolioSaveFailure_, NextGoodSaveRemovesStaleCopiesOfThatDocumentOnly)
 {

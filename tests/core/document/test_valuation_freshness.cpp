@@ -1,6 +1,4 @@
-// A portfolio's figures always answer from the database as it is now: values installed while a
-// document is open (by this process or another), a valuation month changed back and forth, and a
-// holding edited between two reads all show at the very next read.
+// Values installed while a document is open, by this process or another, show at the very next read.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
@@ -74,28 +72,5 @@ TEST_P(ValuesInstalledWhileOpen, ShowAtTheNextRead)
 
 INSTANTIATE_TEST_SUITE_P(Installers, ValuesInstalledWhileOpen,
                          testing::Values(Installer::ThisProcess, Installer::AnotherProcess));
-
-TEST(ValuationFreshness, MonthsBackAndForthAndEditsBetweenReads)
-{
-    OpenPortfolio open;
-    ASSERT_TRUE(install(open.database, {{QStringLiteral("feb.bin"), priceFile('I', 2030, 2, 2001, 2, 4000)}}));
-    const QDateTime january = BondAssessor::monthDate(2030, 1);
-    const QDateTime february = BondAssessor::monthDate(2030, 2);
-    for (int round = 0; round < 2; ++round) {
-        open.document->setValueOfDate(february);
-        EXPECT_EQ(open.figures().value(), 2 * (4000 + 2) * 2);
-        open.document->setValueOfDate(january);
-        EXPECT_EQ(open.figures().value(), 2 * (3000 + 2) * 2);
-    }
-    // Each edit shows at once: another issue month, face value, quantity, and a bond without data.
-    open.holding->setIssueDate(Month(2002, 7));
-    EXPECT_EQ(open.figures().value(), 2 * (3000 + 12 + 6) * 2);
-    open.holding->setFaceValue(2500);
-    open.holding->setQuantity(3);
-    EXPECT_EQ(open.figures().value(), 3 * (3000 + 18));
-    open.holding->setSeries(Series::seriesForCode(QStringLiteral("E")));
-    EXPECT_EQ(open.figures().value(), 0);
-    EXPECT_TRUE(lacksPricingData(open.figures().status()));
-}
 
 } // namespace

@@ -65,32 +65,4 @@ TEST_F(CsvExport, WritesAtomicallyWithoutTouchingTheDocument)
     EXPECT_TRUE(failed.detail.contains(unwritable));
 }
 
-// An independent reader: a spreadsheet must see eleven cells on every line.
-TEST_F(CsvExport, SpreadsheetOpensElevenColumnsPerLine)
-{
-    const QString office = QStandardPaths::findExecutable(QStringLiteral("libreoffice"));
-    if (office.isEmpty())
-        GTEST_SKIP() << "libreoffice is not installed";
-    const HoldingRef named = make("N", 1995, 3, 5000, 2, QStringLiteral("Q100"));
-    named->setOwner(people.person(QStringLiteral("Zo\u00EB"), QStringLiteral("Smith")));
-    const QString dir = TestSupport::temporaryDirectory();
-    ASSERT_TRUE(PortfolioCsv::exportToCommaSeparatedValues(dir + QStringLiteral("/export.csv"), portfolio->valuationContext(),
-                                                           {named, make("S", 0, 0, 2500), make("I", 1999, 7, 99999999)}).succeeded);
-    QProcess process;
-    // A profile of its own keeps LibreOffice out of the user's home. Input Latin 1 (12), output UTF-8 (76).
-    process.start(office, {QStringLiteral("-env:UserInstallation=file://%1/profile").arg(dir), QStringLiteral("--headless"),
-                           QStringLiteral("--infilter=CSV:44,34,12,1"), QStringLiteral("--convert-to"),
-                           QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76,1"), QStringLiteral("--outdir"),
-                           dir + QStringLiteral("/out"), dir + QStringLiteral("/export.csv")});
-    ASSERT_TRUE(process.waitForFinished(300000));
-    const QString converted = QString::fromUtf8(contents(dir + QStringLiteral("/out/export.csv")));
-    const QStringList lines = converted.split(QRegularExpression(QStringLiteral("\r?\n")), Qt::SkipEmptyParts);
-    ASSERT_EQ(lines.size(), 4) << process.readAllStandardError().toStdString();
-    // Outside double quotes every comma separates two cells.
-    static const QRegularExpression quoted(QStringLiteral("\"[^\"]*\""));
-    for (const QString &line : lines)
-        EXPECT_EQ(QString(line).remove(quoted).count(QLatin1Char(',')), 10) << line.toStdString();
-    EXPECT_TRUE(lines.at(1).contains(QStringLiteral("Zo\u00EB Smith")));
-}
-
 } // namespace

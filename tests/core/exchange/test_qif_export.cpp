@@ -71,22 +71,4 @@ TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
     EXPECT_EQ(ExchangeAlerts::of(failed).message, QStringLiteral("Unable to export data"));
 }
 
-TEST_F(QifExport, NumberedNamesFollowThePriceListAlone)
-{
-    const QList<std::pair<QStringList, const char *>> cases{{{}, ""}, {{"Positions.qif"}, ""}, {{"PriceList.qif"}, "-1"},
-        {{"PriceList.qif", "PriceList-1.qif"}, "-2"}, {{"PriceList.qif", "Positions-1.qif", "Positions-2.qif"}, "-1"}};
-    for (const auto &[present, suffix] : cases) {
-        dir = TestSupport::temporaryDirectory();
-        for (const QString &name : present)
-            write(in(name), "older");
-        const QuickenFileSet::Outcome outcome = QuickenFileSet::exportToQuickenFileSet(portfolio->displayName(), portfolio->holdings(), {}, portfolio->valuationContext(), dir);
-        const QString positions = QStringLiteral("Positions%1.qif").arg(QLatin1String(suffix));
-        EXPECT_EQ(outcome.paths.priceList, in(QStringLiteral("PriceList%1.qif").arg(QLatin1String(suffix))));
-        EXPECT_EQ(outcome.paths.positions, in(positions));
-        EXPECT_TRUE(contents(in(positions)).startsWith("!Type:Security\r")) << suffix;
-        for (const QString &name : present)
-            EXPECT_EQ(contents(in(name)) == "older", name != positions) << name.toStdString();
-    }
-}
-
 } // namespace

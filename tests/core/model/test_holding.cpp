@@ -7,28 +7,6 @@
 
 namespace {
 
-TEST(Holding, NewHoldingTakesTheDefaults)
-{
-    const QString paperKey = QString::fromLatin1(UserDefaults::DefaultBuysPaperKey);
-    UserDefaults::remove(paperKey);
-    Holding plain;
-    EXPECT_EQ(std::tuple(plain.quantity(), plain.faceValue(), plain.series(), plain.isPaper()), std::tuple(1, Pennies(0), Series::eeBond(), true));
-    EXPECT_TRUE(plain.issueDate().isNull());
-    EXPECT_TRUE(plain.serialNumber().isNull());
-    EXPECT_TRUE(plain.registration().isNull());
-
-    UserDefaults::setValue(paperKey, false);
-    Series::setDefaultSeries(Series::seriesForCode(QStringLiteral("I")));
-    Holding electronic;
-    EXPECT_FALSE(electronic.isPaper());
-    EXPECT_EQ(electronic.series()->code(), QStringLiteral("I"));
-    UserDefaults::remove(paperKey);
-    UserDefaults::remove(QString::fromLatin1(UserDefaults::DefaultBondSeriesKey));
-
-    electronic.setSeries(nullptr);
-    EXPECT_EQ(electronic.series(), Series::eeBond()) << "an empty series reads as EE";
-}
-
 // The role set last wins, and the owner never holds a second role. A step sets a role (Owner,
 // Co-owner, Beneficiary) or Deletes a title holder, for a(nn), b(ob) or - (nobody).
 TEST(Holding, RolesStayConsistentAndMakeTheRegistration)

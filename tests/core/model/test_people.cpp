@@ -21,32 +21,6 @@ TEST(PeopleStore, FamilyIsEveryLastNameStartingWithMineIgnoringCase)
     EXPECT_EQ(family, (QStringList{"Ann Smith", "Bob smith", "Cy Smithers"}));
 }
 
-TEST(PeopleStore, SavedRecordsComeBackAndAFailedSaveLeavesTheFileWhole)
-{
-    PeopleFixture people;
-    const PersonRecord fields{{}, "Ann", "Smith", {{"home", "ann@example.org"}}, {}, {}};
-    const auto created = people.store.createRecord(fields);
-    EXPECT_FALSE(created->uniqueId.isEmpty());
-    EXPECT_NE(people.store.createRecord(*created)->uniqueId, created->uniqueId) << "identifiers stay unique";
-    QString error;
-    ASSERT_TRUE(people.store.save(&error)) << error.toStdString();
-    PeopleStore reread(people.store.path());
-    ASSERT_EQ(reread.records().size(), 2);
-    const auto found = reread.recordForUniqueId(created->uniqueId);
-    ASSERT_TRUE(found);
-    EXPECT_EQ(found->emails, fields.emails);
-    EXPECT_EQ(reread.recordsWithLastNamePrefix(QStringLiteral("SMI")).size(), 2);
-    EXPECT_TRUE(reread.recordsWithLastNamePrefix(QStringLiteral("mith")).isEmpty());
-
-    const QByteArray before = TestSupport::readFile(people.store.path());
-    PeopleStore blocked(people.store.path() + QStringLiteral("/not-a-folder/people.vcf"));
-    blocked.createRecord({});
-    error.clear();
-    EXPECT_FALSE(blocked.save(&error));
-    EXPECT_FALSE(error.isEmpty());
-    EXPECT_EQ(TestSupport::readFile(people.store.path()), before);
-}
-
 // Which people file a portfolio's people come from, in the window and every command alike.
 struct PeopleFileCase
 {
@@ -125,29 +99,6 @@ TEST(Person, NameNeedsBothNamesAndIdentityIsTheRecordIdentifierAlone)
     const PersonRef ann = people.person("Ann", "Smith");
     EXPECT_TRUE(samePerson(ann.get(), Person::create(ann->record()).get()));
     EXPECT_FALSE(samePerson(ann.get(), people.person("Ann", "Smith").get()));
-}
-
-TEST(Person, RoleCountsAreNoValueAtZeroAndAnnouncedOncePerChange)
-{
-    PeopleFixture people;
-    const PersonRef ann = people.person("Ann", "Smith");
-    EXPECT_FALSE(ann->ownerHoldingsCount().isValid());
-    QStringList announced;
-    QObject::connect(ann.get(), &Person::countChanged, [&](const QString &key) { announced << key; });
-    Holding first, second;
-    ann->addOwnerHolding(&first);
-    EXPECT_EQ(announced, QStringList{"ownerHoldingsCount"});
-    EXPECT_EQ(ann->ownerHoldingsCount(), QVariant(1));
-    ann->addOwnerHolding(&second);
-    ann->addOwnerHolding(&first);
-    ann->removeOwnerHolding(&first); // every occurrence goes
-    EXPECT_EQ(ann->ownerHoldings(), QList<Holding *>{&second});
-    ann->addBeneficiaryHolding(&first);
-    EXPECT_EQ(ann->beneficiaryHoldingsCount(), QVariant(1));
-    EXPECT_FALSE(ann->coOwnerHoldingsCount().isValid());
-    ann->removeOwnerHolding(&second);
-    ann->removeBeneficiaryHolding(&first);
-    EXPECT_FALSE(ann->ownerHoldingsCount().isValid());
 }
 
 } // namespace

@@ -65,28 +65,6 @@ TEST(VCard, ReadsNamesIdentifierAndEmails)
     }
 }
 
-// A bad card is skipped with a warning; the good cards around it are kept.
-TEST(VCard, SkipsOnlyTheBadCard)
-{
-    const std::pair<const char *, QByteArray> cards[] = {
-        {"line without colon", "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:x\r\nN Smith\r\nEND:VCARD\r\n"},
-        {"unclosed quote", "BEGIN:VCARD\r\nUID:x\r\nEMAIL;TYPE=\"home:a@b\r\nEND:VCARD\r\n"},
-        {"unknown version", "BEGIN:VCARD\r\nVERSION:9.9\r\nUID:x\r\nN:A;B;;;\r\nEND:VCARD\r\n"},
-        {"duplicate identifier", "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:good-1\r\nN:Dup;C;;;\r\nEND:VCARD\r\n"},
-        {"nested begin without end", "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:x\r\n"},
-        {"stray line outside cards", "garbage between cards\r\n"}};
-    for (const auto &[name, card] : cards) {
-        SCOPED_TRACE(name);
-        const VCard::ReadResult result = VCard::read("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:good-1\r\nN:One;A;;;\r\nEND:VCARD\r\n" + card
-                                                     + "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:good-2\r\nN:Two;B;;;\r\nEND:VCARD\r\n");
-        QStringList ids;
-        for (const PersonRecord &r : result.records)
-            ids << r.uniqueId;
-        EXPECT_EQ(ids, (QStringList{"good-1", "good-2"}));
-        EXPECT_FALSE(result.warnings.isEmpty());
-    }
-}
-
 TEST(VCard, CardWithoutIdentifierGetsTheSameOneOnEveryRead)
 {
     const QByteArray text = "BEGIN:VCARD\nVERSION:3.0\nN:Nouid;Pat;;;\nEND:VCARD\n";

@@ -1,6 +1,4 @@
-// Derived values (matured bonds carried forward, fixed-rate EE bonds computed) give way to
-// official files that cover them, through the updater and install-treasury-file alike, and reach
-// every new latest month.
+// Derived values give way to official files that cover them, and reach every new latest month.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
@@ -116,33 +114,6 @@ TEST_F(DerivedValuesTest, DerivedValuesStopAYearPastTheLatestOfficialMonth)
     // The shipped Series I values reach 11/2026.
     EXPECT_EQ(queryText(m_path, QStringLiteral("select max(ryr * 100 + rmo) from derived_value")), QStringLiteral("202711"));
     EXPECT_EQ(stored('E', 1980, 6, 2026, 11), 11175);
-}
-
-TEST_F(DerivedValuesTest, ANewerRateTableExtendsTheComputedBonds)
-{
-    QByteArray table = TestSupport::readFile(TestSupport::sourcePath(QStringLiteral("data/rates/ee-fixed-rates.csv")));
-    table += "2021-12,2022-04,0.10\n";
-    DerivedValues::Extension added;
-    QString error;
-    sqlite3_exec(m_db, "begin", nullptr, nullptr, nullptr);
-    ASSERT_TRUE(DerivedValues::extend(m_db, EeFixedRates::read(table, QStringLiteral("newer.csv")), &added, &error))
-        << error.toStdString();
-    sqlite3_exec(m_db, "commit", nullptr, nullptr, nullptr);
-    EXPECT_EQ(added.computed, 60 + 59 + 58 + 57 + 56); // issued 2021-12 to 2022-04, to 2026-11
-    EXPECT_EQ(stored('N', 2022, 4, 2026, 11), EeFixedRates::valueAt(10, 55));
-    EXPECT_TRUE(derived('N', 2022, 4, 2026, 11));
-}
-
-// A database from before derived values were recorded reads as having none, and gets the table
-// with its next installation.
-TEST_F(DerivedValuesTest, ADatabaseWithoutTheTableReadsAndInstalls)
-{
-    ASSERT_EQ(sqlite3_exec(m_db, "drop table derived_value", nullptr, nullptr, nullptr), SQLITE_OK);
-    EXPECT_EQ(stored('N', 2005, 5, 2021, 12), 2220);
-    EXPECT_FALSE(derived('N', 2005, 5, 2021, 12));
-    const OfficialSourceInstaller::Outcome outcome = OfficialSourceInstaller::install(m_db, {QStringLiteral("sb202612.asc"), {NewLatestMonth}});
-    ASSERT_TRUE(outcome.ok()) << outcome.error.toStdString();
-    EXPECT_TRUE(derived('N', 2005, 5, 2026, 12));
 }
 
 } // namespace

@@ -12,9 +12,7 @@ QString monthText(int index)
     return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1);
 }
 
-// The proof that computing is as good as publishing: every EE value the Treasury files hold for
-// the fixed-rate issue months they confirm (May 2005 to November 2020) comes out of the rate table
-// to the cent, the not-redeemable markers of the first year included.
+// Every official EE value of the fixed-rate issue months (05/2005 to 11/2020) comes out of the rate table to the cent.
 TEST(EeFixedRates, ReproduceEveryOfficialValueOfTheFixedRateIssueMonths)
 {
     const EeFixedRates::Table &rates = EeFixedRates::shipped();

@@ -59,15 +59,6 @@ TEST(MaturedBondCarryForward, FillsGapsAndMonthsAfterTheLastOfficialOne)
     EXPECT_EQ(months, (QList<int>{199206, 199207, 199209, 199210}));
 }
 
-TEST(MaturedBondCarryForward, RefusesAValueThatChangesAfterMaturity)
-{
-    const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(eBondSources(9100));
-    EXPECT_TRUE(result.records.isEmpty());
-    EXPECT_TRUE(result.error.contains(QLatin1String("Series E issued 1941-05"))) << result.error.toStdString();
-    EXPECT_TRUE(result.error.contains(QLatin1String("1992-08 (later.asc)"))) << result.error.toStdString();
-    EXPECT_TRUE(result.error.contains(QLatin1String("$91.00"))) << result.error.toStdString();
-}
-
 TEST(MaturedBondCarryForward, CarriesOnlyBondsThatMatureWithinTheData)
 {
     // EE bonds of November and December 1991 mature in November and December 2021; the EE data

@@ -50,16 +50,6 @@ TEST_F(PriceDataInstallerTest, TrailingBytesThatFillNoRecordAreIgnored)
     EXPECT_EQ(m_progress, std::make_pair(0.0, 0.0)); // two records: maximum 2 / 10 = 0
 }
 
-// Recorded under the exact name, quotes and all, though they add no rows.
-TEST_F(PriceDataInstallerTest, FilesTooShortForOneRecordAreStillRecorded)
-{
-    const QString quoted = QStringLiteral("O'Neil's ''prices''.bin");
-    ASSERT_TRUE(install(QByteArray(55, 'N'), quoted));
-    ASSERT_TRUE(install(QByteArray(), QStringLiteral("empty.bin")));
-    EXPECT_EQ(count("select count(*) from bond_value"), 0);
-    EXPECT_EQ(dataFiles(), QStringList({quoted, QStringLiteral("empty.bin")}));
-}
-
 TEST_F(PriceDataInstallerTest, AFileRepeatingPresentRowsRollsBackWhole)
 {
     ASSERT_TRUE(install(PriceDataFile::encode({record('I', 2026, 10, 2010, 4071)}), QStringLiteral("first.bin")));
@@ -94,14 +84,6 @@ TEST_F(PriceDataInstallerTest, SummaryTablesFollowTheDataAndAreAnnounced)
     EXPECT_EQ(announced.value(QString::fromLatin1(QBMaximumRedemptionDateKey)).toDateTime(), maximum);
     EXPECT_EQ(announced.value(QString::fromLatin1(QBMinimumRedemptionDateKey)).toDateTime(), minimum);
     EXPECT_EQ(m_statuses.last(), QStringLiteral("Optimizing pricing data..."));
-}
-
-TEST_F(PriceDataInstallerTest, SummaryRebuildFailsWithoutTheSummaryTables)
-{
-    sqlite3_exec(m_db, "drop table max_rdate", nullptr, nullptr, nullptr);
-    PriceDataInstaller installer(m_db, m_feedback);
-    EXPECT_FALSE(installer.updateRedemptionDateSummaryTables(nullptr, nullptr, false));
-    EXPECT_FALSE(installer.lastError().isEmpty());
 }
 
 } // namespace

@@ -1,6 +1,4 @@
-// Installation against other users of the same database file: portfolios keep reading while a
-// file is installed, and a process killed in the middle of an installation leaves the file
-// either wholly installed or not at all.
+// Readers keep reading during an installation; one killed halfway leaves the file wholly installed or not at all.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 #include "base/Series.h"

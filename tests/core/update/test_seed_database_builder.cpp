@@ -51,31 +51,4 @@ TEST(SeedDatabaseBuilder, InstallsEachSourceThenTheCarryForward)
         EXPECT_EQ(assessor.valueOf(bond, Month(1995, month)), 9059) << month;
 }
 
-TEST(SeedDatabaseBuilder, AFailedBuildLeavesTheOldDatabaseAndNoLeftovers)
-{
-    const SmallSources sources;
-    const QString out = writeFile(sources.dir, QStringLiteral("bondvalues.bvdb"), "previous");
-    const struct
-    {
-        const char *name;
-        QByteArray contents;
-        QString error; // how the message starts
-    } cases[] = {
-        {"sb199506.asc", "E1995061941      009059\r\nE1995061942      0090x9\r\n",
-         sources.dir + QStringLiteral("/sb199506.asc:2: non-numeric value '0090x9' for issue month February")},
-        // The matured bond's value changes in April: refused before anything is built.
-        {"sb199504x.asc", "E1995041941      009060\r\n", QStringLiteral("Series E issued 1941-02")},
-        // Repeated rows fail inside the database.
-        {"copy.asc", "E1995021941      009059\r\n", QStringLiteral("copy.asc: could not be installed")},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        QString error;
-        EXPECT_FALSE(SeedDatabaseBuilder::build(out, {sources.february, writeFile(sources.dir, QString::fromLatin1(c.name), c.contents)}, &error));
-        EXPECT_TRUE(error.startsWith(c.error)) << error.toStdString();
-    }
-    EXPECT_EQ(TestSupport::readFile(out), QByteArray("previous"));
-    EXPECT_EQ(QDir(sources.dir).entryList({QStringLiteral("bondvalues.bvdb*")}, QDir::Files), QStringList{QStringLiteral("bondvalues.bvdb")});
-}
-
 } // namespace

@@ -1,6 +1,4 @@
-// Packed value histories read exactly like the rows of bond_value they stand for: for every bond
-// of the shipped database, and after any program changes values or their provenance with plain
-// SQL, before and after the installers pack them again.
+// Packed value histories read exactly like the bond_value rows they stand for, before and after plain-SQL changes.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
@@ -124,20 +122,6 @@ TEST(ValueHistoryPacking, OlderDatabaseGainsThePackedRows)
     EXPECT_EQ(PriceUpdateTestData::queryInt(path, QStringLiteral("select count(*) from bond_history")),
               PriceUpdateTestData::queryInt(path, QStringLiteral("select count(*) from (select distinct series, iyr, imo "
                                                                  "from bond_value where value >= -1)")));
-    expectSameAsRows(path);
-}
-
-// Dropping a table drops its triggers: what went into derived_value after it was made again was
-// never marked.
-TEST(ValueHistoryPacking, ProvenanceTableMadeAgainIsPackedAgain)
-{
-    const QString path = TestSupport::copyOfShippedDatabase();
-    Connection installer(path);
-    installer.execute("drop table derived_value");
-    QString error;
-    ASSERT_TRUE(DerivedValues::ensureTable(installer.db, &error));
-    installer.execute("insert into derived_value values ('N', 2010, 1, 2015, 1)");
-    ASSERT_TRUE(ValueHistoryPacking::refresh(installer.db, &error)) << error.toStdString();
     expectSameAsRows(path);
 }
 

@@ -51,6 +51,7 @@ TEST(ShippedDatabase, OfficialAndCarriedForwardValuesComeBackExactly)
             << v.code << ' ' << v.issueYear << '-' << v.issueMonth << " in " << v.year << '-' << v.month;
 }
 
+<<<<<<< HEAD
 TEST(ShippedDatabase, CoversMay1992ToNovember2026)
 {
     EXPECT_EQ(shipped().minimumRedemptionDate(), QDateTime(QDate(1992, 5, 1), QTime(0, 0, 1), Qt::LocalTime));
@@ -89,6 +90,8 @@ TEST(ShippedDatabase, ValuesSinceIssueListPositiveValuesInMonthOrder)
     }
 }
 
+=======
+>>>>>>> prune
 TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
 {
     ValueTable values; // one stored value and one stored zero

@@ -1,6 +1,4 @@
-// The figures of one holding, and the totals of several: values, interest, growth and yield, and
-// why a bond without pricing data has none (not priced yet, never sold in its issue month, or
-// valued before its issue).
+// The figures of one holding and the totals of several, and why a bond without pricing data has none.
 #include "../QtPrinters.h"
 #include "../PortfolioFixture.h"
 #include "document/HoldingPresentation.h"
