@@ -51,47 +51,6 @@ TEST(ShippedDatabase, OfficialAndCarriedForwardValuesComeBackExactly)
             << v.code << ' ' << v.issueYear << '-' << v.issueMonth << " in " << v.year << '-' << v.month;
 }
 
-<<<<<<< HEAD
-TEST(ShippedDatabase, CoversMay1992ToNovember2026)
-{
-    EXPECT_EQ(shipped().minimumRedemptionDate(), QDateTime(QDate(1992, 5, 1), QTime(0, 0, 1), Qt::LocalTime));
-    EXPECT_EQ(shipped().maximumRedemptionDate(), QDateTime(QDate(2026, 11, 1), QTime(0, 0, 1), Qt::LocalTime));
-    EXPECT_TRUE(shipped().isValidValueOfDate(Month(2001, 12)));
-    EXPECT_FALSE(shipped().isValidValueOfDate(Month(1992, 4)));
-    EXPECT_FALSE(shipped().isValidValueOfDate(Month(2026, 12)));
-    EXPECT_TRUE(shipped().isValidIssueDate(Month(1941, 5), series("E")));
-    EXPECT_FALSE(shipped().isValidIssueDate(Month(1941, 5), series("I")));
-}
-
-TEST(ShippedDatabase, ValuesSinceIssueListPositiveValuesInMonthOrder)
-{
-    const QStringList lines = shipped().valuesSinceIssue(bond("I", 2026, 1));
-    // Not redeemable before January 2027: no line at all.
-    EXPECT_TRUE(lines.isEmpty());
-    // EE of January 1990, per $25 and neither scaled nor corrected: the official values from the
-    // first file (May 1992) on, to final maturity in January 2020, then carried to November 2026;
-    // September 2001 to February 2002, which no file covers, filled from its interest periods.
-    const QStringList ee = shipped().valuesSinceIssue(bond("N", 1990, 1, 10000, 2));
-    ASSERT_EQ(ee.size(), 415);
-    EXPECT_EQ(ee.mid(0, 3), (QStringList{"US SAVINGS BOND,13.95,05/1/1992\r", "US SAVINGS BOND,14.01,06/1/1992\r",
-                                         "US SAVINGS BOND,14.08,07/1/1992\r"}));
-    const qsizetype maturity = ee.indexOf(QStringLiteral("US SAVINGS BOND,51.84,01/1/2020\r"));
-    ASSERT_GT(maturity, 0);
-    EXPECT_EQ(ee.at(maturity - 1), QStringLiteral("US SAVINGS BOND,50.82,12/1/2019\r"));
-    EXPECT_EQ(ee.last(), QStringLiteral("US SAVINGS BOND,51.84,11/1/2026\r"));
-    int previous = 0;
-    for (qsizetype k = 0; k < ee.size(); ++k) {
-        SCOPED_TRACE(ee.at(k).toStdString());
-        const QStringList date = ee.at(k).section(QLatin1Char(','), 2).chopped(1).split(QLatin1Char('/'));
-        const int month = date.at(2).toInt() * 12 + date.at(0).toInt();
-        EXPECT_GT(month, previous);
-        previous = month;
-        EXPECT_TRUE(k <= maturity || ee.at(k).startsWith(QStringLiteral("US SAVINGS BOND,51.84,"))); // kept from maturity on
-    }
-}
-
-=======
->>>>>>> prune
 TEST(BondAssessor, ScalesWithIntegerArithmeticTruncatingTowardZero)
 {
     ValueTable values; // one stored value and one stored zero
