@@ -60,11 +60,12 @@ ExchangeAlert of(const QuickenFileSet::Outcome &outcome)
 {
     if (!outcome.succeeded)
         return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Alert")),
-                text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Unable to export data"))};
+                text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Unable to export data")), {}};
     return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Export complete")),
             text(QT_TRANSLATE_NOOP("ExchangeAlerts",
                                    "You may now import your portfolio positions and pricelist from the files in %1"))
-                .arg(outcome.directory)};
+                .arg(outcome.directory),
+            {}};
 }
 
 } // namespace ExchangeAlerts

@@ -97,8 +97,9 @@ TEST_P(PropertyListRoundTrip, BothReadBackWhatEitherWrites)
     ASSERT_TRUE(theirTree) << "libplist reads ours";
     const QByteArray theirs = libplistBinary(theirTree.get());
     EXPECT_EQ(ours(theirs), tree) << "ours reads libplist's";
-    if (GetParam().inXml)
+    if (GetParam().inXml) {
         EXPECT_EQ(ours(libplistXml(theirTree.get())), tree) << "ours reads libplist's XML";
+    }
     EXPECT_LE(written.size(), theirs.size());
 }
 

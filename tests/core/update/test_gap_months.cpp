@@ -168,8 +168,9 @@ void expectGapCells(sqlite3 *db)
         const int filled = value(cell.series, cell.issue, cell.redemption);
         EXPECT_EQ(filled, cell.sameAs ? value(cell.series, cell.issue, cell.sameAs) : cell.value);
         EXPECT_EQ(derived(cell.series, cell.issue, cell.redemption), filled != NoData);
-        if (cell.sameAs)
+        if (cell.sameAs) {
             EXPECT_FALSE(derived(cell.series, cell.issue, cell.sameAs));
+        }
     }
 }
 sqlite3 *open(const QString &path)
