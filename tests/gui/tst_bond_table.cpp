@@ -6,6 +6,9 @@
 #include "ColorCircleDelegate.h"
 #include "HoldingColumns.h"
 #include "ValuationMonthPicker.h"
+#include "valuation/RedemptionDateRangeNotifier.h"
+
+#include <QSignalSpy>
 #include "ValueChartDialog.h"
 #include "base/UserDefaults.h"
 
@@ -16,6 +19,7 @@
 #include <QLineSeries>
 #include <QDateTimeAxis>
 #include <QMenu>
+#include <QScrollBar>
 #include <QValueAxis>
 #include <QScatterSeries>
 #include <sqlite3.h>
@@ -48,6 +52,26 @@ private slots:
     {
         GuiTest::discardWindows();
         UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
+    }
+
+    // Without settings the people columns and the growth rate wait in the menu, so that the rest
+    // fits a 1600-pixel window without scrolling sideways.
+    void leastUsedColumnsStartHiddenAndComeBack()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        window->resize(1600, 1000);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        QHeaderView *header = window->bondTable()->horizontalHeader();
+        QStringList hidden;
+        for (int column = 0; column < HoldingColumns::Count; ++column) {
+            if (header->isSectionHidden(column))
+                hidden << HoldingColumns::key(column);
+        }
+        QCOMPARE(hidden, QStringList({"growthRate", "owner", "co-owner", "beneficiary"}));
+        QVERIFY(!window->bondTable()->horizontalScrollBar()->isVisible());
+        window->columns()->toggleColumnVisibility(HoldingColumns::Owner);
+        QVERIFY(!header->isSectionHidden(HoldingColumns::Owner));
     }
 
     // Settings saved by earlier versions name the columns by these keys: the table finds every
@@ -164,6 +188,53 @@ private slots:
         window.valuationPicker()->setDate(QDate(2015, 7, 1));
         QCOMPARE(window.portfolio()->valueOfDate().date(), QDate(2015, 7, 1));
     }
+
+    // A new range reaches every picker: by this process's notice; from another process that
+    // installs a later month and sends none, within the periodic check or at once when the
+    // application becomes active again.
+    void thePickerFollowsANewDatabaseRange_data()
+    {
+        QTest::addColumn<int>("how");
+        QTest::newRow("notice") << 0;
+        QTest::newRow("periodic check") << 1;
+        QTest::newRow("application activated") << 2;
+    }
+    void thePickerFollowsANewDatabaseRange()
+    {
+        QFETCH(int, how);
+        const QString path = GuiTest::copyOfDatabase(QStringLiteral("later-%1.bvdb").arg(how));
+        PortfolioWindow window(new BondPortfolio(nullptr, path));
+        window.show();
+        ValuationMonthPicker *picker = window.valuationPicker();
+        const QDate latest = picker->maximumDate(), later = latest.addMonths(1);
+        const QByteArray install = QStringLiteral(
+            "begin immediate; insert into bond_value select series, %1, %2, iyr, imo, value from bond_value where ryr = %3 "
+            "and rmo = %4; delete from max_rdate; insert into max_rdate values (%1, %2); commit;")
+            .arg(later.year()).arg(later.month()).arg(latest.year()).arg(latest.month()).toUtf8();
+        sqlite3 *db = otherProgram(path, install.constData());
+        QVERIFY(db);
+        sqlite3_close(db);
+        QCOMPARE(picker->maximumDate(), latest);
+        QSignalSpy figures(window.portfolio(), &BondPortfolio::figuresChanged);
+        if (how == 0) {
+            PortfolioWindow *other = GuiTest::openSample();
+            RedemptionDateRangeNotifier::instance()->post(nullptr, BondAssessor::monthDate(1993, 1),
+                                                          BondAssessor::monthDate(later.year(), later.month()));
+            for (ValuationMonthPicker *each : {picker, other->valuationPicker()}) {
+                QTRY_COMPARE(each->maximumDate(), later);
+                QCOMPARE(each->minimumDate(), QDate(1993, 1, 1));
+            }
+        } else if (how == 2) {
+            emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
+            QCOMPARE(picker->maximumDate(), later);
+        } else {
+            QTRY_COMPARE_WITH_TIMEOUT(picker->maximumDate(), later, 3 * ValuationMonthPicker::RangeCheckInterval);
+        }
+        QVERIFY(!figures.isEmpty()); // the table and the summary read their figures again
+        picker->setDate(later);
+        QCOMPARE(window.portfolio()->valueOfDate().date(), later);
+    }
+
 
     // Another program holds the database (installing a file, say): the table still paints at once,
     // with the figures it read before, since painting reads memory only.
