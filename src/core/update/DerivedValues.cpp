@@ -7,6 +7,7 @@
 #include "base/Series.h"
 #include "update/GapMonthFill.h"
 #include "update/MaturedValueCompletion.h"
+#include "valuation/IBondRates.h"
 #include "valuation/BondAssessor.h"
 
 #include <QStringList>
@@ -20,9 +21,6 @@ namespace {
 
 constexpr qint32 NoData = static_cast<qint32>(RedemptionMarker::NoPricingData);
 constexpr qint32 NotRedeemableMark = static_cast<qint32>(RedemptionMarker::NotRedeemable);
-// How far past the latest official month values are derived: the Treasury publishes six months
-// at a time, so a year covers every month a user can be shown before the next publication.
-constexpr int MonthsBeyondOfficial = 12;
 
 int monthIndex(int year, int month) { return year * 12 + month - 1; }
 
@@ -181,7 +179,8 @@ QString report(const QString &fileName, const QList<Difference> &differences)
         .arg(fileName).arg(differences.size()).arg(shown.join(QLatin1String("; ")));
 }
 
-// Lowers *last to a year past the latest official month and drops the records beyond it.
+// Lowers *last to the latest official month and drops the records beyond it: only Series I
+// bonds, whose rates the program knows, are computed past it (forecastSeriesI).
 static void boundToOfficialMonths(QHash<quint64, PriceRecord> &records, const QHash<quint64, qint32> &derived, int *last)
 {
     int latestOfficial = std::numeric_limits<int>::min();
@@ -194,7 +193,7 @@ static void boundToOfficialMonths(QHash<quint64, PriceRecord> &records, const QH
     }
     if (latestOfficial == std::numeric_limits<int>::min())
         return;
-    *last = std::min(*last, latestOfficial + MonthsBeyondOfficial);
+    *last = std::min(*last, latestOfficial);
     for (auto record = records.begin(); record != records.end();) {
         if (record->ryr * 12 + record->rmo - 1 > *last)
             record = records.erase(record);
@@ -229,7 +228,7 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
         sqlite3_finalize(stmt);
         return fail(db, error);
     }
-    sqlite3_bind_int(stmt, 1, rates.firstIssue() / 12);
+    sqlite3_bind_int(stmt, 1, rates.firstMonth() / 12);
     bool holdsEe = false;
     while (sqlite3_step(stmt) == SQLITE_ROW) {
         const auto *code = reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0));
@@ -265,7 +264,7 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
             cells = addedCells(records, completed);
     }
 
-    for (int issue = rates.firstIssue(); holdsEe && issue <= rates.lastIssue(); ++issue) {
+    for (int issue = rates.firstMonth(); holdsEe && issue <= rates.lastMonth(); ++issue) {
         const std::optional<int> rate = rates.basisPointsFor(issue);
         if (!rate)
             continue;
@@ -279,7 +278,60 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
             ++added->computed;
         }
     }
-    return write(db, cells, error);
+    if (!write(db, cells, error))
+        return false;
+    int forecast = 0;
+    if (scope == Scope::Everything && !forecastSeriesI(db, &forecast, error))
+        return false;
+    added->computed += forecast;
+    return true;
+}
+
+bool forecastSeriesI(sqlite3 *db, int *computed, QString *error)
+{
+    *computed = 0;
+    sqlite3_stmt *stmt = nullptr;
+    const bool hasDerived = RedemptionDatabase::hasTable(db, "derived_value");
+    const QByteArray latest = QByteArray("select max(ryr * 12 + rmo - 1) from bond_value b where series = 'I' and value >= -1")
+                              + (hasDerived ? " and not exists (select 1 from derived_value d where d.series = b.series"
+                                              " and d.iyr = b.iyr and d.imo = b.imo and d.ryr = b.ryr and d.rmo = b.rmo)"
+                                            : "");
+    if (sqlite3_prepare_v2(db, latest.constData(), -1, &stmt, nullptr) != SQLITE_OK || sqlite3_step(stmt) != SQLITE_ROW) {
+        sqlite3_finalize(stmt);
+        return fail(db, error);
+    }
+    const bool holdsSeriesI = sqlite3_column_type(stmt, 0) != SQLITE_NULL;
+    const int lastOfficial = sqlite3_column_int(stmt, 0);
+    sqlite3_finalize(stmt);
+    if (!holdsSeriesI)
+        return true;
+    // Each bond up to the end of the rate period that follows the latest official month, as far
+    // as the rate tables reach; official values replace these when they arrive.
+    QSet<quint64> present;
+    if (sqlite3_prepare_v2(db, "select iyr, imo, ryr, rmo from bond_value where series = 'I' and value <> -2"
+                               " and ryr * 12 + rmo - 1 > ?", -1, &stmt, nullptr) != SQLITE_OK) {
+        sqlite3_finalize(stmt);
+        return fail(db, error);
+    }
+    sqlite3_bind_int(stmt, 1, lastOfficial);
+    while (sqlite3_step(stmt) == SQLITE_ROW)
+        present.insert(cellKey('I', sqlite3_column_int(stmt, 0), sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2),
+                               sqlite3_column_int(stmt, 3)));
+    sqlite3_finalize(stmt);
+    QList<Cell> cells;
+    const int lastIssue = std::min(lastOfficial, IBondRates::fixedRates().lastMonth());
+    for (int issue = IBondRates::fixedRates().firstMonth(); issue <= lastIssue; ++issue) {
+        const int end = IBondRates::periodStart(issue, lastOfficial + 1) + 5;
+        for (int redemption = lastOfficial + 1; redemption <= end; ++redemption) {
+            const std::optional<qint32> value = IBondRates::valueAt(issue, redemption);
+            if (!value)
+                break;
+            if (!present.contains(cellKey('I', issue / 12, issue % 12 + 1, redemption / 12, redemption % 12 + 1)))
+                cells << Cell{'I', redemption / 12, redemption % 12 + 1, issue / 12, issue % 12 + 1, *value};
+        }
+    }
+    *computed = int(cells.size());
+    return ensureTable(db, error) && write(db, cells, error);
 }
 
 bool fillGaps(sqlite3 *db, int *filled, QString *error)

@@ -5,7 +5,7 @@
 // like every other value, so every lookup sees them; the table derived_value lists their cells,
 // so that an official file covering them later replaces them instead of being refused, and so
 // that a figure can say it was computed. A database without that table has nothing derived.
-#include "update/sources/EeFixedRates.h"
+#include "valuation/EeFixedRates.h"
 
 #include <QHash>
 #include <QList>
@@ -56,6 +56,11 @@ struct Extension
 enum class Scope { Everything, FixedRateEeOnly };
 bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QString *error,
             Scope scope = Scope::Everything);
+
+// Computes Series I values from the rate tables for the months after the latest official one, up
+// to the end of each bond's rate period (at most six months), each cell recorded in
+// derived_value; extend() does this last. Runs inside the caller's transaction.
+bool forecastSeriesI(sqlite3 *db, int *computed, QString *error);
 
 // Fills the short runs of months without official values of Series E, EE and Savings Notes where
 // the months around them determine the values (GapMonthFill), each cell recorded in

@@ -214,11 +214,17 @@ bool PriceDataInstaller::updateDataFileTable(const QString &fileName)
 bool PriceDataInstaller::rebuildSummaryTables()
 {
     // Rows below −1 are fillers of blank cells: a month that only they reach holds no price data.
+    // The latest month is the latest official one: Series I values computed past it are a
+    // forecast, shown as such, not a month every bond can be valued in.
     static const char script[] =
         "drop table max_rdate; drop table min_rdate; "
-        "create table max_rdate as select ryr,rmo from bond_value where value >= -1 and ryr = (select max(ryr) from bond_value where value >= -1) order by ryr desc, rmo desc limit 1; "
+        "create table max_rdate as select ryr,rmo from bond_value b where value >= -1 and not exists (select 1 from "
+        "derived_value d where d.series = b.series and d.iyr = b.iyr and d.imo = b.imo and d.ryr = b.ryr and d.rmo = b.rmo) "
+        "order by ryr desc, rmo desc limit 1; "
+        "insert into max_rdate select ryr,rmo from bond_value where value >= -1 and not exists (select 1 from max_rdate) "
+        "order by ryr desc, rmo desc limit 1; "
         "create table min_rdate as select ryr,rmo from bond_value where value >= -1 and ryr = (select min(ryr) from bond_value where value >= -1) order by ryr asc, rmo asc limit 1; ";
-    return execute(script, "Could not update summary tables: %1");
+    return DerivedValues::ensureTable(m_db, &m_lastError) && execute(script, "Could not update summary tables: %1");
 }
 
 bool PriceDataInstaller::updateRedemptionDateSummaryTables(QDateTime *minimum, QDateTime *maximum,

@@ -6,6 +6,7 @@
 #include "update/DerivedValues.h"
 #include "update/OfficialSourceInstaller.h"
 #include "valuation/BondAssessor.h"
+#include "valuation/IBondRates.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -94,7 +95,8 @@ TEST_F(DerivedValuesTest, ANewLatestMonthGetsItsDerivedValues)
     PriceDataInstaller installer(m_db);
     installer.setExtendsDerivedValues(true);
     ASSERT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode({NewLatestMonth}), QStringLiteral("sb202612.bin")));
-    EXPECT_EQ(installer.derivedExtension().computed, 199);
+    // 217 fixed-rate EE bonds (the issue months with a confirmed rate) and 90 Series I months past 12/2026.
+    EXPECT_EQ(installer.derivedExtension().computed, 307);
     EXPECT_EQ(stored('N', 2005, 5, 2026, 12), EeFixedRates::valueAt(350, 259));
     EXPECT_EQ(stored('E', 1980, 6, 2026, 12), 11175);
     EXPECT_TRUE(derived('N', 2005, 5, 2026, 12));
@@ -102,8 +104,9 @@ TEST_F(DerivedValuesTest, ANewLatestMonthGetsItsDerivedValues)
 }
 
 // Rows far beyond the official months (blank-cell fillers a damaged source left in 2090) do not
-// drag the derived values along: they stop a year past the latest official month.
-TEST_F(DerivedValuesTest, DerivedValuesStopAYearPastTheLatestOfficialMonth)
+// drag the derived values along: they stop at the latest official month, but for the Series I
+// values the rates give to the end of each bond's rate period.
+TEST_F(DerivedValuesTest, DerivedValuesStopAtTheLatestOfficialMonthButSeriesIGoesOnToItsPeriodsEnd)
 {
     ASSERT_EQ(sqlite3_exec(m_db, "insert into bond_value values ('E', 2090, 1, 1980, 1, -2)", nullptr, nullptr, nullptr), SQLITE_OK);
     DerivedValues::Extension added;
@@ -111,8 +114,13 @@ TEST_F(DerivedValuesTest, DerivedValuesStopAYearPastTheLatestOfficialMonth)
     sqlite3_exec(m_db, "begin", nullptr, nullptr, nullptr);
     ASSERT_TRUE(DerivedValues::extend(m_db, EeFixedRates::shipped(), &added, &error)) << error.toStdString();
     sqlite3_exec(m_db, "commit", nullptr, nullptr, nullptr);
-    // The shipped Series I values reach 11/2026.
-    EXPECT_EQ(queryText(m_path, QStringLiteral("select max(ryr * 100 + rmo) from derived_value")), QStringLiteral("202711"));
+    // The shipped Series I values reach 11/2026; the May 2026 rates reach periods starting by 10/2026.
+    EXPECT_EQ(queryText(m_path, QStringLiteral("select max(ryr * 100 + rmo) from derived_value where series <> 'I'")),
+              QStringLiteral("202611"));
+    EXPECT_EQ(queryText(m_path, QStringLiteral("select max(ryr * 100 + rmo) from derived_value")), QStringLiteral("202705"));
+    EXPECT_EQ(stored('I', 2020, 10, 2027, 3), *IBondRates::valueAt(2020 * 12 + 9, 2027 * 12 + 2));
+    EXPECT_EQ(stored('I', 2020, 12, 2026, 12), *IBondRates::valueAt(2020 * 12 + 11, 2026 * 12 + 11));
+    EXPECT_FALSE(derived('I', 2020, 12, 2027, 1)); // its period from 12/2026 needs the November 2026 rate
     EXPECT_EQ(stored('E', 1980, 6, 2026, 11), 11175);
 }
 

@@ -101,11 +101,13 @@ bool install(sqlite3 *db, const QList<NamedPriceRecords> &sources, QString *erro
                      .arg(QString::fromLatin1(MaturedBondCarryForward::SourceName), installer.lastError());
         return false;
     }
-    // Then whatever else can be derived: the fixed-rate EE bonds up to the latest month, and the
-    // months the official files skip.
+    // Then whatever else can be derived: the fixed-rate EE bonds up to the latest month, the
+    // months the official files skip, and Series I bonds to the end of their current rate period.
     DerivedValues::Extension extension;
+    int forecast = 0;
     if (!execute(db, "begin", error) || !DerivedValues::extend(db, rates, &extension, error, DerivedValues::Scope::FixedRateEeOnly)
-        || !DerivedValues::fillGaps(db, &extension.filled, error) || !execute(db, "commit", error)) {
+        || !DerivedValues::fillGaps(db, &extension.filled, error) || !DerivedValues::forecastSeriesI(db, &forecast, error)
+        || !execute(db, "commit", error)) {
         *error = QCoreApplication::translate("SeedDatabaseBuilder", "the derived values could not be installed: %1").arg(*error);
         return false;
     }

@@ -1,7 +1,10 @@
 #include "TestSupport.h"
 
-#include "update/sources/EeFixedRates.h"
+#include "valuation/EeFixedRates.h"
 #include "update/sources/PriceSource.h"
+#include "valuation/IBondRates.h"
+
+#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -77,9 +80,63 @@ TEST_P(EeFixedRateTableRefusal, NamesTheLine)
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, EeFixedRateTableRefusal,
-    testing::Values(BadTable{"2005-12,2006-04,3.20\n", "rates.csv:3: each range must begin the month after the previous one ends"},
+    testing::Values(BadTable{"2005-10,2006-04,3.20\n", "rates.csv:3: each range must begin after the previous one ends"},
                     BadTable{"2005-11,2005-13,3.20\n", "rates.csv:3: months must be YYYY-MM, the first not after the last"},
                     BadTable{"2005-11,2006-04,3.205\n", "rates.csv:3: the rate must be a percentage with at most two decimals"},
-                    BadTable{"2005-11,2006-04\n", "rates.csv:3: three columns expected"}));
+                    BadTable{"2005-11,2006-04\n", "rates.csv:3: 3 columns expected"}));
+
+} // namespace
+
+namespace {
+
+// Every official Series I value the program ships (Treasury files and Fiscal Data) comes out of
+// the two rate tables to the cent; the first difference stops the proof and names the bond.
+TEST(IBondRates, ReproduceEveryOfficialSeriesIValue)
+{
+    ASSERT_TRUE(IBondRates::fixedRates().ok()) << IBondRates::fixedRates().error.toStdString();
+    ASSERT_TRUE(IBondRates::inflationRates().ok()) << IBondRates::inflationRates().error.toStdString();
+    QList<NamedPriceRecords> sources;
+    QString error;
+    ASSERT_TRUE(PriceSource::readFiles(TestSupport::repositorySources(), &sources, &error)) << error.toStdString();
+    QSet<quint64> seen;
+    int prices = 0, markers = 0;
+    for (const NamedPriceRecords &source : sources) {
+        for (const PriceRecord &record : source.records) {
+            const int redemption = record.ryr * 12 + record.rmo - 1;
+            for (int k = 0; k < 12 && record.series == 'I'; ++k) {
+                const int issue = record.iyr * 12 + k;
+                if (record.value[k] == -2 || seen.contains(quint64(issue) << 32 | quint32(redemption)))
+                    continue;
+                seen.insert(quint64(issue) << 32 | quint32(redemption));
+                const std::optional<qint32> computed = IBondRates::valueAt(issue, redemption);
+                ASSERT_EQ(computed.value_or(-3), record.value[k])
+                    << "I issued " << monthText(issue).toStdString() << ", redeemed " << monthText(redemption).toStdString()
+                    << " (" << source.name.toStdString() << ")";
+                record.value[k] > 0 ? ++prices : ++markers;
+            }
+        }
+    }
+    EXPECT_EQ(prices, 53946);
+    EXPECT_EQ(markers, 3663);
+}
+
+struct CompositeCase
+{
+    int fixed, inflation, composite;
+};
+class CompositeRate : public testing::TestWithParam<CompositeCase>
+{
+};
+
+// The published composite rates, including the floor at zero (May 2009 and May 2015 deflation).
+TEST_P(CompositeRate, IsTheTreasurysRounding)
+{
+    EXPECT_EQ(IBondRates::composite(GetParam().fixed, GetParam().inflation), GetParam().composite);
+}
+
+INSTANTIATE_TEST_SUITE_P(Announcements, CompositeRate,
+                         testing::Values(CompositeCase{340, 62, 466}, CompositeCase{0, 481, 962}, CompositeCase{90, 156, 403},
+                                         CompositeCase{0, -278, 0}, CompositeCase{0, -80, 0}, CompositeCase{10, -80, 0},
+                                         CompositeCase{120, 124, 369}, CompositeCase{50, 77, 204}));
 
 } // namespace
