@@ -64,6 +64,9 @@ QString derivedValueNote(const HoldingFigures &holding)
     case HoldingFigures::DerivedRule::FixedRate:
         return intro + QStringLiteral(": ")
                + QCoreApplication::translate("HoldingPresentation", "from the fixed rate this Series EE bond earns for life");
+    case HoldingFigures::DerivedRule::SeriesIRates:
+        return intro + QStringLiteral(": ")
+               + QCoreApplication::translate("HoldingPresentation", "from the Series I fixed and inflation rates the Treasury announced");
     case HoldingFigures::DerivedRule::FilledBetweenOfficialMonths:
         return intro + QStringLiteral(": ")
                + QCoreApplication::translate("HoldingPresentation", "the Treasury's files lack 09/2001 to 02/2002; filled "
@@ -80,6 +83,55 @@ QString percentText(float rate)
     return QString::asprintf("%.2f%%", double(rate));
 }
 
+QString rateText(const BondRate &rate)
+{
+    const QString percent = QString::asprintf("%.2f%%", rate.basisPoints / 100.0);
+    switch (rate.basis) {
+    case RateBasis::Unknown:
+        return {};
+    case RateBasis::Composite:
+    case RateBasis::Matured:
+        return percent;
+    case RateBasis::Fixed:
+        return rate.doublesAtTwentyYears
+                   ? QCoreApplication::translate("HoldingPresentation", "%1 fixed, doubles at 20 years").arg(percent)
+                   : QCoreApplication::translate("HoldingPresentation", "%1 fixed").arg(percent);
+    case RateBasis::Implied:
+        return QCoreApplication::translate("HoldingPresentation", "%1 implied").arg(percent);
+    }
+    return {};
+}
+
+QString noteText(BondNote note, Month until)
+{
+    const QString month = until.toString(Month::Style::Slash);
+    switch (note) {
+    case BondNote::None:
+        break;
+    case BondNote::NotIssued:
+        return QCoreApplication::translate("HoldingPresentation", "NI not yet issued");
+    case BondNote::NotRedeemable:
+        return QCoreApplication::translate("HoldingPresentation", "NE not redeemable until %1").arg(month);
+    case BondNote::Penalty:
+        return QCoreApplication::translate("HoldingPresentation", "P5 includes 3-month interest penalty until %1").arg(month);
+    case BondNote::Matured:
+        return QCoreApplication::translate("HoldingPresentation", "MA matured, no longer earning");
+    }
+    return {};
+}
+
+QString noteText(const BondOutlook &outlook)
+{
+    return noteText(outlook.note(), outlook.noteUntil());
+}
+
+QString stoppedEarningText(qint64 bonds, Pennies value)
+{
+    if (bonds == 0)
+        return {};
+    return QCoreApplication::translate("HoldingPresentation", "%n bond(s) no longer earn interest: %1", nullptr, int(bonds))
+        .arg(formatDollars(value));
+}
 
 QString taxYearText(const InterestSummaryRow &row)
 {
@@ -108,6 +160,11 @@ void HoldingTotals::add(const HoldingFigures &holding)
     issuePrice += holding.issuePrice() * bonds;
     interestEarned += holding.interestEarned();
     value += holding.value();
+    ytdInterest += holding.ytdInterest();
+    if (BondOutlook(holding.context(), holding.bond()).hasStoppedEarning()) {
+        stoppedEarning += bonds;
+        stoppedEarningValue += holding.value();
+    }
 }
 
 HoldingTotals HoldingTotals::of(const ValuationContext &valuation, const QList<HoldingRef> &holdings)

@@ -4,6 +4,7 @@
 #include "model/Holding.h"
 #include "base/Money.h"
 #include "base/Month.h"
+#include "valuation/BondOutlook.h"
 #include "valuation/HoldingFigures.h"
 #include "valuation/InterestSummary.h"
 
@@ -33,6 +34,14 @@ QString derivedValueNote();
 QString derivedValueNote(const HoldingFigures &holding);
 // A rate as "3.94%".
 QString percentText(float rate);
+// A bond's rate: "4.03%", "2.70% fixed, doubles at 20 years", "3.94% implied"; "" when unknown.
+QString rateText(const BondRate &rate);
+// The Treasury's code and what it means: "MA matured, no longer earning", "P5 includes 3-month
+// interest penalty until 05/2028", "NE not redeemable until 03/2027", "NI not yet issued"; "" for none.
+QString noteText(BondNote note, Month until);
+QString noteText(const BondOutlook &outlook);
+// "3 bonds no longer earn interest: $4,210.55"; "" when no bond has stopped earning.
+QString stoppedEarningText(qint64 bonds, Pennies value);
 // A summary row's year: "2001", or "1992 and before" for a first row that is interest since issue.
 QString taxYearText(const InterestSummaryRow &row);
 // Why a summary row's figure is incomplete ("" when it is not).
@@ -50,6 +59,10 @@ struct HoldingTotals
     Pennies issuePrice = 0;
     Pennies interestEarned = 0;
     Pennies value = 0;
+    Pennies ytdInterest = 0;
+    // Bonds past final maturity, earning nothing, and what they are worth.
+    qint64 stoppedEarning = 0;
+    Pennies stoppedEarningValue = 0;
 
     void add(const HoldingFigures &holding);
     // Reads every figure in one batch of the portfolio's database reader.

@@ -2,6 +2,7 @@
 
 #include "base/Series.h"
 #include "valuation/BondAssessor.h"
+#include "valuation/BondOutlook.h"
 #include "valuation/ValueHistory.h"
 
 #include <algorithm>
@@ -116,6 +117,10 @@ float HoldingFigures::currentYield() const
     const auto [first, last] = m_context.interestPeriod();
     const Pennies start = absoluteValueAsOfMonth(first);
     const Pennies end = absoluteValueAsOfMonth(last);
+    if (start > 0 && end == 0) {
+        if (const std::optional<float> rate = knownRate())
+            return *rate;
+    }
     if (start == 0 || end == 0)
         return 0.0f;
     const float growth = static_cast<float>(end - start) / static_cast<float>(start);
@@ -126,7 +131,32 @@ float HoldingFigures::currentYield() const
 bool HoldingFigures::hasCurrentYield() const
 {
     const auto [first, last] = m_context.interestPeriod();
-    return absoluteValueAsOfMonth(first) > 0 && absoluteValueAsOfMonth(last) > 0;
+    const Pennies start = absoluteValueAsOfMonth(first);
+    return start > 0 && (absoluteValueAsOfMonth(last) > 0 || knownRate());
+}
+
+std::optional<float> HoldingFigures::knownRate() const
+{
+    const BondRate rate = BondOutlook(m_context, m_bond).rate();
+    if (rate.basis != RateBasis::Composite && rate.basis != RateBasis::Fixed && rate.basis != RateBasis::Matured)
+        return std::nullopt;
+    return static_cast<float>(rate.basisPoints) / 100.0f;
+}
+
+Pennies HoldingFigures::ytdInterest() const
+{
+    if (m_bond.issueMonth.isNull() || m_context.month.isNull() || m_context.month < m_bond.issueMonth)
+        return 0;
+    const Month december(m_context.month.year() - 1, 12);
+    const qint64 quantity = m_bond.countedQuantity();
+    // A bond not yet cashable in December, or issued after it, started the year at its price.
+    const Pennies start = december < m_bond.issueMonth || rawValueAsOfMonth(december) == RedemptionMarker::NotRedeemable
+                              ? issuePrice()
+                              : rawValueAsOfMonth(december);
+    const Pennies now = rawValueAsOfMonth(m_context.month);
+    if (start <= 0 || now <= 0)
+        return 0;
+    return std::max<Pennies>(0, (now - start) * quantity);
 }
 
 float HoldingFigures::compoundAnnualGrowthRate() const
@@ -160,8 +190,9 @@ HoldingFigures::DerivedRule HoldingFigures::derivedRule() const
     // files: matured bonds carried, fixed-rate EE bonds computed.
     if (m_context.month >= Month(2001, 9) && m_context.month <= Month(2002, 2))
         return DerivedRule::FilledBetweenOfficialMonths;
-    return m_context.month >= m_bond.series->finalMaturity(m_bond.issueMonth) ? DerivedRule::CarriedFromFinalMaturity
-                                                                            : DerivedRule::FixedRate;
+    if (m_context.month >= m_bond.series->finalMaturity(m_bond.issueMonth))
+        return DerivedRule::CarriedFromFinalMaturity;
+    return m_bond.series->code() == QLatin1Char('I') ? DerivedRule::SeriesIRates : DerivedRule::FixedRate;
 }
 
 void HoldingFigures::appendValuesSinceIssue(QByteArray &out) const

@@ -5,6 +5,7 @@
 #include "valuation/BondFacts.h"
 
 #include <QByteArray>
+#include <optional>
 #include <utility>
 
 class BondAssessor;
@@ -43,12 +44,19 @@ public:
     HoldingFigures(const ValuationContext &context, const BondFacts &bond) : m_context(context), m_bond(bond) {}
 
     const BondFacts &bond() const { return m_bond; }
+    const ValuationContext &context() const { return m_context; }
     Pennies issuePrice() const { return m_bond.issuePrice(); } // one bond
     Pennies value() const;                                      // all bonds of the holding
     Pennies interestEarned() const;                             // all bonds, never negative
-    float currentYield() const;                                 // percent per year
-    // Whether the database values both ends of the current interest period (else the yield reads 0).
+    // Percent per year over the current interest period; where the database lacks the period's
+    // end, the rate of a Series I or fixed-rate EE bond.
+    float currentYield() const;
+    // Whether the database values both ends of the current interest period, or the bond's rate
+    // stands in (else the yield reads 0).
     bool hasCurrentYield() const;
+    // All bonds: interest earned since the December before the valuation month (since issue for
+    // a bond issued after it), never negative.
+    Pennies ytdInterest() const;
     float compoundAnnualGrowthRate() const;
     bool isValidIssue() const;      // false when the database has no value
     bool isRedeemableIssue() const; // false for a bond that cannot be cashed yet
@@ -58,7 +66,7 @@ public:
     // published by the Treasury.
     bool isValueDerived() const;
     // Which rule made a derived value; None for a published one.
-    enum class DerivedRule { None, CarriedFromFinalMaturity, FixedRate, FilledBetweenOfficialMonths };
+    enum class DerivedRule { None, CarriedFromFinalMaturity, FixedRate, FilledBetweenOfficialMonths, SeriesIRates };
     DerivedRule derivedRule() const;
 
     // One bond as of any month, markers as 0.
@@ -74,6 +82,8 @@ public:
 
 private:
     qint64 rawValueAsOfMonth(Month month) const;
+    // The rate standing in for the yield, in percent; nothing for bonds of unknown rate.
+    std::optional<float> knownRate() const;
 
     ValuationContext m_context;
     BondFacts m_bond;
