@@ -97,6 +97,9 @@ TEST_F(DerivedValuesTest, ANewLatestMonthGetsItsDerivedValues)
     ASSERT_TRUE(installer.updatePricingDataWithData(PriceDataFile::encode({NewLatestMonth}), QStringLiteral("sb202612.bin")));
     // 217 fixed-rate EE bonds (the issue months with a confirmed rate) and 90 Series I months past 12/2026.
     EXPECT_EQ(installer.derivedExtension().computed, 307);
+    // The latest month stays the latest official one: Series I values past it are a forecast.
+    ASSERT_TRUE(installer.updateRedemptionDateSummaryTables(nullptr, nullptr, false));
+    EXPECT_EQ(queryText(m_path, QStringLiteral("select ryr * 100 + rmo from max_rdate")), QStringLiteral("202612"));
     EXPECT_EQ(stored('N', 2005, 5, 2026, 12), EeFixedRates::valueAt(350, 259));
     EXPECT_EQ(stored('E', 1980, 6, 2026, 12), 11175);
     EXPECT_TRUE(derived('N', 2005, 5, 2026, 12));
