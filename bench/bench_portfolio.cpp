@@ -7,6 +7,7 @@
 
 #include "exchange/HoldingCsv.h"
 #include "exchange/PortfolioQuicken.h"
+#include "valuation/BondOutlook.h"
 #include "valuation/ValueHistoryCache.h"
 
 #include <QCoreApplication>
@@ -29,8 +30,9 @@ BondPortfolio &portfolioOf(int count)
     return *slot;
 }
 
-// What a window shows: every figure of every holding, then the summary over them.
-Pennies readEveryFigure(const BondPortfolio &portfolio)
+// What a window shows: every figure of every holding, then the summary over them; with the bond
+// facts, also each bond's rate, final maturity, next increase, note and year-to-date interest.
+Pennies readEveryFigure(const BondPortfolio &portfolio, bool withFacts = false)
 {
     const BondAssessor::ReadBatch batch(portfolio.assessor());
     Pennies sum = 0;
@@ -39,6 +41,11 @@ Pennies readEveryFigure(const BondPortfolio &portfolio)
         const HoldingFigures figures = portfolio.figuresOf(*h);
         sum += figures.value() + figures.interestEarned() + figures.issuePrice() + int(figures.status());
         rates += figures.currentYield() + figures.compoundAnnualGrowthRate();
+        if (withFacts) {
+            const BondOutlook outlook(figures.context(), figures.bond());
+            sum += figures.ytdInterest() + outlook.rate().basisPoints + outlook.finalMaturity().index()
+                   + outlook.nextIncrease().index() + int(outlook.note()) + outlook.noteUntil().index();
+        }
     }
     for (const InterestSummaryRow &row : portfolio.interestSummary())
         sum += row.interestEarned;
@@ -64,6 +71,14 @@ void BM_EveryFigureAndSummary(benchmark::State &state)
     for (auto _ : state)
         benchmark::DoNotOptimize(readEveryFigure(portfolio));
     state.counters["lookups"] = double(lookupsForEveryFigure(portfolio));
+}
+
+void BM_EveryFigureWithBondFacts(benchmark::State &state)
+{
+    BondPortfolio &portfolio = portfolioOf(int(state.range(0)));
+    readEveryFigure(portfolio, true);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(readEveryFigure(portfolio, true));
 }
 
 // Floor: the same number of reads from an array of values, with the same money arithmetic.
@@ -222,6 +237,7 @@ void BM_ExportQif_FloorWrite(benchmark::State &state)
 } // namespace
 
 BENCHMARK(BM_EveryFigureAndSummary)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_EveryFigureWithBondFacts)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_EveryFigureAndSummary_Floor)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ChangeValuationMonthAndReadAgain)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Open)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);

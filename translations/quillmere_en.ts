@@ -774,33 +774,6 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     </message>
 </context>
 <context>
-    <name>EeFixedRates</name>
-    <message>
-        <source>the header must be first_issue_month,last_issue_month,fixed_rate_percent</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>three columns expected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>months must be YYYY-MM, the first not after the last</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>the rate must be a percentage with at most two decimals</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>each range must begin the month after the previous one ends</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>no rates</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>EntryRules</name>
     <message>
         <source>The quantity must be a whole number from 1.</source>
@@ -1272,6 +1245,45 @@ a price list, and a list of your portfolio holdings.</source>
     <message>
         <source>the Treasury&apos;s files lack 09/2001 to 02/2002; filled between the official months by the rule of the bond&apos;s interest period</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>from the Series I fixed and inflation rates the Treasury announced</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 fixed, doubles at 20 years</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 fixed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 implied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NI not yet issued</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NE not redeemable until %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>P5 includes 3-month interest penalty until %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MA matured, no longer earning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bond(s) no longer earn interest: %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2385,6 +2397,13 @@ a price list, and a list of your portfolio holdings.</source>
     <name>QCommandLineParser</name>
     <message>
         <source>Usage: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RateTable</name>
+    <message>
+        <source>missing</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -137,6 +137,9 @@ bool HoldingFigures::hasCurrentYield() const
 
 std::optional<float> HoldingFigures::knownRate() const
 {
+    // Only Series I and EE bonds can have a rate of their own; the others need not read values.
+    if (m_bond.series != Series::eeBond() && m_bond.series->code() != QLatin1Char('I'))
+        return std::nullopt;
     const BondRate rate = BondOutlook(m_context, m_bond).rate();
     if (rate.basis != RateBasis::Composite && rate.basis != RateBasis::Fixed && rate.basis != RateBasis::Matured)
         return std::nullopt;
