@@ -2406,6 +2406,30 @@ a price list, and a list of your portfolio holdings.</source>
         <source>missing</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>the header must begin %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 columns expected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>months must be YYYY-MM, the first not after the last</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the rate must be a percentage with at most two decimals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>each range must begin after the previous one ends</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no rates</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>SaveFailureReason</name>

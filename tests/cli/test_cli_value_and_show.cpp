@@ -133,7 +133,7 @@ TEST(CliDatabase, ReportsRangeCountAndInstalledFiles)
     const auto result = TestSupport::runCli({"database"}, shipped());
     ASSERT_EQ(result.exitCode, 0) << result.standardError.toStdString();
     for (const char *line : {"Earliest redemption month:  1992-05\n", "Latest redemption month:    2026-11\n",
-                             "Values:                     419047\n", "Installed files:            61\n", "  sb199205.asc\n",
+                             "Values:                     420639\n", "Installed files:            61\n", "  sb199205.asc\n",
                              "  i-bond-values.csv\n", "  matured-carry-forward\n"})
         EXPECT_TRUE(result.standardOutput.contains(line)) << line << result.standardOutput.toStdString();
 }

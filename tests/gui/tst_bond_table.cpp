@@ -208,7 +208,7 @@ private slots:
         ValuationMonthPicker *picker = window.valuationPicker();
         const QDate latest = picker->maximumDate(), later = latest.addMonths(1);
         const QByteArray install = QStringLiteral(
-            "begin immediate; insert into bond_value select series, %1, %2, iyr, imo, value from bond_value where ryr = %3 "
+            "begin immediate; insert or ignore into bond_value select series, %1, %2, iyr, imo, value from bond_value where ryr = %3 "
             "and rmo = %4; delete from max_rdate; insert into max_rdate values (%1, %2); commit;")
             .arg(later.year()).arg(later.month()).arg(latest.year()).arg(latest.month()).toUtf8();
         sqlite3 *db = otherProgram(path, install.constData());

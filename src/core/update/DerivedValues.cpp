@@ -307,20 +307,31 @@ bool forecastSeriesI(sqlite3 *db, int *computed, QString *error)
         return true;
     // Each bond up to the end of the rate period that follows the latest official month, as far
     // as the rate tables reach; official values replace these when they arrive.
+    // What the database holds from the latest official month on: a bond is computed further
+    // only when the rates reproduce its official value there, and cells holding a value are kept.
     QSet<quint64> present;
-    if (sqlite3_prepare_v2(db, "select iyr, imo, ryr, rmo from bond_value where series = 'I' and value <> -2"
-                               " and ryr * 12 + rmo - 1 > ?", -1, &stmt, nullptr) != SQLITE_OK) {
+    QHash<int, qint32> latestValues; // by issue month
+    if (sqlite3_prepare_v2(db, "select iyr, imo, ryr, rmo, value from bond_value where series = 'I' and value <> -2"
+                               " and ryr * 12 + rmo - 1 >= ?", -1, &stmt, nullptr) != SQLITE_OK) {
         sqlite3_finalize(stmt);
         return fail(db, error);
     }
     sqlite3_bind_int(stmt, 1, lastOfficial);
-    while (sqlite3_step(stmt) == SQLITE_ROW)
-        present.insert(cellKey('I', sqlite3_column_int(stmt, 0), sqlite3_column_int(stmt, 1), sqlite3_column_int(stmt, 2),
-                               sqlite3_column_int(stmt, 3)));
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        const int iyr = sqlite3_column_int(stmt, 0), imo = sqlite3_column_int(stmt, 1);
+        const int ryr = sqlite3_column_int(stmt, 2), rmo = sqlite3_column_int(stmt, 3);
+        if (monthIndex(ryr, rmo) == lastOfficial)
+            latestValues.insert(monthIndex(iyr, imo), sqlite3_column_int(stmt, 4));
+        else
+            present.insert(cellKey('I', iyr, imo, ryr, rmo));
+    }
     sqlite3_finalize(stmt);
     QList<Cell> cells;
     const int lastIssue = std::min(lastOfficial, IBondRates::fixedRates().lastMonth());
     for (int issue = IBondRates::fixedRates().firstMonth(); issue <= lastIssue; ++issue) {
+        const auto latest = latestValues.constFind(issue);
+        if (latest == latestValues.cend() || IBondRates::valueAt(issue, lastOfficial) != *latest)
+            continue;
         const int end = IBondRates::periodStart(issue, lastOfficial + 1) + 5;
         for (int redemption = lastOfficial + 1; redemption <= end; ++redemption) {
             const std::optional<qint32> value = IBondRates::valueAt(issue, redemption);

@@ -261,6 +261,10 @@ Outcome install(sqlite3 *db, const NamedPriceRecords &source, const Options &opt
     }
     if (!outcome.derivedDifferences.isEmpty())
         qWarning().noquote() << outcome.derivedDifferences;
+    // A file whose values all replace computed ones adds no record to count through: the bar
+    // still ends full.
+    if (options.feedback.progress && outcome.filledRecords + outcome.unchangedRecords == source.records.size())
+        options.feedback.progress(1.0, 1.0);
     if (options.updateSummary
         && !installer.updateRedemptionDateSummaryTables(&outcome.minimum, &outcome.maximum, true, false))
         outcome.error = QCoreApplication::translate("OfficialSourceInstaller", "could not update summary tables: %1").arg(installer.lastError());

@@ -218,8 +218,8 @@ bool PriceDataInstaller::rebuildSummaryTables()
     // forecast, shown as such, not a month every bond can be valued in.
     static const char script[] =
         "drop table max_rdate; drop table min_rdate; "
-        "create table max_rdate as select ryr,rmo from bond_value b where value >= -1 and not exists (select 1 from "
-        "derived_value d where d.series = b.series and d.iyr = b.iyr and d.imo = b.imo and d.ryr = b.ryr and d.rmo = b.rmo) "
+        "create table max_rdate as select ryr,rmo from bond_value b where value >= -1 and not exists ("
+        "select 1 from derived_value d where d.series = b.series and d.iyr = b.iyr and d.imo = b.imo and d.ryr = b.ryr and d.rmo = b.rmo) "
         "order by ryr desc, rmo desc limit 1; "
         "insert into max_rdate select ryr,rmo from bond_value where value >= -1 and not exists (select 1 from max_rdate) "
         "order by ryr desc, rmo desc limit 1; "

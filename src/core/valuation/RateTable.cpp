@@ -40,11 +40,6 @@ QString refusal(const QString &fileName, int line, const QString &what)
     return line > 0 ? QStringLiteral("%1:%2: %3").arg(fileName).arg(line).arg(what) : QStringLiteral("%1: %2").arg(fileName, what);
 }
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("RateTable", text);
-}
-
 RateTable read(const QByteArray &data, const QString &fileName, QByteArrayView header, int columns, int lastSpan)
 {
     RateTable table;
@@ -62,27 +57,27 @@ RateTable read(const QByteArray &data, const QString &fileName, QByteArrayView h
         if (!headerSeen) {
             headerSeen = true;
             if (!line.startsWith(header))
-                return refuse(tr("the header must begin %1").arg(QString::fromLatin1(header)));
+                return refuse(QCoreApplication::translate("RateTable", "the header must begin %1").arg(QString::fromLatin1(header)));
             continue;
         }
         const QList<QByteArray> cells = line.split(',');
         if (cells.size() < columns)
-            return refuse(tr("%1 columns expected").arg(columns));
+            return refuse(QCoreApplication::translate("RateTable", "%1 columns expected").arg(columns));
         const auto first = month(cells.at(0).trimmed());
         const auto last = columns == 3 ? month(cells.at(1).trimmed()) : first;
         const auto rate = basisPoints(cells.at(columns - 1).trimmed());
         if (!first || !last || *last < *first)
-            return refuse(tr("months must be YYYY-MM, the first not after the last"));
+            return refuse(QCoreApplication::translate("RateTable", "months must be YYYY-MM, the first not after the last"));
         if (!rate)
-            return refuse(tr("the rate must be a percentage with at most two decimals"));
+            return refuse(QCoreApplication::translate("RateTable", "the rate must be a percentage with at most two decimals"));
         if (!table.ranges.isEmpty() && *first <= (columns == 2 ? table.ranges.last().first : table.ranges.last().last))
-            return refuse(tr("each range must begin after the previous one ends"));
+            return refuse(QCoreApplication::translate("RateTable", "each range must begin after the previous one ends"));
         if (columns == 2 && !table.ranges.isEmpty())
             table.ranges.last().last = *first - 1;
         table.ranges.append({*first, columns == 2 ? *first + lastSpan - 1 : *last, *rate});
     }
     if (table.ranges.isEmpty() && table.ok())
-        table.error = refusal(fileName, 0, tr("no rates"));
+        table.error = refusal(fileName, 0, QCoreApplication::translate("RateTable", "no rates"));
     return table;
 }
 
@@ -113,7 +108,7 @@ RateTable RateTable::resource(const QString &name, bool announcements, QByteArra
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         RateTable missing;
-        missing.error = refusal(path, 0, tr("missing"));
+        missing.error = refusal(path, 0, QCoreApplication::translate("RateTable", "missing"));
         return missing;
     }
     return announcements ? readAnnouncements(file.readAll(), path, header, lastSpan) : readRanges(file.readAll(), path, header);
