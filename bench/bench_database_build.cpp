@@ -6,6 +6,7 @@
 #include "update/sources/MaturedBondCarryForward.h"
 #include "update/sources/PriceSource.h"
 #include "update/sources/SeedDatabaseBuilder.h"
+#include "valuation/IBondRates.h"
 #include "valuation/RedemptionDatabase.h"
 
 #include <QFile>
@@ -134,6 +135,25 @@ void BM_PlainInsertLoop(benchmark::State &state)
     state.counters["file bytes"] = static_cast<double>(DatabaseLayouts::fileSize(path));
 }
 
+// Every Series I value the database holds, computed from the rate tables as the proof does:
+// each issue month from 09/1998, each redemption month to 11/2026.
+void BM_ComputeEverySeriesIValue(benchmark::State &state)
+{
+    const int first = 1998 * 12 + 8, last = 2026 * 12 + 10;
+    qint64 values = 0;
+    for (auto _ : state) {
+        values = 0;
+        qint64 sum = 0;
+        for (int issue = first; issue <= last; ++issue) {
+            for (int redemption = issue; redemption <= last; ++redemption, ++values)
+                sum += IBondRates::valueAt(issue, redemption).value_or(0);
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    state.counters["values"] = static_cast<double>(values);
+}
+
+BENCHMARK(BM_ComputeEverySeriesIValue)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BuildFromSourceFiles)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_InstallThroughInstaller)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PlainInsertLoop)->ArgsProduct({benchmark::CreateDenseRange(0, DatabaseLayouts::Count - 1, 1), {0}})->Unit(benchmark::kMillisecond);
