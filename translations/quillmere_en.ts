@@ -36,6 +36,25 @@
     </message>
 </context>
 <context>
+    <name>BondPortfolio</name>
+    <message>
+        <source>A bond without an issue date cannot be redeemed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The redemption month cannot be before the issue month, %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These bonds cannot be cashed before %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose from 1 to %1 bonds to redeem.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>BondPortfolioFile</name>
     <message>
         <source>A portfolio cannot be saved as &quot;%1&quot;.</source>
@@ -717,6 +736,42 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     </message>
     <message>
         <source>computed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tax year %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No interest to report for %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Household total: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>final maturity %1, interest so far %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows what each owner reports as savings bond interest for a tax year.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The tax year (default: this year).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a year; give it as YYYY</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>tax-report FILE [--year YYYY] [--json] [--people FILE]</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1774,6 +1829,18 @@ a price list, and a list of your portfolio holdings.</source>
         <source>The file is not a Quillmere portfolio.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>redeemed holdings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>yearly interest reporters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a redeemed holding has no redemption date</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PortfolioCsvImport</name>
@@ -2501,6 +2568,72 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>TaxYearText</name>
+    <message>
+        <source>No owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (reports interest every year)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redeemed %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Final maturity %1, reportable even if not cashed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Earned in %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2 × %3, issued %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, serial %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>estimated from the latest month the database has</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings bond interest is exempt from state and local income tax.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Plan for next year: %n bond holding(s) reach final maturity in %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>TreasuryFileInstall</name>
     <message>
         <source>The redemption value database %1 cannot be opened.</source>
@@ -2602,6 +2735,14 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Edit People</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redeem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Un-redeem</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -38,7 +38,7 @@ void BondPortfolio::redemptionValuesChanged()
 
 BondPortfolio::~BondPortfolio()
 {
-    for (const HoldingRef &holding : std::as_const(m_data.holdings))
+    for (const HoldingRef &holding : m_data.holdings + m_data.redeemed)
         m_recorder->stopObserving(holding.get());
     // Commands keep removed holdings alive; let them go while this object is still whole.
     delete m_undoStack;
@@ -162,7 +162,7 @@ void BondPortfolio::deleteTitleHolderFromAllBonds(const PersonRef &person)
     QList<PersonRef> remaining = m_data.titleHolders;
     remaining.removeIf([&person](const PersonRef &p) { return samePerson(p.get(), person.get()); });
     setTitleHolders(remaining);
-    const QList<HoldingRef> holdings = m_data.holdings;
+    const QList<HoldingRef> holdings = m_data.holdings + m_data.redeemed;
     for (const HoldingRef &holding : holdings) {
         for (const Person *object : std::as_const(objects))
             holding->deleteTitleHolder(object);

@@ -54,6 +54,8 @@ inline constexpr const char *Edit = QT_TRANSLATE_NOOP("UndoActionName", "Edit");
 inline constexpr const char *InsertHolding = QT_TRANSLATE_NOOP("UndoActionName", "Insert Holding");
 inline constexpr const char *DeleteHolding = QT_TRANSLATE_NOOP("UndoActionName", "Delete Holding");
 inline constexpr const char *EditPeople = QT_TRANSLATE_NOOP("UndoActionName", "Edit People");
+inline constexpr const char *Redeem = QT_TRANSLATE_NOOP("UndoActionName", "Redeem");
+inline constexpr const char *Unredeem = QT_TRANSLATE_NOOP("UndoActionName", "Un-redeem");
 inline QString text(const char *name) { return QCoreApplication::translate("UndoActionName", name); }
 }
 
@@ -91,6 +93,27 @@ public:
     // portfolio's own equal objects. An owner the portfolio does not list joins its title holders
     // and leaves this holding's owner role, as files and users have long relied on.
     void adopt(Holding &holding);
+
+    // --- Redeemed bonds (BondPortfolioRedemptions.cpp) ---
+    const QList<HoldingRef> &redeemedHoldings() const { return m_data.redeemed; }
+    // Installs a whole list (loading). Records nothing for undo.
+    void setRedeemedHoldings(const QList<HoldingRef> &holdings);
+    int indexOfRedeemed(const Holding *holding) const;
+    // Why bonds of the holding cannot be cashed in the month (before its issue month, within its
+    // holding period); true when they can.
+    bool validateRedemption(const Holding &holding, Month month, ValidationError *error = nullptr) const;
+    // What the database says `quantity` bonds of the holding were worth in the month; 0 without a value.
+    Pennies redemptionValue(const Holding &holding, qint32 quantity, Month month) const;
+    // Cashes `quantity` of the held holding's bonds (all of them: the holding moves to the redeemed
+    // list; fewer: a copy of that quantity joins it and the rest stay held), one undoable "Redeem".
+    bool redeem(const HoldingRef &holding, qint32 quantity, Month month, Pennies amount, ValidationError *error = nullptr);
+    // Puts a redeemed holding back among the held ones (undoable "Un-redeem").
+    void unredeemAt(int redeemedIndex);
+    // Deletes a redeemed holding (undoable "Delete Holding").
+    void removeRedeemedAt(int redeemedIndex);
+    // Whether the person reports interest every year; set as an undoable "Edit People".
+    bool reportsInterestYearly(const Person *person) const;
+    void setReportsInterestYearly(const PersonRef &person, bool yearly);
 
     // --- Title holders ---
     const QList<PersonRef> &titleHolders() const { return m_data.titleHolders; }
@@ -166,6 +189,14 @@ signals:
     void holdingRemoved(int index);
     // A value of one holding changed.
     void holdingChanged(Holding *holding, HoldingProperty property);
+    // The redeemed list, announced as the held one is.
+    void redeemedAboutToBeReset();
+    void redeemedReset();
+    void redeemedAboutToBeInserted(int index);
+    void redeemedInserted(int index);
+    void redeemedAboutToBeRemoved(int index);
+    void redeemedRemoved(int index);
+    void yearlyInterestReportersChanged();
     void titleHoldersAboutToChange();
     void titleHoldersChanged();
     void valueOfDateChanged();
@@ -182,6 +213,12 @@ private:
     friend class ChangeValueCommand;
     friend class SetTitleHoldersCommand;
     friend class AppendHoldingsCommand;
+    friend class RedeemCommand;
+    friend class RedeemedPlacementCommand;
+    friend class YearlyReportersCommand;
+    void insertRedeemedWithoutRecording(const HoldingRef &holding, int index);
+    HoldingRef takeRedeemedWithoutRecording(int index);
+    void setYearlyInterestReportersWithoutRecording(const QStringList &ids);
     // Set values without recording them: what undo and redo use.
     void changeValue(Holding *holding, HoldingProperty property, const QVariant &value);
     void setTitleHoldersWithoutRecording(const QList<PersonRef> &people);

@@ -16,7 +16,7 @@ QByteArray BondPortfolio::dataRepresentation(const QString &typeName, QString *e
         return {};
     }
     QString encodeError;
-    const QByteArray data = KeyedArchive::encode(PortfolioArchive::encodePortfolio(m_data.holdings, m_data.titleHolders),
+    const QByteArray data = KeyedArchive::encode(PortfolioArchive::encodePortfolio(m_data),
                                                  &encodeError);
     if (data.isEmpty() && error)
         *error = encodeError.isEmpty() ? QCoreApplication::translate("BondPortfolioFile", "The portfolio could not be encoded.") : encodeError;
@@ -38,6 +38,8 @@ bool BondPortfolio::install(const PortfolioReading::Result &read, QString *error
     // Everything read: only now does the document change.
     setTitleHolders(read.portfolio.titleHolders);
     setHoldings(read.portfolio.holdings);
+    setRedeemedHoldings(read.portfolio.redeemed);
+    setYearlyInterestReportersWithoutRecording(read.portfolio.yearlyInterestReporters);
     m_missingPeople = read.missingPeople;
     m_summaryMode = SummaryMode::Cumulative;
     // Loading is not an edit: nothing of it can be undone.

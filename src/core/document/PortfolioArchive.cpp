@@ -71,6 +71,10 @@ public:
         object->set(QString::fromLatin1(HoldingKey::CoOwner), person(holding.coOwner()));
         object->set(QString::fromLatin1(HoldingKey::Beneficiary), person(holding.beneficiary()));
         object->set(QString::fromLatin1(HoldingKey::Paper), holding.isPaper());
+        if (holding.isRedeemed()) {
+            object->set(QString::fromLatin1(HoldingKey::RedemptionMonth), ArchiveRef(ArchiveDate{instantOf(holding.redemptionMonth())}));
+            object->set(QString::fromLatin1(HoldingKey::AmountReceived), qint64(holding.amountReceived()));
+        }
         return object;
     }
 
@@ -151,12 +155,14 @@ public:
         result->setQuantity(qint32(quantity));
         result->setFaceValue(integer(object, HoldingKey::FaceValue));
         result->setSeries(series(object));
-        result->setIssueDate(date(object));
+        result->setIssueDate(date(object, HoldingKey::IssueDate));
         result->setSerialNumber(text(object, HoldingKey::SerialNumber));
         result->setOwner(person(reference(object, HoldingKey::Owner)));
         result->setCoOwner(person(reference(object, HoldingKey::CoOwner)));
         result->setBeneficiary(person(reference(object, HoldingKey::Beneficiary)));
         result->setPaper(paper(object));
+        result->setRedemptionMonth(date(object, HoldingKey::RedemptionMonth));
+        result->setAmountReceived(integer(object, HoldingKey::AmountReceived));
         return result;
     }
 
@@ -211,9 +217,9 @@ private:
     }
 
     // The file keeps an instant; the holding keeps the month it falls in here.
-    static Month date(const ArchiveObject &object)
+    static Month date(const ArchiveObject &object, const char *key)
     {
-        const ArchiveRef ref = reference(object, HoldingKey::IssueDate);
+        const ArchiveRef ref = reference(object, key);
         if (std::holds_alternative<std::monostate>(ref))
             return {};
         if (const auto *value = std::get_if<ArchiveDate>(&ref)) {
@@ -266,17 +272,27 @@ const ArchiveArray *arrayOf(const ArchiveRef &ref, const QString &what)
 
 namespace PortfolioArchive {
 
-ArchiveRef encodePortfolio(const QList<HoldingRef> &holdings, const QList<PersonRef> &titleHolders)
+ArchiveRef encodePortfolio(const Portfolio &portfolio)
 {
     Encoder encoder;
     auto people = std::make_shared<ArchiveArray>();
     people->className = QStringLiteral("NSArray");
-    for (const PersonRef &person : titleHolders)
+    for (const PersonRef &person : portfolio.titleHolders)
         people->items << encoder.person(person);
     auto root = std::make_shared<ArchiveDictionary>();
     root->className = QStringLiteral("NSDictionary");
-    root->entries.append({QStringLiteral("holdings"), encoder.holdings(holdings)});
+    root->entries.append({QStringLiteral("holdings"), encoder.holdings(portfolio.holdings)});
     root->entries.append({QStringLiteral("titleHolders"), people});
+    // Written only when there is something to keep, so that other files stay as they were.
+    if (!portfolio.redeemed.isEmpty())
+        root->entries.append({QString::fromLatin1(RedeemedHoldingsKey), encoder.holdings(portfolio.redeemed)});
+    if (!portfolio.yearlyInterestReporters.isEmpty()) {
+        auto ids = std::make_shared<ArchiveArray>();
+        ids->className = QStringLiteral("NSArray");
+        for (const QString &id : portfolio.yearlyInterestReporters)
+            ids->items << ArchiveRef(id);
+        root->entries.append({QString::fromLatin1(YearlyInterestReportersKey), ids});
+    }
     return root;
 }
 
@@ -293,6 +309,8 @@ Decoded decodePortfolio(const ArchiveRef &root, const PeopleStore &people)
     try {
         const ArchiveArray *holdings = nullptr;
         const ArchiveArray *titleHolders = nullptr;
+        const ArchiveArray *redeemed = nullptr;
+        const ArchiveArray *yearly = nullptr;
         if (const auto *list = std::get_if<std::shared_ptr<ArchiveArray>>(&root); list && *list) {
             holdings = list->get();
         } else if (const auto *dict = std::get_if<std::shared_ptr<ArchiveDictionary>>(&root); dict && *dict) {
@@ -301,6 +319,10 @@ Decoded decodePortfolio(const ArchiveRef &root, const PeopleStore &people)
                 holdings = arrayOf(*entry, QStringLiteral("holdings"));
             if (const ArchiveRef *entry = (*dict)->value(QStringLiteral("titleHolders")))
                 titleHolders = arrayOf(*entry, QCoreApplication::translate("PortfolioArchive", "title holders"));
+            if (const ArchiveRef *entry = (*dict)->value(QString::fromLatin1(RedeemedHoldingsKey)))
+                redeemed = arrayOf(*entry, QCoreApplication::translate("PortfolioArchive", "redeemed holdings"));
+            if (const ArchiveRef *entry = (*dict)->value(QString::fromLatin1(YearlyInterestReportersKey)))
+                yearly = arrayOf(*entry, QCoreApplication::translate("PortfolioArchive", "yearly interest reporters"));
         } else {
             result.error = QCoreApplication::translate("PortfolioArchive", "The file is not a Quillmere portfolio.");
             return result;
@@ -316,11 +338,27 @@ Decoded decodePortfolio(const ArchiveRef &root, const PeopleStore &people)
             for (const ArchiveRef &item : holdings->items) {
                 if (!std::holds_alternative<std::monostate>(item))
                     result.holdings << decoder.holding(item);
+                // A held bond carries no redemption, whatever a damaged file says.
+                if (!result.holdings.isEmpty() && result.holdings.last()->isRedeemed()) {
+                    result.holdings.last()->setRedemptionMonth({});
+                    result.holdings.last()->setAmountReceived(0);
+                }
             }
+        }
+        for (const ArchiveRef &item : redeemed ? redeemed->items : QList<ArchiveRef>()) {
+            const HoldingRef holding = decoder.holding(item);
+            if (!holding->isRedeemed())
+                throw DecodeFailure{damaged(QCoreApplication::translate("PortfolioArchive", "a redeemed holding has no redemption date"))};
+            result.redeemed << holding;
+        }
+        for (const ArchiveRef &item : yearly ? yearly->items : QList<ArchiveRef>()) {
+            if (const auto *id = std::get_if<QString>(&item))
+                result.yearlyInterestReporters << *id;
         }
     } catch (const DecodeFailure &failure) {
         result.holdings.clear();
         result.titleHolders.clear();
+        result.redeemed.clear();
         result.error = failure.message;
         return result;
     }

@@ -8,6 +8,7 @@
 #include "document/ArchiveValue.h"
 #include "model/Holding.h"
 #include "model/Person.h"
+#include "model/Portfolio.h"
 
 #include <QList>
 #include <QString>
@@ -16,8 +17,13 @@ class PeopleStore;
 
 namespace PortfolioArchive {
 
-// The root dictionary {"holdings": [...], "titleHolders": [...]}.
-ArchiveRef encodePortfolio(const QList<HoldingRef> &holdings, const QList<PersonRef> &titleHolders);
+// The keys this program adds to the root; other programs pass over keys they do not know.
+inline constexpr const char *RedeemedHoldingsKey = "redeemedHoldings";
+inline constexpr const char *YearlyInterestReportersKey = "yearlyInterestReporters";
+// The root dictionary {"holdings": [...], "titleHolders": [...]}, with "redeemedHoldings" (holdings
+// with "redemptionDate" and "amountReceived") and "yearlyInterestReporters" (person identifiers)
+// when the portfolio has any.
+ArchiveRef encodePortfolio(const Portfolio &portfolio);
 // A plain list of holdings (what copy and paste carry).
 ArchiveRef encodeHoldings(const QList<HoldingRef> &holdings);
 
@@ -28,6 +34,8 @@ struct Decoded
     QList<HoldingRef> holdings;
     bool hasTitleHolders = false; // false for the older root form, a bare list of holdings
     QList<PersonRef> titleHolders;
+    QList<HoldingRef> redeemed;
+    QStringList yearlyInterestReporters;
     // How many different people the archive names whom the store does not know.
     int missingPeople = 0;
 };

@@ -62,10 +62,12 @@ Result fromData(const QByteArray &data, const PeopleStore &people, const QList<P
     result.ok = true;
     QList<PersonRef> titleHolders =
         Portfolio::sortedByName(decoded.hasTitleHolders ? decoded.titleHolders : titleHoldersIfNone);
-    for (const HoldingRef &holding : decoded.holdings)
+    for (const HoldingRef &holding : decoded.holdings + decoded.redeemed)
         adopt(titleHolders, *holding);
     result.portfolio.titleHolders = Portfolio::sortedByName(titleHolders);
     result.portfolio.holdings = decoded.holdings;
+    result.portfolio.redeemed = decoded.redeemed;
+    result.portfolio.yearlyInterestReporters = decoded.yearlyInterestReporters;
     result.missingPeople = decoded.missingPeople;
     return result;
 }

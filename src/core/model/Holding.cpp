@@ -20,6 +20,8 @@ const char *of(HoldingProperty property)
     case HoldingProperty::Owner: return Owner;
     case HoldingProperty::CoOwner: return CoOwner;
     case HoldingProperty::Beneficiary: return Beneficiary;
+    case HoldingProperty::RedemptionMonth: return RedemptionMonth;
+    case HoldingProperty::AmountReceived: return AmountReceived;
     }
     return "";
 }
@@ -149,6 +151,26 @@ void Holding::setPaper(bool paper)
     announce(HoldingProperty::Paper, old);
 }
 
+void Holding::setRedemptionMonth(Month month)
+{
+    ChangeScope scope(this);
+    if (month == m_redemptionMonth)
+        return;
+    const Month old = m_redemptionMonth;
+    m_redemptionMonth = month;
+    announce(HoldingProperty::RedemptionMonth, old.isNull() ? QVariant() : QVariant::fromValue(old));
+}
+
+void Holding::setAmountReceived(Pennies amount)
+{
+    ChangeScope scope(this);
+    if (amount == m_amountReceived)
+        return;
+    const Pennies old = m_amountReceived;
+    m_amountReceived = amount;
+    announce(HoldingProperty::AmountReceived, old);
+}
+
 void Holding::setOwner(const PersonRef &person)
 {
     ChangeScope scope(this);
@@ -251,6 +273,9 @@ QVariant Holding::value(HoldingProperty property) const
     case HoldingProperty::Owner: return person(m_owner);
     case HoldingProperty::CoOwner: return person(m_coOwner);
     case HoldingProperty::Beneficiary: return person(m_beneficiary);
+    case HoldingProperty::RedemptionMonth:
+        return m_redemptionMonth.isNull() ? QVariant() : QVariant::fromValue(m_redemptionMonth);
+    case HoldingProperty::AmountReceived: return m_amountReceived;
     }
     return {};
 }
@@ -270,5 +295,7 @@ void Holding::setValue(HoldingProperty property, const QVariant &value)
     case HoldingProperty::Owner: setOwner(value.value<PersonRef>()); break;
     case HoldingProperty::CoOwner: setCoOwner(value.value<PersonRef>()); break;
     case HoldingProperty::Beneficiary: setBeneficiary(value.value<PersonRef>()); break;
+    case HoldingProperty::RedemptionMonth: setRedemptionMonth(value.value<Month>()); break;
+    case HoldingProperty::AmountReceived: setAmountReceived(value.toLongLong()); break;
     }
 }

@@ -26,7 +26,10 @@ class Holding;
 using HoldingRef = std::shared_ptr<Holding>;
 
 // What a holding announces and what undo sets back, property by property.
-enum class HoldingProperty { Series, Quantity, Paper, IssueDate, FaceValue, SerialNumber, Owner, CoOwner, Beneficiary };
+enum class HoldingProperty {
+    Series, Quantity, Paper, IssueDate, FaceValue, SerialNumber, Owner, CoOwner, Beneficiary,
+    RedemptionMonth, AmountReceived, // only of bonds cashed and kept in the portfolio's redeemed list
+};
 
 // The properties' keys in portfolio files.
 namespace HoldingKey {
@@ -39,6 +42,9 @@ inline constexpr const char *Owner = "owner";
 inline constexpr const char *CoOwner = "coOwner";
 inline constexpr const char *Beneficiary = "beneficiary";
 inline constexpr const char *Paper = "paper";
+// Only on redeemed bonds, which are kept apart under their own top-level key.
+inline constexpr const char *RedemptionMonth = "redemptionDate";
+inline constexpr const char *AmountReceived = "amountReceived";
 // The key of a property.
 const char *of(HoldingProperty property);
 // Properties whose change changes every derived figure.
@@ -76,6 +82,16 @@ public:
     void setSerialNumber(const QString &serialNumber);
     bool isPaper() const { return m_isPaper; }
     void setPaper(bool paper);
+
+    // A redeemed holding: the month its bonds were cashed and what was received for all of them.
+    // Null and 0 for a held one.
+    Month redemptionMonth() const { return m_redemptionMonth; }
+    void setRedemptionMonth(Month month);
+    Pennies amountReceived() const { return m_amountReceived; }
+    void setAmountReceived(Pennies amount);
+    bool isRedeemed() const { return !m_redemptionMonth.isNull(); }
+    // What was received less what the bonds cost: the interest reportable at redemption.
+    Pennies redemptionInterest() const { return m_amountReceived - issuePrice() * countedQuantity(); }
 
     // At most one of co-owner and beneficiary; the owner is never also in another role.
     // The role set last wins.
@@ -125,6 +141,8 @@ private:
     PersonRef m_beneficiary;
     QString m_serialNumber;
     bool m_isPaper = true;
+    Month m_redemptionMonth;
+    Pennies m_amountReceived = 0;
 
     int m_changeDepth = 0;
     bool m_changedInScope = false;

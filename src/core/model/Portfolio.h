@@ -6,6 +6,7 @@
 #include "model/Person.h"
 
 #include <QList>
+#include <QStringList>
 
 class BondAssessor;
 
@@ -15,6 +16,11 @@ struct Portfolio
     // whose watchers may still look them up in the list.
     QList<PersonRef> titleHolders;
     QList<HoldingRef> holdings;
+    // Bonds cashed and kept for the record and the tax year: no figure of held bonds counts them.
+    QList<HoldingRef> redeemed;
+    // The people (by identifier) who report their bonds' interest every year instead of deferring
+    // it to redemption or final maturity.
+    QStringList yearlyInterestReporters;
 
     // The file's base name without extension, or "Untitled" for none.
     static QString displayNameOf(const QString &fileName);
