@@ -1333,12 +1333,13 @@ a price list, and a list of your portfolio holdings.</source>
         <source>MA matured, no longer earning</source>
         <translation type="unfinished"></translation>
     </message>
-    <message numerus="yes">
-        <source>%n bond(s) no longer earn interest: %1</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
+    <message>
+        <source>1 bond no longer earns interest: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 bonds no longer earn interest: %2</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2605,13 +2606,6 @@ a price list, and a list of your portfolio holdings.</source>
         <source>Savings bond interest is exempt from state and local income tax.</source>
         <translation type="unfinished"></translation>
     </message>
-    <message numerus="yes">
-        <source>Plan for next year: %n bond holding(s) reach final maturity in %1</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
     <message>
         <source>Owner</source>
         <translation type="unfinished"></translation>
@@ -2630,6 +2624,14 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Note</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plan for next year: 1 holding reaches final maturity in %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plan for next year: %1 holdings reach final maturity in %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

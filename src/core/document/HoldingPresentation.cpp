@@ -129,8 +129,11 @@ QString stoppedEarningText(qint64 bonds, Pennies value)
 {
     if (bonds == 0)
         return {};
-    return QCoreApplication::translate("HoldingPresentation", "%n bond(s) no longer earn interest: %1", nullptr, int(bonds))
-        .arg(formatDollars(value));
+    // Worded per number here: the sentence must read right without a translation loaded.
+    return (bonds == 1 ? QCoreApplication::translate("HoldingPresentation", "1 bond no longer earns interest: %1").arg(formatDollars(value))
+                       : QCoreApplication::translate("HoldingPresentation", "%1 bonds no longer earn interest: %2")
+                             .arg(bonds)
+                             .arg(formatDollars(value)));
 }
 
 QString taxYearText(const InterestSummaryRow &row)

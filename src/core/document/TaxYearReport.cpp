@@ -38,7 +38,8 @@ std::optional<TaxYearItem> accrued(const BondAssessor &database, const HoldingRe
         || (holding->isRedeemed() && holding->redemptionMonth() <= december))
         return std::nullopt;
     bool startEstimated = false, endEstimated = false;
-    Pennies start = issue > december ? cost(*holding) : valueIn(database, *holding, december, &startEstimated);
+    const bool fromPrice = issue > december || !HoldingFigures({&database, december}, holding->facts()).isRedeemableIssue();
+    Pennies start = fromPrice ? cost(*holding) : valueIn(database, *holding, december, &startEstimated);
     if (start == 0)
         start = cost(*holding);
     Month end = std::min(Month(year, 12), maturity);

@@ -51,9 +51,11 @@ QString stateTaxNote()
 
 QString nextYearHeading(const TaxYearReport &report)
 {
-    return QCoreApplication::translate("TaxYearText", "Plan for next year: %n bond holding(s) reach final maturity in %1", nullptr,
-                                       int(report.nextYear.size()))
-        .arg(report.year + 1);
+    const qsizetype count = report.nextYear.size();
+    return count == 1 ? QCoreApplication::translate("TaxYearText", "Plan for next year: 1 holding reaches final maturity in %1").arg(report.year + 1)
+                      : QCoreApplication::translate("TaxYearText", "Plan for next year: %1 holdings reach final maturity in %2")
+                            .arg(count)
+                            .arg(report.year + 1);
 }
 
 QStringList columnTitles()

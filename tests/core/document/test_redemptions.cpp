@@ -7,6 +7,8 @@
 #include "document/TaxYearReport.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QUndoStack>
 #include <gtest/gtest.h>
@@ -134,18 +136,25 @@ TEST_F(Redemptions, RedeemedBondsAndYearlyReportersComeBackFromTheFile)
 }
 
 // Alice defers; Bob reports every year; one bond has no owner. Tax year 2021.
-TEST_F(Redemptions, TaxYearPerOwner)
+class TaxYear : public Redemptions
 {
-    bond("N", Month(1991, 6), 10000, 2, alice);                                  // matures 06/2021: 2 x $207.36 - $100
-    ASSERT_TRUE(redeem(bond("I", Month(2010, 1), 100000, 1, alice), 1, Month(2021, 3), 150000)); // $500.00
-    ASSERT_TRUE(redeem(bond("I", Month(2010, 1), 50000, 1, alice), 1, Month(2020, 7), 70000));   // the year before
-    bond("I", Month(2020, 1), 100000, 1, bob);  // from its price (not cashable in 12/2020) to $1,033.60
-    bond("N", Month(1991, 6), 10000, 1, bob);   // $203.28 in 12/2020 to $207.36 at maturity
-    const HoldingRef noOwner = bond("I", Month(2019, 5), 10000);
-    ASSERT_TRUE(redeem(noOwner, 1, Month(2021, 8), portfolio.redemptionValue(*noOwner, 1, Month(2021, 8)))); // $104.16
-    bond("N", Month(1992, 3), 5000, 1, alice);  // matures 03/2022: $101.64 as of 11/2021
-    portfolio.setReportsInterestYearly(bob, true);
+protected:
+    TaxYear()
+    {
+        bond("N", Month(1991, 6), 10000, 2, alice);                                  // matures 06/2021: 2 x $207.36 - $100
+        EXPECT_TRUE(redeem(bond("I", Month(2010, 1), 100000, 1, alice), 1, Month(2021, 3), 150000)); // $500.00
+        EXPECT_TRUE(redeem(bond("I", Month(2010, 1), 50000, 1, alice), 1, Month(2020, 7), 70000));   // the year before
+        bond("I", Month(2020, 1), 100000, 1, bob);  // from its price (not cashable in 12/2020) to $1,033.60
+        bond("N", Month(1991, 6), 10000, 1, bob);   // $203.28 in 12/2020 to $207.36 at maturity
+        const HoldingRef noOwner = bond("I", Month(2019, 5), 10000);
+        EXPECT_TRUE(redeem(noOwner, 1, Month(2021, 8), portfolio.redemptionValue(*noOwner, 1, Month(2021, 8)))); // $104.16
+        bond("N", Month(1992, 3), 5000, 1, alice);  // matures 03/2022: $101.64 as of 11/2021
+        portfolio.setReportsInterestYearly(bob, true);
+    }
+};
 
+TEST_F(TaxYear, PerOwner)
+{
     const TaxYearReport report = TaxYearReport::of(portfolio.data(), portfolio.assessor(), 2021);
     ASSERT_EQ(report.owners.size(), 3);
     EXPECT_EQ(report.owners.at(0).owner, alice);
@@ -163,6 +172,25 @@ TEST_F(Redemptions, TaxYearPerOwner)
     EXPECT_EQ(report.nextYear.first().interestSoFar, 10164 - 2500);
     // The redemption of 2020 is that year's, and so is what Bob's EE bond earned in it ($203.28 - $195.40).
     EXPECT_EQ(TaxYearReport::of(portfolio.data(), portfolio.assessor(), 2020).householdTotal(), 20000 + 788);
+}
+
+// The command line reports the same figures, for scripts in pennies.
+TEST_F(TaxYear, OnTheCommandLine)
+{
+    const QString path = TestSupport::temporaryDirectory() + QStringLiteral("/tax.bondportfolio");
+    ASSERT_TRUE(portfolio.saveToFile(path) && people.store.save());
+    const auto result = TestSupport::runCli({"tax-report", path, "--year", "2021", "--json", "--people", people.store.path()},
+                                            {QStringLiteral("QUILLMERE_DATABASE=") + QStringLiteral(QUILLMERE_TEST_DATABASE)});
+    ASSERT_EQ(result.exitCode, 0) << result.standardError.toStdString();
+    const QJsonObject report = QJsonDocument::fromJson(result.standardOutput).object();
+    EXPECT_EQ(report["householdTotal"].toInteger(), 85656);
+    const QJsonArray owners = report["owners"].toArray();
+    ASSERT_EQ(owners.size(), 3);
+    expectFields(owners.at(0).toObject(), R"({"owner": "Alice Able", "matured": 31472, "redeemed": 50000, "total": 81472})");
+    expectFields(owners.at(1).toObject(), R"({"owner": "Bob Baker", "reportsYearly": true, "accrued": 3768})");
+    expectFields(owners.at(2).toObject(), R"({"owner": null, "total": 416})");
+    expectFields(report["nextYear"].toArray().first().toObject(), R"({"finalMaturity": "2022-03", "interestSoFar": 7664})");
+    EXPECT_EQ(TestSupport::runCli({"tax-report", path, "--year", "21x"}).exitCode, 1);
 }
 
 } // namespace

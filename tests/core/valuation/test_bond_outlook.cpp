@@ -90,6 +90,10 @@ TEST(OutlookFigures, YearToDateInterestAndYieldFromTheRate)
     const HoldingFigures november({&shipped(), Month(2026, 11)}, bond("I", Month(2010, 1)));
     EXPECT_TRUE(november.hasCurrentYield());
     EXPECT_FLOAT_EQ(november.currentYield(), 3.65f);
+
+    EXPECT_EQ(HoldingPresentation::stoppedEarningText(3, 421055), QStringLiteral("3 bonds no longer earn interest: $4,210.55"));
+    EXPECT_EQ(HoldingPresentation::stoppedEarningText(1, 2500), QStringLiteral("1 bond no longer earns interest: $25.00"));
+    EXPECT_EQ(HoldingPresentation::stoppedEarningText(0, 0), QString());
 }
 
 } // namespace
