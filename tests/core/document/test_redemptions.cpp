@@ -144,6 +144,8 @@ protected:
         bond("N", Month(1991, 6), 10000, 2, alice);                                  // matures 06/2021: 2 x $207.36 - $100
         EXPECT_TRUE(redeem(bond("I", Month(2010, 1), 100000, 1, alice), 1, Month(2021, 3), 150000)); // $500.00
         EXPECT_TRUE(redeem(bond("I", Month(2010, 1), 50000, 1, alice), 1, Month(2020, 7), 70000));   // the year before
+        // Matured in 01/1996: its interest was that year's, whenever it is cashed.
+        EXPECT_TRUE(redeem(bond("E", Month(1966, 1), 10000, 1, alice), 1, Month(2021, 5), 60000));
         bond("I", Month(2020, 1), 100000, 1, bob);  // from its price (not cashable in 12/2020) to $1,033.60
         bond("N", Month(1991, 6), 10000, 1, bob);   // $203.28 in 12/2020 to $207.36 at maturity
         const HoldingRef noOwner = bond("I", Month(2019, 5), 10000);
