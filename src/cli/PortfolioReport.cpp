@@ -69,13 +69,97 @@ QString summaryTitle(const ValuedPortfolio &portfolio)
     return portfolio.summaryMode() == SummaryMode::Cumulative ? CliText::tr("cumulative") : CliText::tr("yearly");
 }
 
-// The table's column titles.
-const char *const ColumnTitles[] = {
-    QT_TRANSLATE_NOOP("CliText", "Series"),      QT_TRANSLATE_NOOP("CliText", "Qty"),
-    QT_TRANSLATE_NOOP("CliText", "Issued"),      QT_TRANSLATE_NOOP("CliText", "Face value"),
-    QT_TRANSLATE_NOOP("CliText", "Issue price"), QT_TRANSLATE_NOOP("CliText", "Interest"),
-    QT_TRANSLATE_NOOP("CliText", "Value"),       QT_TRANSLATE_NOOP("CliText", "Yield"),
-    QT_TRANSLATE_NOOP("CliText", "Growth"),      QT_TRANSLATE_NOOP("CliText", "Registration")};
+// The table's columns: title and width, negative for left-aligned; zero takes the widest cell.
+struct ReportColumn
+{
+    const char *title;
+    int width;
+};
+const ReportColumn Columns[] = {
+    {QT_TRANSLATE_NOOP("CliText", "Series"), -13},       {QT_TRANSLATE_NOOP("CliText", "Qty"), 4},
+    {QT_TRANSLATE_NOOP("CliText", "Issued"), -9},        {QT_TRANSLATE_NOOP("CliText", "Face value"), 13},
+    {QT_TRANSLATE_NOOP("CliText", "Issue price"), 13},   {QT_TRANSLATE_NOOP("CliText", "Interest"), 13},
+    {QT_TRANSLATE_NOOP("CliText", "Value"), 13},         {QT_TRANSLATE_NOOP("CliText", "Yield"), 8},
+    {QT_TRANSLATE_NOOP("CliText", "Growth"), 8},         {QT_TRANSLATE_NOOP("CliText", "YTD interest"), 13},
+    {QT_TRANSLATE_NOOP("CliText", "Rate"), 0},           {QT_TRANSLATE_NOOP("CliText", "Matures"), -9},
+    {QT_TRANSLATE_NOOP("CliText", "Next rise"), -9},     {QT_TRANSLATE_NOOP("CliText", "Note"), 0},
+    {QT_TRANSLATE_NOOP("CliText", "Registration"), -1}};
+constexpr int NoteColumn = 13;
+
+// Lays out rows of cells under the columns: the rate right-aligned and the note left-aligned as
+// wide as their widest cell, the registration last and unpadded.
+class ReportTable
+{
+public:
+    void add(const QStringList &cells) { m_rows.append(cells); }
+    qsizetype rows() const { return m_rows.size(); }
+    QString text(qsizetype row) const
+    {
+        const QStringList &cells = m_rows.at(row);
+        QString text;
+        for (int column = 0; column < cells.size(); ++column) {
+            int width = Columns[column].width;
+            if (width == 0)
+                width = widest(column) * (column == NoteColumn ? -1 : 1);
+            if (column > 0)
+                text += column == cells.size() - 1 ? QStringLiteral("  ") : QStringLiteral(" ");
+            text += width == -1 ? cells.at(column) : cells.at(column).leftJustified(-width).rightJustified(width);
+        }
+        while (text.endsWith(u' '))
+            text.chop(1);
+        return text + u'\n';
+    }
+
+private:
+    int widest(int column) const
+    {
+        qsizetype widest = 0;
+        for (const QStringList &cells : m_rows)
+            widest = std::max(widest, cells.at(column).size());
+        return int(widest);
+    }
+    QList<QStringList> m_rows;
+};
+
+// JSON names of the rate's basis and the note, whatever the language.
+QJsonValue basisKey(RateBasis basis)
+{
+    switch (basis) {
+    case RateBasis::Composite:
+        return QStringLiteral("composite");
+    case RateBasis::Fixed:
+        return QStringLiteral("fixed");
+    case RateBasis::Implied:
+        return QStringLiteral("implied");
+    case RateBasis::Matured:
+        return QStringLiteral("matured");
+    case RateBasis::Unknown:
+        break;
+    }
+    return {};
+}
+
+QJsonValue noteKey(BondNote note)
+{
+    switch (note) {
+    case BondNote::NotIssued:
+        return QStringLiteral("NI");
+    case BondNote::NotRedeemable:
+        return QStringLiteral("NE");
+    case BondNote::Penalty:
+        return QStringLiteral("P5");
+    case BondNote::Matured:
+        return QStringLiteral("MA");
+    case BondNote::None:
+        break;
+    }
+    return {};
+}
+
+QJsonValue monthValue(Month month)
+{
+    return month.isNull() ? QJsonValue() : QJsonValue(month.toString(Month::Style::Iso));
+}
 
 } // namespace
 
@@ -94,25 +178,19 @@ QString text(const ValuedPortfolio &portfolio)
         names << person->name();
     out += CliText::tr("People:      %1\n\n").arg(names.isEmpty() ? CliText::tr("(none)") : names.join(QLatin1String(", ")));
 
-    const QString row = QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9  %10\n");
-    auto line = [&row](const QStringList &cells) {
-        QString text = row.arg(cells.at(0), -13).arg(cells.at(1), 4).arg(cells.at(2), -9).arg(cells.at(3), 13)
-                           .arg(cells.at(4), 13).arg(cells.at(5), 13).arg(cells.at(6), 13).arg(cells.at(7), 8)
-                           .arg(cells.at(8), 8).arg(cells.at(9));
-        while (text.size() > 1 && text.at(text.size() - 2) == u' ')
-            text.remove(text.size() - 2, 1);
-        return text;
-    };
+    ReportTable table;
     QStringList titles;
-    for (const char *title : ColumnTitles)
-        titles << CliText::tr(title);
-    out += line(titles);
+    for (const ReportColumn &column : Columns)
+        titles << CliText::tr(column.title);
+    table.add(titles);
     const HoldingTotals totals = HoldingTotals::of(portfolio.valuationContext(), portfolio.holdings());
     bool anyComputed = false;
-    QStringList missing; // why bonds lack pricing data, each reason once
+    QStringList missing;              // why bonds lack pricing data, each reason once
+    QList<qsizetype> stoppedEarning; // rows of the holdings past final maturity
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
         const HoldingFigures figures = portfolio.figuresOf(h);
+        const BondOutlook outlook(figures.context(), figures.bond());
         QString series = h.series()->label();
         if (!h.isPaper())
             series += QStringLiteral("*");
@@ -125,14 +203,21 @@ QString text(const ValuedPortfolio &portfolio)
         anyComputed = anyComputed || remarkOf(figures) == Remark::Computed;
         if (const QString note = HoldingNotes::noPricingData(figures); !note.isEmpty() && !missing.contains(note))
             missing << note;
-        out += line({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
-                     formatDollars(h.issuePrice()), formatDollars(figures.interestEarned()), formatDollars(figures.value()),
-                     figures.hasCurrentYield() ? percentText(figures.currentYield()) : QString(),
-                     percentText(figures.compoundAnnualGrowthRate()), registration.trimmed()});
+        if (outlook.hasStoppedEarning())
+            stoppedEarning << table.rows();
+        table.add({series, QString::number(h.quantity()), issueMonthText(h.issueDate()), formatDollars(h.faceValue()),
+                   formatDollars(h.issuePrice()), formatDollars(figures.interestEarned()), formatDollars(figures.value()),
+                   figures.hasCurrentYield() ? percentText(figures.currentYield()) : QString(),
+                   percentText(figures.compoundAnnualGrowthRate()), formatDollars(figures.ytdInterest()),
+                   rateText(outlook.rate()), monthText(outlook.finalMaturity()), monthText(outlook.nextIncrease()),
+                   noteText(outlook), registration.trimmed()});
     }
-    out += line({CliText::tr("Total"), QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
-                 formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
-                 QString(), QString(), QString()});
+    table.add({CliText::tr("Total"), QString::number(totals.quantity), QString(), formatDollars(totals.faceValue),
+               formatDollars(totals.issuePrice), formatDollars(totals.interestEarned), formatDollars(totals.value),
+               QString(), QString(), formatDollars(totals.ytdInterest), QString(), QString(), QString(), QString(),
+               QString()});
+    for (qsizetype row = 0; row < table.rows(); ++row)
+        out += table.text(row);
     if (const QString left = HoldingNotes::notInTotals(totals.withoutPricingData); !left.isEmpty())
         out += QStringLiteral("(%1)\n").arg(left);
     out += CliText::tr("(* electronic; face value and issue price are per bond, the totals are for all bonds)\n");
@@ -140,6 +225,12 @@ QString text(const ValuedPortfolio &portfolio)
         out += CliText::tr("([computed] %1)\n").arg(HoldingPresentation::derivedValueNote());
     for (const QString &note : std::as_const(missing))
         out += CliText::tr("([no pricing data] %1)\n").arg(note);
+    // The bonds that earn nothing any more, worth cashing: under the window's totals sentence.
+    if (!stoppedEarning.isEmpty()) {
+        out += u'\n' + stoppedEarningText(totals.stoppedEarning, totals.stoppedEarningValue) + u'\n';
+        for (qsizetype row : std::as_const(stoppedEarning))
+            out += table.text(row);
+    }
 
     out += CliText::tr("\nInterest earned by tax year (%1):\n").arg(summaryTitle(portfolio));
     const QList<InterestSummaryRow> summary = portfolio.interestSummary();
@@ -167,6 +258,8 @@ QByteArray json(const ValuedPortfolio &portfolio)
     for (const HoldingRef &holding : portfolio.holdings()) {
         const Holding &h = *holding;
         const HoldingFigures figures = portfolio.figuresOf(h);
+        const BondOutlook outlook(figures.context(), figures.bond());
+        const BondRate rate = outlook.rate();
         holdings.append(QJsonObject{
             {"series", h.series()->label()},
             {"seriesCode", h.series()->code()},
@@ -187,6 +280,15 @@ QByteArray json(const ValuedPortfolio &portfolio)
             {"registration", h.registration().isNull() ? QJsonValue() : QJsonValue(h.registration())},
             {"status", statusKey(pricingRemarkOf(figures))},
             {"computed", figures.isValueDerived()},
+            {"ytdInterest", figures.ytdInterest()},
+            {"rate", rate.basis == RateBasis::Unknown ? QJsonValue() : QJsonValue(rate.basisPoints / 100.0)},
+            {"rateBasis", basisKey(rate.basis)},
+            {"doublesAtTwentyYears", rate.doublesAtTwentyYears},
+            {"finalMaturity", monthValue(outlook.finalMaturity())},
+            {"nextIncrease", monthValue(outlook.nextIncrease())},
+            {"note", noteKey(outlook.note())},
+            {"noteUntil", monthValue(outlook.noteUntil())},
+            {"stoppedEarning", outlook.hasStoppedEarning()},
         });
     }
     QJsonArray people;
@@ -205,7 +307,9 @@ QByteArray json(const ValuedPortfolio &portfolio)
         {"holdings", holdings},
         {"totals", QJsonObject{{"quantity", totals.quantity}, {"faceValue", totals.faceValue},
                                {"issuePrice", totals.issuePrice}, {"interestEarned", totals.interestEarned},
-                               {"value", totals.value}, {"withoutPricingData", totals.withoutPricingData}}},
+                               {"value", totals.value}, {"withoutPricingData", totals.withoutPricingData},
+                               {"ytdInterest", totals.ytdInterest}, {"stoppedEarning", totals.stoppedEarning},
+                               {"stoppedEarningValue", totals.stoppedEarningValue}}},
         {"summaryMode", summaryKey(portfolio)},
         {"interestSummary", summary},
     };

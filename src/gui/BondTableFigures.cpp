@@ -5,12 +5,20 @@
 RowFigures BondTableFigures::read(const Holding &holding) const
 {
     const HoldingFigures figures = m_portfolio->figuresOf(holding);
+    const BondOutlook outlook(figures.context(), figures.bond());
     return {figures.value(),
             figures.interestEarned(),
             figures.hasCurrentYield() ? std::optional(figures.currentYield()) : std::nullopt,
             figures.compoundAnnualGrowthRate(),
             figures.status(),
-            figures.isValueDerived()};
+            figures.isValueDerived(),
+            figures.ytdInterest(),
+            outlook.rate(),
+            outlook.finalMaturity(),
+            outlook.nextIncrease(),
+            outlook.note(),
+            outlook.noteUntil(),
+            outlook.hasStoppedEarning()};
 }
 
 void BondTableFigures::refreshAll()

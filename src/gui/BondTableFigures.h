@@ -3,6 +3,7 @@
 // their figures change (in one batch for the whole table), so that painting and sorting only read
 // memory: a paint never waits for the database or opens a transaction on it.
 #include "model/Holding.h"
+#include "valuation/BondOutlook.h"
 #include "valuation/HoldingFigures.h"
 
 #include <QHash>
@@ -18,6 +19,13 @@ struct RowFigures
     float growthRate = 0.0f;
     HoldingStatus status = HoldingStatus::Valued;
     bool valueDerived = false;
+    Pennies ytdInterest = 0;
+    BondRate rate;
+    Month finalMaturity;
+    Month nextIncrease;
+    BondNote note = BondNote::None;
+    Month noteUntil;
+    bool stoppedEarning = false;
 };
 
 class BondTableFigures

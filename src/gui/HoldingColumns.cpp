@@ -17,8 +17,13 @@ constexpr Descriptor Descriptors[Count] = {
     {"issuePrice", QT_TRANSLATE_NOOP("HoldingColumns", "Issue Price"), false, Right, 92},
     {"interestEarned", QT_TRANSLATE_NOOP("HoldingColumns", "Interest Earned"), false, Right, 112},
     {"value", QT_TRANSLATE_NOOP("HoldingColumns", "Value"), false, Right, 96},
+    {"ytdInterest", QT_TRANSLATE_NOOP("HoldingColumns", "YTD Interest"), false, Right, 96},
     {"currentYield", QT_TRANSLATE_NOOP("HoldingColumns", "Current Yield"), false, Right, 100},
     {"growthRate", QT_TRANSLATE_NOOP("HoldingColumns", "Growth Rate"), false, Right, 92},
+    {"rate", QT_TRANSLATE_NOOP("HoldingColumns", "Rate"), false, Right, 210},
+    {"finalMaturity", QT_TRANSLATE_NOOP("HoldingColumns", "Final Maturity"), false, Centre, 100},
+    {"nextIncrease", QT_TRANSLATE_NOOP("HoldingColumns", "Next Increase"), false, Centre, 100},
+    {"note", QT_TRANSLATE_NOOP("HoldingColumns", "Note"), false, Left, 300},
     {"serialNumber", QT_TRANSLATE_NOOP("HoldingColumns", "Serial Number"), true, Left, 116},
     {"paper", QT_TRANSLATE_NOOP("HoldingColumns", "Paper"), true, Centre, 52},
     {"owner", QT_TRANSLATE_NOOP("HoldingColumns", "Owner"), true, Left, 150},
@@ -36,7 +41,8 @@ const Descriptor &descriptor(int column)
 
 bool shownByDefault(int column)
 {
-    return column != Owner && column != CoOwner && column != Beneficiary && column != GrowthRate;
+    return !isPerson(column) && column != GrowthRate && column != YtdInterest && column != Rate
+           && column != FinalMaturity && column != NextIncrease && column != Note;
 }
 
 QString title(int column)
@@ -60,8 +66,8 @@ int columnForKey(const QString &key)
 
 bool isFigure(int column)
 {
-    return column == IssuePrice || column == InterestEarned || column == Value || column == CurrentYield
-           || column == GrowthRate;
+    return column == IssuePrice || column == InterestEarned || column == Value || column == YtdInterest
+           || column == CurrentYield || column == GrowthRate;
 }
 
 bool isPerson(int column)

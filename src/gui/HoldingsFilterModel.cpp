@@ -10,11 +10,34 @@ HoldingsFilterModel::HoldingsFilterModel(BondPortfolio *portfolio, QObject *pare
     setSortRole(HoldingsTableModel::SortRole);
     setDynamicSortFilter(true);
     connect(portfolio, &BondPortfolio::titleHoldersChanged, this, &HoldingsFilterModel::titleHoldersChanged);
+    connect(portfolio, &BondPortfolio::valueOfDateChanged, this, &HoldingsFilterModel::valuationMonthChanged);
 }
 
 void HoldingsFilterModel::setSelectedPeople(const QList<PersonRef> &people)
 {
-    m_filter = HoldingFilter(people);
+    applyFilter(HoldingFilter(people));
+}
+
+void HoldingsFilterModel::setStoppedEarningOnly(bool only)
+{
+    if (only == m_stoppedEarningOnly)
+        return;
+    m_stoppedEarningOnly = only;
+    applyFilter(HoldingFilter(m_filter.people()));
+}
+
+void HoldingsFilterModel::valuationMonthChanged()
+{
+    // Another month matures other bonds.
+    if (m_stoppedEarningOnly && m_filter.stoppedEarningAsOf() != m_portfolio->valueOfMonth())
+        applyFilter(HoldingFilter(m_filter.people()));
+}
+
+void HoldingsFilterModel::applyFilter(HoldingFilter filter)
+{
+    if (m_stoppedEarningOnly)
+        filter.showOnlyStoppedEarningAsOf(m_portfolio->valueOfMonth());
+    m_filter = std::move(filter);
     invalidateFilter();
     emit filterChanged();
 }

@@ -11,6 +11,15 @@
 
 using namespace HoldingColumns;
 
+namespace {
+
+QVariant monthSortKey(Month month)
+{
+    return month.isNull() ? QVariant() : QVariant(month.index());
+}
+
+} // namespace
+
 HoldingsTableModel::HoldingsTableModel(BondPortfolio *portfolio, QObject *parent)
     : QAbstractTableModel(parent)
     , m_portfolio(portfolio)
@@ -83,7 +92,7 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(descriptor(column).alignment);
     case Qt::ForegroundRole:
-        return lineColor(m_figures.of(holding).status);
+        return lineColor(m_figures.of(holding));
     case Qt::ToolTipRole:
         if (column == Quantity && holding.hasQuantityBelowOne())
             return tr("quantity below 1: counts as no bonds");
@@ -103,15 +112,18 @@ QVariant HoldingsTableModel::data(const QModelIndex &index, int role) const
     }
 }
 
-QVariant HoldingsTableModel::lineColor(HoldingStatus status)
+QVariant HoldingsTableModel::lineColor(const RowFigures &figures)
 {
-    // A line without value is red when no value exists, blue while the bond cannot be cashed yet.
-    // Any other line has no colour of its own: the view draws it in its palette's text colour,
-    // which a dark theme makes light.
-    if (lacksPricingData(status))
+    // A line without value is red when no value exists, blue while the bond cannot be cashed yet;
+    // a bond past final maturity is grey, still worth its value but earning nothing. Any other
+    // line has no colour of its own: the view draws it in its palette's text colour, which a dark
+    // theme makes light.
+    if (lacksPricingData(figures.status))
         return QColor(Qt::red);
-    if (status == HoldingStatus::NotYetRedeemable)
+    if (figures.status == HoldingStatus::NotYetRedeemable)
         return QColor(Qt::blue);
+    if (figures.stoppedEarning)
+        return QColor(Qt::gray);
     return {};
 }
 
@@ -138,6 +150,16 @@ QVariant HoldingsTableModel::displayData(const Holding &holding, int column) con
         return figures.currentYield ? HoldingPresentation::percentText(*figures.currentYield) : QString();
     case GrowthRate:
         return HoldingPresentation::percentText(figures.growthRate);
+    case YtdInterest:
+        return formatDollars(figures.ytdInterest);
+    case Rate:
+        return HoldingPresentation::rateText(figures.rate);
+    case FinalMaturity:
+        return HoldingPresentation::monthText(figures.finalMaturity);
+    case NextIncrease:
+        return HoldingPresentation::monthText(figures.nextIncrease);
+    case Note:
+        return HoldingPresentation::noteText(figures.note, figures.noteUntil);
     case SerialNumber:
         return holding.serialNumber();
     case Paper:
@@ -197,6 +219,17 @@ QVariant HoldingsTableModel::sortData(const Holding &holding, int column) const
         return figures.currentYield ? QVariant(*figures.currentYield) : QVariant();
     case GrowthRate:
         return figures.growthRate;
+    case YtdInterest:
+        return figures.ytdInterest;
+    // Rates, months and notes that are none sort last, in either order.
+    case Rate:
+        return figures.rate.basis == RateBasis::Unknown ? QVariant() : QVariant(figures.rate.basisPoints);
+    case FinalMaturity:
+        return monthSortKey(figures.finalMaturity);
+    case NextIncrease:
+        return monthSortKey(figures.nextIncrease);
+    case Note:
+        return figures.note == BondNote::None ? QVariant() : displayData(holding, column);
     case Paper:
         return holding.isPaper();
     default:

@@ -40,7 +40,7 @@ private:
     QVariant displayData(const Holding &holding, int column) const;
     QVariant editData(const Holding &holding, int column) const;
     QVariant sortData(const Holding &holding, int column) const;
-    static QVariant lineColor(HoldingStatus status);
+    static QVariant lineColor(const RowFigures &figures);
     bool setIssueDate(Holding &holding, const QVariant &value);
     // True for no refusal; otherwise tells the window why, under the title.
     bool accepted(EntryRefusal refusal, const Holding &holding, const QString &title);

@@ -2,6 +2,7 @@
 #include "BondTableColumns.h"
 #include "BondTableView.h"
 #include "DocumentManager.h"
+#include "HoldingsFilterModel.h"
 #include "PortfolioWindow.h"
 #include "PreferencesDialog.h"
 #include "TreasuryFileInstall.h"
@@ -70,6 +71,8 @@ const ActionEntry ActionTable[] = {
     {Id::InstallTreasuryFile, QT_TRANSLATE_NOOP("PortfolioWindow", "&Install Treasury Value File…"),
      QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::ValueChart, QT_TRANSLATE_NOOP("PortfolioWindow", "Value &Chart…"), QKeySequence::UnknownKey, nullptr, nullptr},
+    {Id::StoppedEarning, QT_TRANSLATE_NOOP("PortfolioWindow", "Stopped earning"), QKeySequence::UnknownKey,
+     "stopped-earning", QT_TRANSLATE_NOOP("PortfolioWindow", "Show only the bonds past final maturity, which no longer earn interest")},
     {Id::About, QT_TRANSLATE_NOOP("PortfolioWindow", "&About Quillmere"), QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
@@ -150,6 +153,8 @@ void PortfolioWindow::createActions()
     connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
     connect(action(Id::ImportCsv), &QAction::triggered, this, &PortfolioWindow::importCsv);
     connect(action(Id::ValueChart), &QAction::triggered, this, &PortfolioWindow::showValueChart);
+    action(Id::StoppedEarning)->setCheckable(true);
+    connect(action(Id::StoppedEarning), &QAction::toggled, m_filterModel, &HoldingsFilterModel::setStoppedEarningOnly);
     connect(action(Id::PrintPreview), &QAction::triggered, this, &PortfolioWindow::printPreview);
     connect(action(Id::ExportPdf), &QAction::triggered, this, &PortfolioWindow::exportPdf);
     connect(action(Id::AddPerson), &QAction::triggered, this, &PortfolioWindow::addPeople);
@@ -203,6 +208,7 @@ void PortfolioWindow::createMenus()
     m_columns->columnMenu()->setTitle(tr("&Columns"));
     view->addMenu(m_columns->columnMenu());
     view->addAction(action(Id::ValueChart));
+    view->addAction(action(Id::StoppedEarning));
 
     QMenu *portfolio = menuBar()->addMenu(tr("&Portfolio"));
     portfolio->addAction(action(Id::AddBond));
@@ -257,6 +263,8 @@ void PortfolioWindow::createToolbar()
     toolbar->addAction(action(Id::ImportCsv));
     space(false);
     toolbar->addAction(action(Id::AddPerson));
+    space(false);
+    toolbar->addAction(action(Id::StoppedEarning));
     space(true);
 
     // The picker with its label under it, like the other items.

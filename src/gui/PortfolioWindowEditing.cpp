@@ -209,6 +209,9 @@ void PortfolioWindow::updateTotals()
     // On a line of its own, so that a narrow window need not clip the sums to fit it.
     if (const QString left = HoldingExplanations::notInTotals(totals.withoutPricingData); !left.isEmpty())
         text += u'\n' + left;
+    if (const QString stopped = HoldingPresentation::stoppedEarningText(totals.stoppedEarning, totals.stoppedEarningValue);
+        !stopped.isEmpty())
+        text += u'\n' + stopped;
     m_totals->setText(text);
 }
 

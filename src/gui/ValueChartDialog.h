@@ -1,12 +1,15 @@
 #pragma once
 // A holding's redemption value month by month since its issue, up to the database's latest
-// month, with the portfolio's valuation month marked.
+// month and dashed beyond it as far as the program computed ahead, with the portfolio's valuation
+// month marked and lines at the end of the early-cashing penalty and at final maturity.
 #include "model/Holding.h"
 
 #include <QDialog>
 
 class BondPortfolio;
 class QChart;
+class QGraphicsSimpleTextItem;
+class QLineSeries;
 
 class ValueChartDialog : public QDialog
 {
@@ -19,5 +22,10 @@ public:
     static QString describe(const Holding &holding);
 
 private:
+    // A vertical line at the month, labelled, when the month lies within [first, last].
+    void addMarker(Month month, const QString &label, int first, int last, qreal height);
+    void placeMarkerLabels();
+
     QChart *m_chart = nullptr;
+    QList<std::pair<QLineSeries *, QGraphicsSimpleTextItem *>> m_markerLabels;
 };

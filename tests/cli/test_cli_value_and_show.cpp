@@ -231,6 +231,63 @@ TEST(CliShow, MarksComputedHoldingsAndThoseWithoutAValue)
     EXPECT_EQ(status, QStringList({"null", "null", "null", "null", "null", "null", "no pricing data", "not yet redeemable"}));
 }
 
+// What each bond is doing, as the window's columns show it: per holding in JSON, in its lines in
+// the text, and the bonds that stopped earning listed at the end under the totals' sentence.
+struct FactsCase
+{
+    const char *asOf;
+    QStringList notes, rates, nextIncreases; // JSON per holding, in the sample's order; "null" for none
+    qint64 ytdInterest, stoppedEarning, stoppedEarningValue;
+    QList<const char *> lines;
+};
+
+void PrintTo(const FactsCase &c, std::ostream *out) { *out << c.asOf; }
+
+class CliShowFacts : public testing::TestWithParam<FactsCase> {};
+
+TEST_P(CliShowFacts, TextAndJsonTellWhatEachBondIsDoing)
+{
+    const FactsCase &c = GetParam();
+    const auto json = TestSupport::runCli({"show", sample(), "--as-of", c.asOf, "--json"}, shipped());
+    ASSERT_EQ(json.exitCode, 0) << json.standardError.toStdString();
+    const QJsonObject root = QJsonDocument::fromJson(json.standardOutput).object();
+    QStringList notes, rates, nextIncreases;
+    for (const QJsonValue &value : root.value("holdings").toArray()) {
+        const QJsonObject holding = value.toObject();
+        notes << holding.value("note").toString(QStringLiteral("null"));
+        rates << (holding.value("rate").isNull() ? QStringLiteral("null")
+                                                 : QString::number(holding.value("rate").toDouble(), 'f', 2) + u' '
+                                                       + holding.value("rateBasis").toString()
+                                                       + (holding.value("doublesAtTwentyYears").toBool() ? " doubles" : ""));
+        nextIncreases << holding.value("nextIncrease").toString(QStringLiteral("null"));
+        EXPECT_EQ(holding.value("stoppedEarning").toBool(), holding.value("note").toString() == QLatin1String("MA"));
+    }
+    EXPECT_EQ(notes, c.notes);
+    EXPECT_EQ(rates, c.rates);
+    EXPECT_EQ(nextIncreases, c.nextIncreases);
+    const QJsonObject totals = root.value("totals").toObject();
+    EXPECT_EQ(totals.value("ytdInterest").toInteger(), c.ytdInterest);
+    EXPECT_EQ(totals.value("stoppedEarning").toInteger(), c.stoppedEarning);
+    EXPECT_EQ(totals.value("stoppedEarningValue").toInteger(), c.stoppedEarningValue);
+    const auto text = TestSupport::runCli({"show", sample(), "--as-of", c.asOf}, shipped());
+    for (const char *line : c.lines)
+        EXPECT_TRUE(text.standardOutput.contains(line)) << line << '\n' << text.standardOutput.toStdString();
+}
+
+// Year to date at 11/2026: $13.28 + $51.20 + $30.36 (see the bond table's test); the three
+// matured holdings are worth $414.72 + $111.75 + $306.66.
+INSTANTIATE_TEST_SUITE_P(Sample, CliShowFacts, testing::Values(
+    FactsCase{"2026-11", {"MA", "null", "MA", "null", "null", "MA", "null", "NE"},
+              {"0.00 matured", "3.50 fixed", "0.00 matured", "3.65 composite", "6.80 composite", "0.00 matured", "null", "4.26 composite"},
+              {"null", "2026-12", "null", "2026-12", "2026-12", "null", "2026-12", "2026-12"}, 9484, 4, 83313,
+              {" 3.50% fixed 05/2035   12/2026 ", "   NE not redeemable until 03/2027  [not yet redeemable] Samuel Whitfield\n",
+               "     $94.84\n", "\n\n4 bonds no longer earn interest: $833.13\nEE Bond          2 01/1990 ",
+               "\nE Bond           1 06/1980 ", "\nSavings Note     1 05/1967 "}},
+    FactsCase{"2021-11", {"MA", "null", "MA", "null", "null", "MA", "null", "NI"},
+              {"0.00 matured", "3.50 fixed doubles", "0.00 matured", "3.85 composite", "7.00 composite", "0.00 matured", "null", "null"},
+              {"null", "2021-12", "null", "2021-12", "2021-12", "null", "2021-12", "null"}, 5776, 4, 83313,
+              {"3.50% fixed, doubles at 20 years 05/2035   12/2021 ", "YTD interest", "Next rise Note"}}));
+
 TEST(CliMakeSample, WritesTheCommittedExampleAgain)
 {
     const QString folder = TestSupport::temporaryDirectory();

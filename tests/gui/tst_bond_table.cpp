@@ -16,6 +16,8 @@
 #include <QChart>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QLegend>
+#include <QLegendMarker>
 #include <QLineSeries>
 #include <QDateTimeAxis>
 #include <QMenu>
@@ -23,6 +25,15 @@
 #include <QValueAxis>
 #include <QScatterSeries>
 #include <sqlite3.h>
+
+struct FactCase
+{
+    int row;
+    QDate issued; // null: as the sample has it
+    QDate valuedAsOf;
+    int column;
+    QString text;
+};
 
 struct ValueCase
 {
@@ -68,7 +79,8 @@ private slots:
             if (header->isSectionHidden(column))
                 hidden << HoldingColumns::key(column);
         }
-        QCOMPARE(hidden, QStringList({"growthRate", "owner", "co-owner", "beneficiary"}));
+        QCOMPARE(hidden, QStringList({"ytdInterest", "growthRate", "rate", "finalMaturity", "nextIncrease", "note", "owner",
+                                      "co-owner", "beneficiary"}));
         QVERIFY(!window->bondTable()->horizontalScrollBar()->isVisible());
         window->columns()->toggleColumnVisibility(HoldingColumns::Owner);
         QVERIFY(!header->isSectionHidden(HoldingColumns::Owner));
@@ -79,8 +91,8 @@ private slots:
     void columnSettingsKeepTheirKeysAndCarryOver()
     {
         const QStringList keys{"series", "quantity", "issueDate", "faceValue", "issuePrice", "interestEarned", "value",
-                               "currentYield", "growthRate", "serialNumber", "paper", "owner", "co-owner",
-                               "beneficiary", "registration"};
+                               "ytdInterest", "currentYield", "growthRate", "rate", "finalMaturity", "nextIncrease",
+                               "note", "serialNumber", "paper", "owner", "co-owner", "beneficiary", "registration"};
         QCOMPARE(keys.size(), int(HoldingColumns::Count));
         QVariantList saved;
         for (auto key = keys.crbegin(); key != keys.crend(); ++key)
@@ -123,6 +135,8 @@ private slots:
         const QColor red(Qt::red);
         QTest::newRow("computed") << ValueCase{1, {}, latest, "computed: computed by this program, not published by the Treasury", {}};
         QTest::newRow("valued") << ValueCase{3, {}, latest, {}, {}};
+        QTest::newRow("stopped earning") << ValueCase{0, {}, latest, "computed: computed by this program, not published by the Treasury",
+                                                      QColor(Qt::gray)};
         QTest::newRow("never sold") << ValueCase{2, {1980, 7, 1}, latest, "no pricing data: Series E bonds were last issued in 06/1980; "
                                                                           "no values exist for this issue month.", red};
         QTest::newRow("valued before its issue")
@@ -160,6 +174,12 @@ private slots:
                                                     << QStringList(months.crbegin(), months.crend());
         QTest::newRow("face values") << int(HoldingColumns::FaceValue) << Qt::AscendingOrder
                                      << QStringList{"$25.00", "$25.00", "$50.00", "$50.00", "$50.00", "$100.00", "$100.00", "$1,000.00"};
+        QTest::newRow("rates, none last") << int(HoldingColumns::Rate) << Qt::AscendingOrder
+                                          << QStringList{"0.00%", "0.00%", "0.00%", "3.50% fixed", "3.65%", "4.26%", "6.80%", ""};
+        QTest::newRow("final maturities") << int(HoldingColumns::FinalMaturity) << Qt::AscendingOrder
+                                          << QStringList{"05/1997", "06/2010", "01/2020", "01/2027", "09/2028", "05/2035", "01/2040", "03/2056"};
+        QTest::newRow("year-to-date interest, most first") << int(HoldingColumns::YtdInterest) << Qt::DescendingOrder
+                                          << QStringList{"$51.20", "$30.36", "$13.28", "$0.00", "$0.00", "$0.00", "$0.00", "$0.00"};
     }
     void sortingFollowsTheFigures()
     {
@@ -172,6 +192,86 @@ private slots:
         for (int row = 0; row < table->model()->rowCount(); ++row)
             texts << table->model()->index(row, column).data().toString();
         QCOMPARE(texts, shown);
+    }
+
+    // What each bond is doing, worked out by hand from the rate tables and the official values:
+    // year-to-date interest is November's value less December 2025's (the electronic EE bonds are
+    // worth twice a paper one's); an I bond's rate is fixed + 2 × inflation + fixed × inflation.
+    void theBondFactsColumns_data()
+    {
+        QTest::addColumn<FactCase>("c");
+        using namespace HoldingColumns;
+        const QDate latest(2026, 11, 1), earlier(2021, 11, 1);
+        QTest::newRow("matured: rate") << FactCase{0, {}, latest, Rate, "0.00%"};
+        QTest::newRow("matured: note") << FactCase{0, {}, latest, Note, "MA matured, no longer earning"};
+        QTest::newRow("matured: final maturity") << FactCase{0, {}, latest, FinalMaturity, "01/2020"};
+        QTest::newRow("matured: no next increase") << FactCase{0, {}, latest, NextIncrease, ""};
+        QTest::newRow("E bond of 1980: 30 years") << FactCase{2, {}, latest, FinalMaturity, "06/2010"};
+        QTest::newRow("EE before 05/1997: next anniversary") << FactCase{0, {1997, 1, 1}, latest, NextIncrease, "01/2027"};
+        QTest::newRow("fixed-rate EE under 20 years") << FactCase{1, {}, earlier, Rate, "3.50% fixed, doubles at 20 years"};
+        QTest::newRow("fixed-rate EE past 20 years") << FactCase{1, {}, latest, Rate, "3.50% fixed"};
+        QTest::newRow("EE year to date: 4 × 2 × ($52.68 − $51.02)") << FactCase{1, {}, latest, YtdInterest, "$13.28"};
+        QTest::newRow("I composite: 3.40 + 2 × 1.67 + 3.40 × 1.67%") << FactCase{4, {}, latest, Rate, "6.80%"};
+        QTest::newRow("I year to date: 2 × ($264.72 − $249.54)") << FactCase{4, {}, latest, YtdInterest, "$30.36"};
+        QTest::newRow("I year to date: $1,633.20 − $1,582.00") << FactCase{3, {}, latest, YtdInterest, "$51.20"};
+        QTest::newRow("I: next month") << FactCase{4, {}, latest, NextIncrease, "12/2026"};
+        QTest::newRow("I under five years: penalty") << FactCase{4, {2023, 1, 1}, latest, Note,
+                                                                 "P5 includes 3-month interest penalty until 01/2028"};
+        QTest::newRow("I under a year") << FactCase{7, {}, latest, Note, "NE not redeemable until 03/2027"};
+        QTest::newRow("I valued before its issue") << FactCase{7, {}, earlier, Note, "NI not yet issued"};
+    }
+    void theBondFactsColumns()
+    {
+        QFETCH(FactCase, c);
+        PortfolioWindow *window = GuiTest::openSample();
+        const QAbstractItemModel *model = window->bondTable()->model();
+        if (c.issued.isValid())
+            GuiTest::holdingAt(model, c.row)->setIssueDate(Month::of(c.issued));
+        window->valuationPicker()->setDate(c.valuedAsOf);
+        const QModelIndex cell = model->index(c.row, c.column);
+        QCOMPARE(cell.data().toString(), c.text);
+        if (c.column == HoldingColumns::Rate || c.column == HoldingColumns::YtdInterest)
+            QVERIFY(cell.data(Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignRight);
+    }
+
+    // The filter shows the bonds past final maturity as of the valuation month, and the totals
+    // count them; without it the totals still say how many stopped earning.
+    void theStoppedEarningFilter_data()
+    {
+        QTest::addColumn<QDate>("valuedAsOf");
+        QTest::addColumn<bool>("filtered");
+        QTest::addColumn<QStringList>("issued");
+        QTest::addColumn<QString>("sentence");
+        const QStringList matured{"01/1990", "06/1980", "05/1967"};
+        QTest::newRow("all, 11/2026") << QDate(2026, 11, 1) << false
+                                      << QStringList{"01/1990", "05/2005", "06/1980", "01/2010", "09/1998", "05/1967", "01/1997", "03/2026"}
+                                      << "4 bonds no longer earn interest: $833.13";
+        QTest::newRow("filtered, 11/2026") << QDate(2026, 11, 1) << true << matured << "4 bonds no longer earn interest: $833.13";
+        QTest::newRow("filtered, 11/2021") << QDate(2021, 11, 1) << true << matured << "4 bonds no longer earn interest: $833.13";
+        QTest::newRow("filtered, 12/2019") << QDate(2019, 12, 1) << true << QStringList{"06/1980", "05/1967"}
+                                           << "2 bonds no longer earn interest: $418.41";
+        QTest::newRow("filtered, 06/1997") << QDate(1997, 6, 1) << true << QStringList{"05/1967"}
+                                           << "1 bond no longer earns interest: $306.66";
+    }
+    void theStoppedEarningFilter()
+    {
+        QFETCH(QDate, valuedAsOf);
+        QFETCH(bool, filtered);
+        QFETCH(QStringList, issued);
+        QFETCH(QString, sentence);
+        PortfolioWindow *window = GuiTest::openSample();
+        QAction *filter = window->action(PortfolioWindow::ActionId::StoppedEarning);
+        QVERIFY(filter->isCheckable());
+        // Set before or after the month, the filter follows it.
+        filter->setChecked(filtered);
+        window->valuationPicker()->setDate(valuedAsOf);
+        QCOMPARE(window->shownHoldingsModel()->isStoppedEarningOnly(), filtered);
+        const QAbstractItemModel *model = window->bondTable()->model();
+        QStringList shown;
+        for (int row = 0; row < model->rowCount(); ++row)
+            shown << model->index(row, HoldingColumns::IssueDate).data().toString();
+        QCOMPARE(shown, issued);
+        QTRY_VERIFY2(window->totalsText().endsWith(u'\n' + sentence), qPrintable(window->totalsText()));
     }
 
     void aValuationMonthWithoutValuesIsRefused()
@@ -309,7 +409,7 @@ private slots:
         auto *dialog = window->findChild<ValueChartDialog *>();
         QVERIFY(dialog);
         const auto series = dialog->chart()->series();
-        QCOMPARE(series.size(), 2);
+        QCOMPARE(series.size(), 3); // and the line at final maturity
         auto *values = qobject_cast<QLineSeries *>(series.at(0));
         auto *marked = qobject_cast<QScatterSeries *>(series.at(1));
         QVERIFY(values && marked);
@@ -333,6 +433,48 @@ private slots:
         auto *dollars = qobject_cast<QValueAxis *>(dialog->chart()->axes(Qt::Vertical).constFirst());
         const double step = (dollars->max() - dollars->min()) / (dollars->tickCount() - 1);
         QCOMPARE(step, double(qRound64(step)));
+    }
+
+    // Months the program computed past the database's latest are a dashed line joined to the
+    // published one; the end of the penalty and final maturity are marked where the chart reaches.
+    void theValueChartMarksComputedMonthsAndTurningPoints_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QStringList>("names");
+        QTest::newRow("EE of 1990, matured") << 0 << QStringList{"Redemption value", "Value as of 11/2026", "Final maturity 01/2020"};
+        QTest::newRow("I of 1998, earning") << 4 << QStringList{"Redemption value", "Computed ahead", "Value as of 11/2026",
+                                                                 "Penalty ends 09/2003"};
+    }
+    void theValueChartMarksComputedMonthsAndTurningPoints()
+    {
+        QFETCH(int, row);
+        QFETCH(QStringList, names);
+        PortfolioWindow *window = GuiTest::openSample();
+        GuiTest::selectRows(window->bondTable(), {row});
+        window->showValueChart();
+        auto *dialog = window->findChild<ValueChartDialog *>();
+        QVERIFY(dialog);
+        QStringList shown;
+        for (QAbstractSeries *series : dialog->chart()->series())
+            shown << series->name();
+        QCOMPARE(shown, names);
+        const auto series = dialog->chart()->series();
+        auto *values = qobject_cast<QLineSeries *>(series.at(0));
+        const qreal latest = values->at(values->count() - 1).x();
+        QCOMPARE(latest, qreal(window->portfolio()->assessor().maximumRedemptionDate().addSecs(-1).toMSecsSinceEpoch()));
+        if (names.contains("Computed ahead")) {
+            auto *ahead = qobject_cast<QLineSeries *>(series.at(1));
+            QCOMPARE(ahead->pen().style(), Qt::DashLine);
+            QCOMPARE(ahead->at(0), values->at(values->count() - 1));
+            QVERIFY(ahead->count() > 1 && ahead->at(ahead->count() - 1).x() > latest);
+        }
+        // A marker stands upright at the first day of its month.
+        auto *marker = qobject_cast<QLineSeries *>(series.constLast());
+        const QDate month = QDate::fromString(marker->name().right(7), QStringLiteral("MM/yyyy"));
+        QCOMPARE(marker->count(), 2);
+        QCOMPARE(marker->at(0).x(), qreal(QDateTime(month, QTime(0, 0)).toMSecsSinceEpoch()));
+        QCOMPARE(marker->at(1).x(), marker->at(0).x());
+        QVERIFY(!dialog->chart()->legend()->markers(marker).constFirst()->isVisible());
     }
 
 };

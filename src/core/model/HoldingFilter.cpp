@@ -1,5 +1,7 @@
 #include "model/HoldingFilter.h"
 
+#include "valuation/BondOutlook.h"
+
 bool HoldingFilter::keepOnly(const QList<PersonRef> &listed)
 {
     return m_people.removeIf([&listed](const PersonRef &person) { return !listed.contains(person); }) > 0;
@@ -7,7 +9,12 @@ bool HoldingFilter::keepOnly(const QList<PersonRef> &listed)
 
 bool HoldingFilter::accepts(const Holding &holding) const
 {
-    if (m_people.isEmpty() || m_kept.lock().get() == &holding)
+    if (m_kept.lock().get() == &holding)
+        return true;
+    if (!m_stoppedEarningAsOf.isNull()
+        && !BondOutlook(ValuationContext{nullptr, m_stoppedEarningAsOf}, holding.facts()).hasStoppedEarning())
+        return false;
+    if (m_people.isEmpty())
         return true;
     for (const PersonRef &person : m_people) {
         if (samePerson(holding.owner().get(), person.get()) || samePerson(holding.coOwner().get(), person.get())
@@ -19,7 +26,7 @@ bool HoldingFilter::accepts(const Holding &holding) const
 
 QList<HoldingRef> HoldingFilter::shownOf(const QList<HoldingRef> &holdings) const
 {
-    if (m_people.isEmpty())
+    if (isEmpty())
         return holdings;
     QList<HoldingRef> shown;
     for (const HoldingRef &holding : holdings) {

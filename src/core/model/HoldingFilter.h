@@ -1,7 +1,8 @@
 #pragma once
 // Which holdings a view shows: those naming any of the chosen people in any role, or every
-// holding when no one is chosen. The bond table's proxy owns one and hands it to the interest
+// holding when no one is chosen; optionally only the bonds that have stopped earning. The bond table's proxy owns one and hands it to the interest
 // summary and the totals, so that the table and its figures always cover the same bonds.
+#include "base/Month.h"
 #include "model/Holding.h"
 
 #include <QList>
@@ -14,7 +15,10 @@ public:
     explicit HoldingFilter(QList<PersonRef> people) : m_people(std::move(people)) {}
 
     const QList<PersonRef> &people() const { return m_people; }
-    bool isEmpty() const { return m_people.isEmpty(); }
+    bool isEmpty() const { return m_people.isEmpty() && m_stoppedEarningAsOf.isNull(); }
+    // Narrows to the bonds past final maturity as of the month; a null month lifts it.
+    void showOnlyStoppedEarningAsOf(Month month) { m_stoppedEarningAsOf = month; }
+    Month stoppedEarningAsOf() const { return m_stoppedEarningAsOf; }
 
     // A holding the user has just added stays shown, whoever it names, until the filter is
     // replaced: otherwise it would vanish before its owner could be set.
@@ -29,4 +33,5 @@ public:
 private:
     QList<PersonRef> m_people;
     std::weak_ptr<Holding> m_kept;
+    Month m_stoppedEarningAsOf;
 };

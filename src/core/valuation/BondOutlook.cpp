@@ -70,9 +70,16 @@ Month BondOutlook::noteUntil() const
         return {};
     if (m_context.month < redeemableFrom())
         return redeemableFrom();
+    const Month ends = penaltyEnds();
+    return !ends.isNull() && m_context.month < ends ? ends : Month();
+}
+
+Month BondOutlook::penaltyEnds() const
+{
     // The three-month penalty applies to bonds that earn monthly: I bonds, EE bonds from May 1997.
-    const Month penaltyEnds = m_bond.issueMonth.addMonths(MonthsWithPenalty);
-    return accruesMonthly() && m_context.month < penaltyEnds ? penaltyEnds : Month();
+    if (m_bond.issueMonth.isNull() || !accruesMonthly())
+        return {};
+    return m_bond.issueMonth.addMonths(MonthsWithPenalty);
 }
 
 Month BondOutlook::nextIncrease() const

@@ -45,6 +45,9 @@ public:
     // penalty (P5); null for the other notes.
     Month noteUntil() const;
     BondRate rate() const;
+    // The first month the bond is cashed without losing three months' interest; null for bonds
+    // that never carry that penalty (those that accrue every six months) or without issue month.
+    Month penaltyEnds() const;
     // Whether the bond's value grows every month (Series I, EE issued from May 1997) rather than
     // every six months.
     bool accruesMonthly() const;
