@@ -56,6 +56,7 @@ ValueChartDialog::ValueChartDialog(const BondPortfolio &portfolio, HoldingRef ho
     ahead->setName(tr("Computed ahead"));
     auto *marked = new QScatterSeries;
     marked->setName(tr("Value as of %1").arg(HoldingPresentation::monthText(portfolio.valueOfMonth())));
+    marked->setMarkerSize(10); // small enough to leave the few computed months beside it in sight
     const int first = holding->issueDate().index();
     const int latest = MonthIndex::of(portfolio.assessor().maximumRedemptionDate());
     const int last = first == MonthIndex::None
