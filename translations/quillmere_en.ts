@@ -774,6 +774,26 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
         <source>tax-report FILE [--year YYYY] [--json] [--people FILE]</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>YTD interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Matures</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next rise</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CsvHoldingReader</name>
@@ -1223,6 +1243,26 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Registration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>YTD Interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Final Maturity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next Increase</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2247,6 +2287,14 @@ a price list, and a list of your portfolio holdings.</source>
         <source>“%1” could not be opened</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Stopped earning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only the bonds past final maturity, which no longer earn interest</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PreferencesDialog</name>
@@ -2945,6 +2993,18 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>%1 %2 issued %3, %4 bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Computed ahead</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Penalty ends %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Final maturity %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
