@@ -28,9 +28,14 @@ qint32 BondOutlook::stored(Month month) const
     return m_context.assessor->history(m_bond.series, m_bond.issueMonth.index()).at(month.index());
 }
 
+bool BondOutlook::hasMonths() const
+{
+    return !m_bond.issueMonth.isNull() && !m_context.month.isNull() && m_bond.series->wasIssuedIn(m_bond.issueMonth);
+}
+
 Month BondOutlook::finalMaturity() const
 {
-    return m_bond.series ? m_bond.series->finalMaturity(m_bond.issueMonth) : Month();
+    return m_bond.series && m_bond.series->wasIssuedIn(m_bond.issueMonth) ? m_bond.series->finalMaturity(m_bond.issueMonth) : Month();
 }
 
 bool BondOutlook::hasStoppedEarning() const
@@ -99,9 +104,12 @@ Month BondOutlook::nextIncrease() const
                 return Month::fromIndex(month);
         }
     }
-    // Past them, the rule: next month, or the next six-month anniversary of the issue month.
+    // Past them, the rule: next month, or the next six-month anniversary of the issue month; a
+    // bond that cannot be cashed yet is worth nothing until it can.
     const Month from = m_context.month;
-    const Month next = accruesMonthly() ? from.addMonths(1) : from.addMonths(6 - monthsSinceIssue() % 6);
+    Month next = accruesMonthly() ? from.addMonths(1) : from.addMonths(6 - monthsSinceIssue() % 6);
+    if (note() == BondNote::NotRedeemable)
+        next = std::max(next, redeemableFrom());
     return next <= maturity ? next : Month();
 }
 

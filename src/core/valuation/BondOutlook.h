@@ -54,7 +54,8 @@ public:
 
 private:
     int monthsSinceIssue() const { return m_context.month.index() - m_bond.issueMonth.index(); }
-    bool hasMonths() const { return !m_bond.issueMonth.isNull() && !m_context.month.isNull(); }
+    // A bond of an issue month its series was never sold in has no facts to tell.
+    bool hasMonths() const;
     qint32 stored(Month month) const; // one $25 paper bond; markers below zero
     Month redeemableFrom() const;
 

@@ -68,6 +68,9 @@ INSTANTIATE_TEST_SUITE_P(
         OutlookCase{"EEFixedPastTwenty", "N", Month(2005, 5), Month(2025, 6), "2035-05", "2025-07", "", "3.50% fixed"},
         // The holding period: six months for issues before 02/2003, twelve from then on.
         OutlookCase{"IShortHolding", "I", Month(2003, 1), Month(2003, 6), "2033-01", "2003-07", "NE not redeemable until 07/2003", "4.08%"},
+        // Past the database's months, a bond not yet cashable first gains value when it can be cashed.
+        OutlookCase{"INotCashable", "I", Month(2026, 3), Month(2026, 11), "2056-03", "2027-03", "NE not redeemable until 03/2027", "4.26%"},
+        OutlookCase{"IBeforeTheSeries", "I", Month(1997, 1), Month(2026, 11), "", "", "", ""},
         OutlookCase{"ILongHolding", "I", Month(2003, 2), Month(2003, 6), "2033-02", "2004-02", "NE not redeemable until 02/2004", "4.08%"},
         OutlookCase{"IPenalty", "I", Month(2023, 6), Month(2026, 11), "2053-06", "2026-12",
                     "P5 includes 3-month interest penalty until 06/2028", "4.26%"},
