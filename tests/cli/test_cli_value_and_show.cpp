@@ -279,13 +279,13 @@ TEST_P(CliShowFacts, TextAndJsonTellWhatEachBondIsDoing)
 INSTANTIATE_TEST_SUITE_P(Sample, CliShowFacts, testing::Values(
     FactsCase{"2026-11", {"MA", "null", "MA", "null", "null", "MA", "null", "NE"},
               {"0.00 matured", "3.50 fixed", "0.00 matured", "3.65 composite", "6.80 composite", "0.00 matured", "null", "4.26 composite"},
-              {"null", "2026-12", "null", "2026-12", "2026-12", "null", "2026-12", "2026-12"}, 9484, 4, 83313,
+              {"null", "2026-12", "null", "2026-12", "2026-12", "null", "null", "2027-03"}, 9484, 4, 83313,
               {" 3.50% fixed 05/2035   12/2026 ", "   NE not redeemable until 03/2027  [not yet redeemable] Samuel Whitfield\n",
                "     $94.84\n", "\n\n4 bonds no longer earn interest: $833.13\nEE Bond          2 01/1990 ",
                "Thomas Whitfield\nE Bond           1 06/1980 ", "[computed] Margaret Whitfield\nSavings Note     1 05/1967 "}},
     FactsCase{"2021-11", {"MA", "null", "MA", "null", "null", "MA", "null", "NI"},
               {"0.00 matured", "3.50 fixed doubles", "0.00 matured", "3.85 composite", "7.00 composite", "0.00 matured", "null", "null"},
-              {"null", "2021-12", "null", "2021-12", "2021-12", "null", "2021-12", "null"}, 5776, 4, 83313,
+              {"null", "2021-12", "null", "2021-12", "2021-12", "null", "null", "null"}, 5776, 4, 83313,
               {"3.50% fixed, doubles at 20 years 05/2035   12/2021 ", "YTD interest", "Next rise Note"}}));
 
 TEST(CliMakeSample, WritesTheCommittedExampleAgain)

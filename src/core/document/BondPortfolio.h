@@ -64,6 +64,7 @@ class BondPortfolio : public QObject
     Q_OBJECT
 public:
     static constexpr const char *ValueOfDateErrorDomain = ValuationMonth::ErrorDomain;
+    static constexpr const char *RedemptionErrorDomain = "redemption";
     static constexpr const char *NoValuationDataMessage = ValuationMonth::NoValuationDataMessage;
 
     // A new, empty portfolio: no holdings, the store's family as title holders, the cumulative summary,

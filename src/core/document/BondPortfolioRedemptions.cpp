@@ -28,7 +28,7 @@ bool BondPortfolio::validateRedemption(const Holding &holding, Month month, Vali
 {
     const auto refuse = [error](int code, const QString &message) {
         if (error)
-            *error = {QStringLiteral("Redemption"), code, message};
+            *error = {QString::fromLatin1(RedemptionErrorDomain), code, message};
         return false;
     };
     if (holding.issueDate().isNull())
@@ -53,7 +53,7 @@ bool BondPortfolio::redeem(const HoldingRef &holding, qint32 quantity, Month mon
     const int index = indexOfHolding(holding.get());
     if (index < 0 || quantity < 1 || quantity > holding->quantity()) {
         if (error)
-            *error = {QStringLiteral("Redemption"), 4,
+            *error = {QString::fromLatin1(RedemptionErrorDomain), 4,
                       QCoreApplication::translate("BondPortfolio", "Choose from 1 to %1 bonds to redeem.").arg(holding->quantity())};
         return false;
     }

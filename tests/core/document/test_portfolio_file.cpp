@@ -124,7 +124,7 @@ TEST_F(PortfolioFileTest, PersonMissingFromTheStoreVanishesFromListAndRoles)
     const PersonRef kept = Person::create(otherMachine.store.createRecord(*ann->record()));
     const auto portfolio = makePortfolio();
     const auto decoded = PortfolioArchive::decodePortfolio(
-        PortfolioArchive::encodePortfolio(portfolio->holdings(), portfolio->titleHolders()), otherMachine.store);
+        PortfolioArchive::encodePortfolio(portfolio->data()), otherMachine.store);
     ASSERT_TRUE(decoded.ok);
     EXPECT_EQ(decoded.missingPeople, 2) << "Bob, in the list and on both holdings, counts once";
     ASSERT_EQ(decoded.titleHolders.size(), 1);
@@ -151,7 +151,7 @@ TEST_F(PortfolioFileTest, RefusesGraphsOfTheWrongShape)
     };
     for (const auto &[name, spoil] : cases) {
         SCOPED_TRACE(name);
-        ArchiveRef root = PortfolioArchive::encodePortfolio(portfolio->holdings(), portfolio->titleHolders());
+        ArchiveRef root = PortfolioArchive::encodePortfolio(portfolio->data());
         spoil(root);
         const auto decoded = PortfolioArchive::decodePortfolio(root, people.store);
         EXPECT_FALSE(decoded.ok);
