@@ -10,12 +10,7 @@
 #include <QJsonObject>
 #include <gtest/gtest.h>
 
-namespace {
-
-QStringList withDatabase(const QString &path)
-{
-    return {QStringLiteral("QUILLMERE_DATABASE=") + path};
-}
+QStringList withDatabase(const QString &path) { return {QStringLiteral("QUILLMERE_DATABASE=") + path}; }
 
 // A private copy of the shipped database, with the sample's people.
 const QStringList &shipped()
@@ -67,8 +62,7 @@ const ValueCase seriesNames[] = {{{"E", "25", "1941-05", "2026-11"}, "$18.75", "
                                  {{"I", "25", "2010-01", "2026-11"}, "$25.00", "$40.83", "$15.83", ""},
                                  {{"I", "25", "2026-06", "2026-11"}, "$25.00", "not yet redeemable", "$0.00", ""}};
 INSTANTIATE_TEST_SUITE_P(SeriesNames, CliValueOf, testing::ValuesIn(seriesNames));
-// Published, computed (from the fixed rate; matured, carried forward) and missing values; an
-// electronic EE bond is worth twice a paper one.
+// Published, computed (fixed rate; matured, carried forward) and missing values; electronic EE is worth twice.
 const ValueCase provenance[] = {
     {{"EE", "100", "1990-01", "2021-11"}, "$50.00", "$207.36", "$157.36", ""},
     {{"EE", "100", "1990-01", "2021-11", "--electronic"}, "$100.00", "$414.72", "$314.72", ""},
@@ -138,8 +132,7 @@ TEST(CliDatabase, ReportsRangeCountAndInstalledFiles)
         EXPECT_TRUE(result.standardOutput.contains(line)) << line << result.standardOutput.toStdString();
 }
 
-// The sample's 1997 I bond was never sold and its 2026 I bond is valued before its issue; EE bonds
-// of May 1995 are appended (one bond per line) where the database has no value for them.
+// 1997 I bond never sold, 2026 I bond valued before issue; appended 05/1995 EE bonds lack values.
 struct GapCase
 {
     const char *asOf;
@@ -194,10 +187,7 @@ TEST(CliShow, JsonHasTheOfficialValuesInPennies)
     const QJsonObject root = QJsonDocument::fromJson(result.standardOutput).object();
     EXPECT_EQ(root.value("valueOfDate").toString(), QStringLiteral("2021-11"));
     EXPECT_EQ(root.value("summaryMode").toString(), QStringLiteral("yearly"));
-    // The official November 2021 values per $25: EE 1990-01 $51.84 (two $100 bonds), EE 2005-05
-    // $22.14 (four $50 electronic bonds, worth twice), E 1980-06 $111.75, I 2010-01 $32.26 (one
-    // $1000 bond), I 1998-09 $89.63 (two $50 bonds), Savings Note 1967-05 $153.33 ($50); then an I
-    // bond of a month before the series and one not issued yet, worth nothing.
+    // Official 11/2021 values per $25, times $25 units and bonds; the last two I bonds are worth nothing.
     const QList<qint64> values{5184 * 4 * 2, 2214 * 2 * 2 * 4, 11175, 3226 * 40, 8963 * 2 * 2, 15333 * 2, 0, 0};
     const QJsonArray holdings = root.value("holdings").toArray();
     ASSERT_EQ(holdings.size(), values.size());
@@ -210,8 +200,7 @@ TEST(CliShow, JsonHasTheOfficialValuesInPennies)
         EXPECT_TRUE(text.standardOutput.contains(shown)) << shown << '\n' << text.standardOutput.toStdString();
 }
 
-// Values computed by this program, not published by the Treasury, are marked in text and JSON,
-// and so are holdings without a value, with why.
+// Values computed by this program, and holdings without a value, are marked (with why) in text and JSON.
 TEST(CliShow, MarksComputedHoldingsAndThoseWithoutAValue)
 {
     const auto text = TestSupport::runCli({"show", sample(), "--as-of", "2026-11"}, shipped());
@@ -300,5 +289,3 @@ TEST(CliMakeSample, WritesTheCommittedExampleAgain)
         EXPECT_EQ(made, TestSupport::readFile(TestSupport::sourcePath(QStringLiteral("examples/") + QString::fromLatin1(name))));
     }
 }
-
-} // namespace

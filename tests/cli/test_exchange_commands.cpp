@@ -2,10 +2,7 @@
 
 #include "ScratchMount.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
-
-namespace {
 
 const QByteArray WizardCsv = "Series,Denomination,Serial Number,Issue Date\r\nEE,100,Q100,03/1995\r\n";
 
@@ -85,8 +82,7 @@ TEST_F(ExchangeCommands, ImportThatCannotSaveSaysWhy)
     EXPECT_EQ(contents(onDisk), before);
 }
 
-// Every command finds a portfolio's people as show does; a saving command refuses to drop those
-// it cannot find.
+// Every command finds a portfolio's people as show does; a saving command refuses to drop unknown ones.
 TEST_F(ExchangeCommands, EveryCommandFindsThePeopleBesideThePortfolioAndNoneAreDroppedUnasked)
 {
     const QString withPeople = TestSupport::temporaryDirectory();
@@ -121,5 +117,3 @@ TEST_F(ExchangeCommands, EveryCommandFindsThePeopleBesideThePortfolioAndNoneAreD
     EXPECT_TRUE(warned.standardError.contains(QStringLiteral("warning: 1 person named in %1 is not in %2; ").arg(sample, fourPeople).toUtf8()))
         << warned.standardError.toStdString();
 }
-
-} // namespace

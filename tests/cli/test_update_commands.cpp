@@ -1,21 +1,16 @@
-// publish, update and install-treasury-file: a published update directory served over HTTP brings
-// older databases up to the shipped one.
+// publish, update and install-treasury-file: an update directory served over HTTP brings databases up to date.
 #include "../core/QtPrinters.h"
 #include "LocalHttpServer.h"
 #include "PriceUpdateTestData.h"
-#include "TestSupport.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
-#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace PriceUpdateTestData;
-
-namespace {
 
 QString buildDatabase(const QStringList &sourcePaths)
 {
@@ -32,8 +27,7 @@ QStringList environment(const QString &database)
             QStringLiteral("QUILLMERE_FISCAL_DATA_URL=http://127.0.0.1:9/")};
 }
 
-// The database holds the values the shipped one holds, each in its place (rows that only mark a
-// blank cell read like no row at all, and may differ).
+// The database holds the shipped one's values in place (rows only marking a blank cell may differ).
 void expectShippedValues(const QString &database)
 {
     static const QString shipped = TestSupport::copyOfShippedDatabase();
@@ -82,8 +76,7 @@ TEST_F(UpdateCommands, EmptyDatabaseBecomesTheShippedOne)
     EXPECT_EQ(queryColumn(database, names), queryColumn(TestSupport::copyOfShippedDatabase(), names));
 }
 
-// The statuses of each failure are the updater's; here servers that never answer or send a byte
-// now and then, given up when the time asked for has passed in all.
+// Servers that never answer or trickle bytes: given up when the time asked for has passed in all.
 TEST_F(UpdateCommands, TimeOutIsADeadline)
 {
     server->setResponse(QStringLiteral("/silent/AvailableBondData.plist"),
@@ -120,8 +113,7 @@ TEST_F(UpdateCommands, ReadOnlyDatabaseIsCheckedButNotUpdated)
     EXPECT_EQ(check.standardOutput, QByteArray("Checking for updates...\n1 update(s) available\n  i-bond-values.csv\n"));
 }
 
-// Two installations at once: the second waits for the first instead of failing, and one of the
-// same file finds it installed. Meanwhile show never finds the database without its months.
+// Two installations at once: the second waits, a repeat finds it installed; show never sees months missing.
 TEST(ConcurrentInstallations, WaitForEachOtherWhileShowReads)
 {
     const QString database = buildDatabase(TestSupport::repositorySources({"sb202012.asc", "sb202106.asc"}));
@@ -174,8 +166,7 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnce)
                         "fixed-rate EE bonds computed; redemption months 1992-05 to 20\\d\\d-\\d\\d\\n$"))))
         << installed.standardOutput.toStdString();
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'sb202106.asc'")), 1);
-    // The new months, the gaps they fill and the matured bonds carried into them: the database
-    // now holds what one built from all sources holds.
+    // New months, filled gaps and carried matured bonds: the same as a database built from all sources.
     expectShippedValues(database);
     const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
     const auto again = TestSupport::runCli({"install-treasury-file", file}, environment(database));
@@ -183,5 +174,3 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnce)
     EXPECT_TRUE(again.standardError.contains("already installed")) << again.standardError.toStdString();
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), rows);
 }
-
-} // namespace

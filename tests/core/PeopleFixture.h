@@ -1,6 +1,5 @@
 #pragma once
-// A people store of its own in a temporary folder, with a me identifier kept under a key that
-// no other test uses.
+// A people store of its own in a temporary folder, with a me identifier under a key no other test uses.
 #include "TestSupport.h"
 #include "model/PeopleStore.h"
 #include "model/Person.h"

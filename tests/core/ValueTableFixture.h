@@ -1,6 +1,5 @@
 #pragma once
-// Small redemption value databases for valuation tests: rows are added by hand to an empty
-// schema database, then the summary tables are rebuilt as an installation would.
+// Small value databases: rows added by hand to an empty schema, then the summary tables rebuilt.
 #include "TestSupport.h"
 #include "update/PriceDataInstaller.h"
 

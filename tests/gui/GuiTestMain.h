@@ -1,6 +1,5 @@
 #pragma once
-// The main of every window test: a folder of the run's own for settings, data, people and database,
-// set before the application reads any, so that no test sees the user's files or an earlier run's.
+// Every window test's main: settings, data, people and database in the run's own folder, set before any read.
 #include "DocumentManager.h"
 #include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
@@ -44,10 +43,7 @@ inline QString copyOfDatabase(const QString &name)
     return copy;
 }
 
-inline QString samplePath()
-{
-    return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio");
-}
+inline QString samplePath() { return QStringLiteral(QUILLMERE_SOURCE_DIR "/examples/sample.bondportfolio"); }
 
 // With a tester that fails the test when the bond table's model breaks its contract.
 inline PortfolioWindow *openSample()
@@ -97,8 +93,7 @@ inline void useRunFolders()
     QFile::setPermissions(people, QFile::ReadOwner | QFile::WriteOwner);
     qputenv("QUILLMERE_PEOPLE", people.toUtf8());
     qputenv("QUILLMERE_DATABASE", database.toUtf8());
-    // No test reaches beyond this machine: update sources that refuse at once unless a test
-    // names its own server.
+    // No test reaches beyond this machine unless it names its own server.
     qputenv("QUILLMERE_FISCAL_DATA_URL", "http://127.0.0.1:9/");
     qputenv("QUILLMERE_UPDATE_URL", "http://127.0.0.1:9/");
 }

@@ -65,8 +65,7 @@ private slots:
         UserDefaults::remove(QString::fromLatin1(UserDefaults::BondTableColumnSettingsKey));
     }
 
-    // Without settings the people columns and the growth rate wait in the menu, so that the rest
-    // fits a 1600-pixel window without scrolling sideways.
+    // Without settings the people columns and the growth rate start hidden, so the rest fits 1600 pixels.
     void leastUsedColumnsStartHiddenAndComeBack()
     {
         PortfolioWindow *window = GuiTest::openSample();
@@ -86,8 +85,7 @@ private slots:
         QVERIFY(!header->isSectionHidden(HoldingColumns::Owner));
     }
 
-    // Settings saved by earlier versions name the columns by these keys: the table finds every
-    // column by them and saves them unchanged; a change in one window carries over to the next.
+    // Earlier versions' column keys are found and saved unchanged; a change in one window carries to the next.
     void columnSettingsKeepTheirKeysAndCarryOver()
     {
         const QStringList keys{"series", "quantity", "issueDate", "faceValue", "issuePrice", "interestEarned", "value",
@@ -124,10 +122,7 @@ private slots:
         QCOMPARE(now.first().toMap().value("key").toString(), QStringLiteral("series"));
     }
 
-    // How a line explains its value: the 2005 EE bond is valued from its fixed rate; an issue month
-    // the series was never sold in has no value, nor one valued before its issue; a bond the
-    // database lacks a value for points to the updater. Red: no value; blue: not redeemable yet; a
-    // valued line has no colour of its own, so that it reads in the theme's text colour.
+    // Why a line has its value; red: no value, blue: not redeemable yet, valued: the theme's text colour.
     void valuesSayWhy_data()
     {
         QTest::addColumn<ValueCase>("c");
@@ -289,9 +284,7 @@ private slots:
         QCOMPARE(window.portfolio()->valueOfDate().date(), QDate(2015, 7, 1));
     }
 
-    // A new range reaches every picker: by this process's notice; from another process that
-    // installs a later month and sends none, within the periodic check or at once when the
-    // application becomes active again.
+    // A new range reaches every picker: by notice, or from another process by the periodic check or activation.
     void thePickerFollowsANewDatabaseRange_data()
     {
         QTest::addColumn<int>("how");
@@ -336,8 +329,7 @@ private slots:
     }
 
 
-    // Another program holds the database (installing a file, say): the table still paints at once,
-    // with the figures it read before, since painting reads memory only.
+    // While another program holds the database the table paints at once from memory, with its earlier figures.
     void theTablePaintsWhileAnotherProgramHoldsTheDatabase()
     {
         const QString path = GuiTest::copyOfDatabase("held.bvdb");
@@ -396,8 +388,7 @@ private slots:
         }
     }
 
-    // A point per priced month from issue to the database's latest month; the marked point is the
-    // value the table shows.
+    // A point per priced month from issue to the latest month; the marked point is the table's value.
     void theValueChartFollowsTheSelectedBond()
     {
         PortfolioWindow *window = GuiTest::openSample();

@@ -1,18 +1,13 @@
-// What the bond table accepts as typed: quantities from 1, face values a bond of its kind can
-// have, electronic bonds only where the Treasury sold them, months that are months. A refusal
-// says why and keeps the old value; pasted bonds obey the same rules.
+// What the bond table accepts as typed or pasted; a refusal says why and keeps the old value.
 #include "GuiTestMain.h"
 
 #include "BondClipboard.h"
 #include "HoldingColumns.h"
-#include "base/Series.h"
 #include "base/UserDefaults.h"
-#include "model/EntryRules.h"
 
 #include <QClipboard>
 #include <QUndoStack>
 
-namespace {
 HoldingRef bond(const QString &series, Month issue, bool paper, Pennies faceValue, int quantity = 2)
 {
     HoldingRef holding = Holding::create();
@@ -33,91 +28,72 @@ QString fields(const Holding &holding)
         .arg(holding.faceValue())
         .arg(holding.issueDate().toString(Month::Style::Iso), holding.isPaper() ? "paper" : "electronic");
 }
-} // namespace
 
 class HoldingEntryTest : public QObject
 {
     Q_OBJECT
+
+    // The bond, the column typed into (or the paper box), what is typed, the refusal (empty: accepted), the bond after.
+    using EntryCase = std::tuple<HoldingRef, int, QVariant, QString, QString>;
 
 private slots:
     void cleanup() { GuiTest::discardWindows(); }
 
     void typedValuesFollowTheRules_data()
     {
-        QTest::addColumn<HoldingRef>("holding");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<QVariant>("typed");
-        QTest::addColumn<QString>("refusal"); // empty when accepted
-        QTest::addColumn<QString>("after");
-
+        QTest::addColumn<EntryCase>("c");
         const auto eePaper = [] { return bond("N", Month(2005, 1), true, 10000); };
         const auto eeElectronic = [](Pennies face) { return bond("N", Month(2005, 1), false, face); };
         const auto refusal = [](EntryRefusal why, const char *series = "N") {
             return EntryRules::describe(why, Series::seriesForCode(QString::fromLatin1(series)));
         };
+        const auto row = [](const char *name, const HoldingRef &holding, int column, const QVariant &typed,
+                            const QString &refusal, const QString &after) {
+            QTest::newRow(name) << EntryCase{holding, column, typed, refusal, after};
+        };
         const int paperState = -1; // the check box rather than a typed value
+        using C = HoldingColumns::Column;
+        const int quantity = C::Quantity, face = C::FaceValue, month = C::IssueDate;
+        const QString paperKept = "N x2 10000 2005-01 paper", electronicKept = "N x2 10000 2005-01 electronic";
+        const QString electronicRange = refusal(EntryRefusal::ElectronicAmountOutOfRange);
+        const QString notADenomination = refusal(EntryRefusal::NotADenomination);
 
-        QTest::newRow("quantity -3") << eePaper() << int(HoldingColumns::Quantity) << QVariant(-3)
-                                     << refusal(EntryRefusal::QuantityBelowOne) << "N x2 10000 2005-01 paper";
-        QTest::newRow("quantity 0") << eePaper() << int(HoldingColumns::Quantity) << QVariant(0)
-                                    << refusal(EntryRefusal::QuantityBelowOne) << "N x2 10000 2005-01 paper";
-        QTest::newRow("quantity 5") << eePaper() << int(HoldingColumns::Quantity) << QVariant(5) << ""
-                                    << "N x5 10000 2005-01 paper";
-        QTest::newRow("face abc") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("abc")
-                                  << refusal(EntryRefusal::NotAnAmount) << "N x2 10000 2005-01 paper";
-        QTest::newRow("face 12.5x") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("12.5x")
-                                    << refusal(EntryRefusal::NotAnAmount) << "N x2 10000 2005-01 paper";
-        QTest::newRow("face $1,000 paper") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("$1,000")
-                                           << "" << "N x2 100000 2005-01 paper";
-        QTest::newRow("face 137.45 paper") << eePaper() << int(HoldingColumns::FaceValue) << QVariant("137.45")
-                                           << refusal(EntryRefusal::NotADenomination) << "N x2 10000 2005-01 paper";
-        QTest::newRow("face 99,999,999,999") << eePaper() << int(HoldingColumns::FaceValue)
-                                             << QVariant("99,999,999,999") << refusal(EntryRefusal::NotADenomination)
-                                             << "N x2 10000 2005-01 paper";
-        QTest::newRow("face 137.45 electronic") << eeElectronic(10000) << int(HoldingColumns::FaceValue)
-                                                << QVariant("137.45") << "" << "N x2 13745 2005-01 electronic";
-        QTest::newRow("face 20 electronic") << eeElectronic(10000) << int(HoldingColumns::FaceValue) << QVariant("20")
-                                            << refusal(EntryRefusal::ElectronicAmountOutOfRange)
-                                            << "N x2 10000 2005-01 electronic";
-        QTest::newRow("face 10,000.01 electronic")
-            << eeElectronic(10000) << int(HoldingColumns::FaceValue) << QVariant("10,000.01")
-            << refusal(EntryRefusal::ElectronicAmountOutOfRange) << "N x2 10000 2005-01 electronic";
-        QTest::newRow("E bond electronic") << bond("E", Month(1980, 1), true, 10000) << paperState << QVariant()
-                                           << refusal(EntryRefusal::NeverElectronic, "E") << "E x2 10000 1980-01 paper";
-        QTest::newRow("EE 04/2003 electronic") << bond("N", Month(2003, 4), true, 10000) << paperState << QVariant()
-                                               << "EE bonds were first sold electronically in 05/2003."
-                                               << "N x2 10000 2003-04 paper";
-        QTest::newRow("EE 05/2003 electronic") << bond("N", Month(2003, 5), true, 10000) << paperState << QVariant()
-                                               << "" << "N x2 10000 2003-05 electronic";
-        QTest::newRow("I 09/2002 electronic") << bond("I", Month(2002, 9), true, 10000) << paperState << QVariant()
-                                              << "I bonds were first sold electronically in 10/2002."
-                                              << "I x2 10000 2002-09 paper";
-        QTest::newRow("$10 paper to electronic") << bond("N", Month(2005, 1), true, 1000) << paperState << QVariant()
-                                                 << refusal(EntryRefusal::ElectronicAmountOutOfRange)
-                                                 << "N x2 1000 2005-01 paper";
-        QTest::newRow("$137.45 electronic to paper")
-            << eeElectronic(13745) << paperState << QVariant() << refusal(EntryRefusal::NotADenomination)
-            << "N x2 13745 2005-01 electronic";
-        QTest::newRow("month 13/2020") << eePaper() << int(HoldingColumns::IssueDate) << QVariant("13/2020")
-                                       << refusal(EntryRefusal::NotAMonth) << "N x2 10000 2005-01 paper";
-        QTest::newRow("month before electronic sales turns paper")
-            << eeElectronic(10000) << int(HoldingColumns::IssueDate) << QVariant::fromValue(Month(2000, 1)) << ""
-            << "N x2 10000 2000-01 paper";
-        QTest::newRow("month before electronic sales, odd amount")
-            << eeElectronic(13745) << int(HoldingColumns::IssueDate) << QVariant::fromValue(Month(2000, 1))
-            << "EE bonds were first sold electronically in 05/2003." << "N x2 13745 2005-01 electronic";
-        QTest::newRow("series E turns paper") << eeElectronic(10000) << int(HoldingColumns::Series) << QVariant("E")
-                                              << "" << "E x2 10000 2005-01 paper";
+        row("quantity -3", eePaper(), quantity, -3, refusal(EntryRefusal::QuantityBelowOne), paperKept);
+        row("quantity 0", eePaper(), quantity, 0, refusal(EntryRefusal::QuantityBelowOne), paperKept);
+        row("quantity 5", eePaper(), quantity, 5, "", "N x5 10000 2005-01 paper");
+        row("face abc", eePaper(), face, "abc", refusal(EntryRefusal::NotAnAmount), paperKept);
+        row("face 12.5x", eePaper(), face, "12.5x", refusal(EntryRefusal::NotAnAmount), paperKept);
+        row("face $1,000 paper", eePaper(), face, "$1,000", "", "N x2 100000 2005-01 paper");
+        row("face 137.45 paper", eePaper(), face, "137.45", notADenomination, paperKept);
+        row("face 99,999,999,999", eePaper(), face, "99,999,999,999", notADenomination, paperKept);
+        row("face 137.45 electronic", eeElectronic(10000), face, "137.45", "", "N x2 13745 2005-01 electronic");
+        row("face 20 electronic", eeElectronic(10000), face, "20", electronicRange, electronicKept);
+        row("face 10,000.01 electronic", eeElectronic(10000), face, "10,000.01", electronicRange, electronicKept);
+        row("E bond electronic", bond("E", Month(1980, 1), true, 10000), paperState, {},
+            refusal(EntryRefusal::NeverElectronic, "E"), "E x2 10000 1980-01 paper");
+        row("EE 04/2003 electronic", bond("N", Month(2003, 4), true, 10000), paperState, {},
+            "EE bonds were first sold electronically in 05/2003.", "N x2 10000 2003-04 paper");
+        row("EE 05/2003 electronic", bond("N", Month(2003, 5), true, 10000), paperState, {}, "",
+            "N x2 10000 2003-05 electronic");
+        row("I 09/2002 electronic", bond("I", Month(2002, 9), true, 10000), paperState, {},
+            "I bonds were first sold electronically in 10/2002.", "I x2 10000 2002-09 paper");
+        row("$10 paper to electronic", bond("N", Month(2005, 1), true, 1000), paperState, {}, electronicRange,
+            "N x2 1000 2005-01 paper");
+        row("$137.45 electronic to paper", eeElectronic(13745), paperState, {}, notADenomination,
+            "N x2 13745 2005-01 electronic");
+        row("month 13/2020", eePaper(), month, "13/2020", refusal(EntryRefusal::NotAMonth), paperKept);
+        const QVariant january2000 = QVariant::fromValue(Month(2000, 1));
+        row("month before electronic sales turns paper", eeElectronic(10000), month, january2000, "",
+            "N x2 10000 2000-01 paper");
+        row("month before electronic sales, odd amount", eeElectronic(13745), month, january2000,
+            "EE bonds were first sold electronically in 05/2003.", "N x2 13745 2005-01 electronic");
+        row("series E turns paper", eeElectronic(10000), HoldingColumns::Series, "E", "", "E x2 10000 2005-01 paper");
     }
 
     void typedValuesFollowTheRules()
     {
-        QFETCH(HoldingRef, holding);
-        QFETCH(int, column);
-        QFETCH(QVariant, typed);
-        QFETCH(QString, refusal);
-        QFETCH(QString, after);
-
+        QFETCH(EntryCase, c);
+        const auto &[holding, column, typed, refusal, after] = c;
         PortfolioWindow *window = DocumentManager::instance().newDocument();
         window->portfolio()->appendHolding(holding);
         window->portfolio()->markSaved();

@@ -1,5 +1,4 @@
-// The keys a desktop program answers to, whatever the platform's own table lacks, and typing
-// into the month picker where its cursor is.
+// Desktop keys the platform's table lacks, and typing into the month picker where its cursor is.
 #include "GuiTestMain.h"
 
 #include "ValuationMonthPicker.h"

@@ -1,9 +1,7 @@
-// The people picker and the person creator: the add button's title, which buttons are enabled,
-// people added once only, a new person kept in the store and added to the portfolio, the me record.
+// The people picker and person creator: titles, enabled buttons, people added once, new people kept, the me record.
 #include "GuiTestMain.h"
 #include "PeoplePickerDialog.h"
 #include "model/PeopleStore.h"
-#include "model/Person.h"
 
 #include <QLineEdit>
 #include <QListWidget>

@@ -1,14 +1,10 @@
-// Export and import as the user drives them, the panels answered by the test: which panel offers
-// the all/selected rows, what gets written, and the alerts' exact texts.
+// Export and import driven as the user does: all/selected rows offered, what is written, exact alert texts.
 #include "GuiTestMain.h"
 #include "BondTableView.h"
 #include "ExchangePanels.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDir>
-
-namespace {
 
 // Answers every panel with a prepared path and row, and keeps what the window asked and said.
 struct ScriptedPanels : ExchangePanels
@@ -34,7 +30,8 @@ struct ScriptedPanels : ExchangePanels
     void beep() override { ++beeps; }
 };
 
-} // namespace
+// Rows selected, the row chosen in the panel, whether it offered the selection, only the selection written.
+using ExportCase = std::tuple<int, int, bool, bool>;
 
 class PortfolioExchangeTest : public QObject
 {
@@ -55,28 +52,21 @@ private slots:
 
     void csvExportWritesWhatTheRowsChoose_data()
     {
-        QTest::addColumn<int>("selected");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<bool>("offered");
-        QTest::addColumn<bool>("onlySelected");
-        QTest::newRow("no selection") << 0 << 1 << false << false;
-        QTest::newRow("selection, all bonds") << 2 << 0 << true << false;
-        QTest::newRow("selection, selected only") << 2 << 1 << true << true;
+        QTest::addColumn<ExportCase>("c");
+        QTest::newRow("no selection") << ExportCase{0, 1, false, false};
+        QTest::newRow("selection, all bonds") << ExportCase{2, 0, true, false};
+        QTest::newRow("selection, selected only") << ExportCase{2, 1, true, true};
     }
     void csvExportWritesWhatTheRowsChoose()
     {
-        QFETCH(int, selected);
-        QFETCH(int, row);
-        QFETCH(bool, offered);
-        QFETCH(bool, onlySelected);
+        QFETCH(ExportCase, c);
+        const auto &[selected, row, offered, onlySelected] = c;
         GuiTest::selectRows(m_window->bondTable(), selected ? QList<int>{0, 1} : QList<int>{});
         m_panels->path = GuiTest::path(QStringLiteral("export.csv"));
         m_panels->row = row;
         m_window->action(PortfolioWindow::ActionId::ExportCsv)->trigger();
         QCOMPARE(m_panels->offeredSelection, offered);
-        QFile file(m_panels->path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const qsizetype lines = file.readAll().count('\n');
+        const qsizetype lines = GuiTest::readFile(m_panels->path).count('\n');
         QCOMPARE(lines - 1, onlySelected ? selected : m_window->portfolio()->holdings().size());
         QVERIFY(m_panels->alerts.isEmpty());
         QVERIFY(!m_window->portfolio()->isEdited());

@@ -1,5 +1,4 @@
-// The printed portfolio, written to PDF and read back with poppler's tools: pages for H and
-// H + 1 holdings, both header lines, the page numbers, and an amount of 0 left empty.
+// The printed portfolio as PDF read back by poppler: pages for H and H + 1 holdings, headers, page numbers, 0s.
 #include "GuiTestMain.h"
 #include "PortfolioPrintLayout.h"
 

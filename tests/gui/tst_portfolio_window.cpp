@@ -1,11 +1,8 @@
-// The portfolio window as a user meets it: filtering by people, adding, naming and pasting bonds,
-// undo and its action names, the toolbar, and opening and closing files.
+// The portfolio window: filtering by people, adding, naming and pasting bonds, undo names, toolbar, closing.
 #include "GuiTestMain.h"
 #include "BondTableView.h"
 #include "HoldingColumns.h"
-#include "HoldingsTableModel.h"
 #include "ValuationMonthPicker.h"
-#include "document/DocumentFileWriter.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -14,9 +11,6 @@
 #include <QRegularExpression>
 #include <QTimer>
 #include <QUndoStack>
-
-#include <cerrno>
-#include <numeric>
 
 using Id = PortfolioWindow::ActionId;
 
@@ -71,12 +65,8 @@ private slots:
         QApplication::clipboard()->clear();
     }
 
-    // The table, the summary and the totals line cover exactly the bonds of the people chosen. The
-    // totals line counts every bond shown and says how many it leaves out for lack of pricing data:
-    // the 1997 I bond (never sold) always, the 2026 I bond before its issue; then how many have
-    // stopped earning, none of Eleanor's. Face value and issue
-    // price count every bond: $1,700.00 of face bought for $1,584.25 (EE on paper at half their
-    // face, E at three quarters, Savings Notes at 81 %, the rest at face).
+    // Table, summary and totals cover the people chosen; totals count every bond's face and issue price,
+    // leave out the 1997 I bond (never sold) and the 2026 I bond before its issue, and count the stopped ones.
     void filtersAndTotalsFollowThePeopleChosen_data()
     {
         QTest::addColumn<TotalsCase>("c");
@@ -158,8 +148,7 @@ private slots:
         QVERIFY(!window->isWindowModified());
     }
 
-    // Every command is one step, however many bonds or people it takes: twenty bonds removed
-    // come back with one undo.
+    // Every command is one step, however many bonds or people it takes.
     void undoAndRedoCarryTheActionNames_data()
     {
         QTest::addColumn<int>("command");

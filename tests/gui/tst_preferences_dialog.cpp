@@ -1,9 +1,6 @@
-// The preferences hold their edits until OK: Cancel keeps the stored defaults, and new bonds
-// start from whatever OK stored; so does the update source, refused without a usable address.
+// Preferences wait for OK: Cancel keeps the defaults, new bonds use what OK stored; unusable addresses refused.
 #include "GuiTestMain.h"
 #include "PreferencesDialog.h"
-#include "model/Holding.h"
-#include "base/Series.h"
 #include "base/UserDefaults.h"
 #include "update/AutomaticUpdateCheck.h"
 #include "update/UpdateLocation.h"
@@ -11,7 +8,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QRadioButton>
 #include <QTimer>
 

@@ -1,15 +1,12 @@
-// Printed amounts never run into each other: an amount wider than its title's span moves the
-// later columns and their titles right, checked on the words' boxes as poppler reads them.
+// Printed amounts never overlap: a wide amount moves later columns and titles right (poppler's word boxes).
 #include "GuiTestMain.h"
 #include "PortfolioPrintLayout.h"
-#include "base/Series.h"
 
 #include <QPdfWriter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
-namespace {
 struct Word
 {
     double left, top, right;
@@ -28,7 +25,6 @@ QList<Word> wordsOf(const QString &pdf)
         words.append({m.captured(1).toDouble(), m.captured(2).toDouble(), m.captured(3).toDouble(), m.captured(4)});
     return words;
 }
-} // namespace
 
 class PrintAmountsTest : public QObject
 {
@@ -79,8 +75,7 @@ private slots:
         for (qsizetype i = 1; i < amounts.size(); ++i)
             QVERIFY2(amounts.at(i - 1).right + 5 < amounts.at(i).left,
                      qPrintable(amounts.at(i - 1).text + QLatin1Char(' ') + amounts.at(i).text));
-        // The last title ("Value", not the one of "Face Value") stands over its amount, however far
-        // the amounts moved.
+        // The last title ("Value", not "Face Value") stands over its amount, however far the amounts moved.
         Word value{};
         for (const Word &w : words) {
             if (w.text == QLatin1String("Value") && w.left > value.left)

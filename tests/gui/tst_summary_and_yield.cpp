@@ -1,12 +1,9 @@
-// Figures the window must not overstate: a current yield the database cannot give is no figure
-// (not 0.00%) and sorts last; the interest summary's first row says when it is interest since
-// issue, and a year missing a December value says it is incomplete.
+// Figures not overstated: an unknown current yield is no figure and sorts last; summary rows say what they are.
 #include "GuiTestMain.h"
 
 #include "BondTableView.h"
 #include "HoldingColumns.h"
 #include "InterestSummaryModel.h"
-#include "base/Series.h"
 
 class SummaryAndYieldTest : public QObject
 {
@@ -15,8 +12,7 @@ class SummaryAndYieldTest : public QObject
 private slots:
     void cleanup() { GuiTest::discardWindows(); }
 
-    // At 10/2026 the period runs from 05/2026 to 11/2026: the I bond of 03/2026 had no value at
-    // its start and the I bond of 01/1997 (a month I bonds were not sold in) has none at all.
+    // At 10/2026 (period 05-11/2026) the 03/2026 I bond lacked a start value; the 01/1997 I bond has none at all.
     void aYieldWithoutDataIsBlankAndSortsLast_data()
     {
         QTest::addColumn<Qt::SortOrder>("order");

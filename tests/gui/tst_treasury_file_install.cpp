@@ -13,29 +13,24 @@ class TreasuryFileInstallTest : public QObject
 {
     Q_OBJECT
 
+    // The record replaced (none: the file as it is), whether it installs, its text, data files added.
+    using InstallCase = std::tuple<QByteArray, bool, QString, int>;
+
 private slots:
     void installsWithoutBlocking_data()
     {
-        QTest::addColumn<QByteArray>("replaced");
-        QTest::addColumn<bool>("installed");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("filesAdded");
-        // The June 2021 file under a name not yet installed: as it is, or with one value of 1979
-        // E bonds changed by a cent.
-        QTest::newRow("same values") << QByteArray() << true << QStringLiteral("Installed sb202106-%1.asc: ") << 1;
-        QTest::newRow("one value differs") << QByteArray("E2021061979010829") << false
-                                           << QStringLiteral("differs from the installed official value") << 0;
+        // The June 2021 file under a new name: as it is, or with one 1979 E value changed by a cent.
+        QTest::addColumn<InstallCase>("c");
+        QTest::newRow("same values") << InstallCase{{}, true, "Installed sb202106-%1.asc: ", 1};
+        QTest::newRow("one value differs")
+            << InstallCase{"E2021061979010829", false, "differs from the installed official value", 0};
     }
 
     void installsWithoutBlocking()
     {
-        QFETCH(QByteArray, replaced);
-        QFETCH(bool, installed);
-        QFETCH(QString, text);
-        QFETCH(int, filesAdded);
-        QFile original(QStringLiteral(QUILLMERE_SOURCE_DIR "/data/treasury/sb202106.asc"));
-        QVERIFY(original.open(QIODevice::ReadOnly));
-        QByteArray contents = original.readAll();
+        QFETCH(InstallCase, c);
+        const auto &[replaced, installed, text, filesAdded] = c;
+        QByteArray contents = GuiTest::readFile(QStringLiteral(QUILLMERE_SOURCE_DIR "/data/treasury/sb202106.asc"));
         const qsizetype at = contents.indexOf("E2021061979010828");
         QVERIFY(at >= 0);
         if (!replaced.isEmpty())

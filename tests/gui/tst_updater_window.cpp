@@ -1,7 +1,6 @@
 // Updates from the window against local stand-ins: the automatic check once per start, the updater window's status, bar and buttons.
 #include "GuiTestMain.h"
 #include "../support/FiscalDataTestServer.h"
-#include "../support/LocalHttpServer.h"
 #include "../support/PriceUpdateTestData.h"
 #include "UpdateAvailableBar.h"
 #include "UpdateCheckScheduler.h"
@@ -13,7 +12,6 @@
 
 #include <QAction>
 #include <QLabel>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -21,11 +19,14 @@
 
 using PriceUpdateTestData::priceFile;
 
+// Catalogue (empty: the Fiscal Data service), EE records of 12/2021 the service holds, its failing page, the
+// status after the check, the one the installation starts with (empty: nothing to install), the bar full.
+using InstallCase = std::tuple<QStringList, int, int, QString, QString, bool>;
+
 class UpdaterWindowTest : public QObject
 {
     Q_OBJECT
 
-    LocalHttpServer m_server;
     FiscalDataTestServer m_service;
     QString m_database;
 
@@ -35,14 +36,13 @@ class UpdaterWindowTest : public QObject
 private slots:
     void initTestCase()
     {
-        qputenv("QUILLMERE_UPDATE_URL", m_server.url(QStringLiteral("/updates/")).toString().toUtf8());
+        qputenv("QUILLMERE_UPDATE_URL", m_service.http().url(QStringLiteral("/updates/")).toString().toUtf8());
         qputenv("QUILLMERE_FISCAL_DATA_URL", m_service.root().toString().toUtf8());
         for (int month = 1; month <= 3; ++month)
-            m_server.setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2027, month, 2000, 25));
+            m_service.http().setBody(QStringLiteral("/updates/") + name(month), priceFile('I', 2027, month, 2000, 25));
     }
 
-    // A fresh copy of the build's database that already holds January 2027, under a new name each
-    // time: journal files of the last test's database must not meet this one.
+    // A copy of the database holding 01/2027, newly named so the last test's journal files never meet it.
     void init()
     {
         static int count = 0;
@@ -81,41 +81,31 @@ private slots:
         // Values installed (by the updater, say): the offer is gone.
         RedemptionDateRangeNotifier::instance()->post(nullptr, QDateTime(), QDateTime());
         QTRY_VERIFY(!barShown(before));
-        delete before;
-        delete after;
+        GuiTest::discardWindows();
     }
 
     void checkThenInstall_data()
     {
-        QTest::addColumn<QStringList>("catalogue"); // empty: the Fiscal Data service
-        QTest::addColumn<int>("serviceRecords");    // EE records of 12/2021 the service holds
-        QTest::addColumn<int>("failingPage");
-        QTest::addColumn<QString>("checked");
-        QTest::addColumn<QString>("installed"); // empty: nothing to install; the status starts so
-        QTest::addColumn<bool>("progressFull");
+        QTest::addColumn<InstallCase>("c");
         const QString upToDate = QStringLiteral("Your redemption values are up to date");
-        QTest::newRow("up to date") << QStringList{name(1)} << 0 << 0 << upToDate << QString() << false;
-        QTest::newRow("two files installed") << QStringList{name(1), name(2), name(3)} << 0 << 0 << "2 update(s) available"
-                                             << "All updates installed" << true;
-        QTest::newRow("service: a month installed") << QStringList() << 5 << 0 << "Values for 12/2021 are available"
-                                                   << "Installed values for 12/2021" << true;
-        QTest::newRow("service: a failing page") << QStringList() << 5 << 1 << "Values for 12/2021 are available"
-                                                 << "Some updates could not be performed\nFiscal Data (Series E bonds, Series EE bonds, Savings Notes, 2001-09 "
-                                                    "to 2002-02), page 1: the server answered with status 500" << false;
+        const QString available = QStringLiteral("Values for 12/2021 are available");
+        QTest::newRow("up to date") << InstallCase{{name(1)}, 0, 0, upToDate, {}, false};
+        QTest::newRow("two files installed")
+            << InstallCase{{name(1), name(2), name(3)}, 0, 0, "2 update(s) available", "All updates installed", true};
+        QTest::newRow("service: a month installed")
+            << InstallCase{{}, 5, 0, available, "Installed values for 12/2021", true};
+        QTest::newRow("service: a failing page")
+            << InstallCase{{}, 5, 1, available, "Some updates could not be performed\nFiscal Data (Series E bonds, Series "
+                           "EE bonds, Savings Notes, 2001-09 to 2002-02), page 1: the server answered with status 500", false};
     }
     void checkThenInstall()
     {
-        QFETCH(QStringList, catalogue);
-        QFETCH(int, serviceRecords);
-        QFETCH(int, failingPage);
-        QFETCH(QString, checked);
-        QFETCH(QString, installed);
-        QFETCH(bool, progressFull);
-        m_server.setBody(QStringLiteral("/updates/AvailableBondData.plist"), UpdateCatalogue::encode(catalogue));
+        QFETCH(InstallCase, c);
+        const auto &[catalogue, serviceRecords, failingPage, checked, installed, progressFull] = c;
+        m_service.http().setBody(QStringLiteral("/updates/AvailableBondData.plist"),
+                                 UpdateCatalogue::encode(catalogue));
         UpdateLocation::setSource(catalogue.isEmpty() ? UpdateLocation::Source::FiscalData : UpdateLocation::Source::Catalogue);
-        FiscalDataTestServer::Faults faults;
-        faults.failingPage = failingPage;
-        m_service.setFaults(faults);
+        m_service.setFaults({.failingPage = failingPage, .replacedBody = {}});
         m_service.clear();
         for (int i = 0; i < serviceRecords; ++i)
             m_service.addRecords({PriceUpdateTestData::record('N', 2021, 12, 1992 + i, 4000 + i)});
@@ -147,7 +137,8 @@ private slots:
 
     void oneWindowAtATimeAndItsMenuItemWaits()
     {
-        m_server.setBody(QStringLiteral("/updates/AvailableBondData.plist"), UpdateCatalogue::encode({name(1)}));
+        m_service.http().setBody(QStringLiteral("/updates/AvailableBondData.plist"),
+                                 UpdateCatalogue::encode({name(1)}));
         PortfolioWindow *portfolio = DocumentManager::instance().newDocument();
         QAction *item = portfolio->action(PortfolioWindow::ActionId::UpdatePrices);
         bool disabledWhileOpen = false;

@@ -37,8 +37,7 @@ public:
         m_faults = faults;
         m_replies.clear();
     }
-    // Each value: cents of a $25 bond, -1 not redeemable (written as each of the service's forms
-    // in turn), -2 not issued ("null").
+    // Values: cents per $25, -1 not redeemable (each of the service's forms in turn), -2 not issued ("null").
     void addRecords(const QList<PriceRecord> &records)
     {
         QMutexLocker locker(&m_mutex);

@@ -11,8 +11,7 @@ inline void appendBigEndian(QByteArray &data, quint64 value, int bytes)
         data.append(char((value >> (8 * i)) & 0xFF));
 }
 
-// Objects given as their encoded bytes (object 0 is the top), with references `referenceWidth`
-// bytes wide.
+// Objects as encoded bytes (object 0 is the top), references `referenceWidth` bytes wide.
 inline QByteArray binaryOfObjects(const QList<QByteArray> &objects, int referenceWidth = 1)
 {
     QByteArray data("bplist00");
@@ -46,8 +45,7 @@ inline QByteArray binary(const QList<QList<quint32>> &arrays)
     return binaryOfObjects(objects, 4);
 }
 
-// `length` arrays, each referring `referencesEach` times to the next, then an empty one: expanded,
-// it holds referencesEach^length values.
+// `length` arrays each referring `referencesEach` times to the next, then an empty one.
 inline QList<QList<quint32>> chainOfArrays(int length, int referencesEach)
 {
     QList<QList<quint32>> arrays;

@@ -26,25 +26,19 @@ inline PlistPtr libplistTree(const QByteArray &file)
     return PlistPtr(root);
 }
 
-inline QByteArray libplistBinary(plist_t root)
+// libplist's writing of the tree, in the form `write` makes; `release` frees its buffer.
+template<typename Write, typename Release>
+inline QByteArray libplistWritten(plist_t root, Write write, Release release)
 {
     char *bytes = nullptr;
     uint32_t length = 0;
-    plist_to_bin(root, &bytes, &length);
+    write(root, &bytes, &length);
     const QByteArray result(bytes, qsizetype(length));
-    free(bytes);
+    release(bytes);
     return result;
 }
-
-inline QByteArray libplistXml(plist_t root)
-{
-    char *xml = nullptr;
-    uint32_t length = 0;
-    plist_to_xml(root, &xml, &length);
-    const QByteArray result(xml, qsizetype(length));
-    plist_to_xml_free(xml);
-    return result;
-}
+inline QByteArray libplistBinary(plist_t root) { return libplistWritten(root, plist_to_bin, free); }
+inline QByteArray libplistXml(plist_t root) { return libplistWritten(root, plist_to_xml, plist_to_xml_free); }
 
 #define SKIP_WITHOUT_PYTHON()                                                                  \
     if (QStandardPaths::findExecutable(QStringLiteral("python3")).isEmpty())                  \

@@ -18,8 +18,7 @@ inline PriceRecord record(char series, int ryr, int rmo, int iyr, qint32 fill = 
     return r;
 }
 
-// records records of one series and redemption month, issue years firstIssueYear onwards;
-// value[k] = base + issue year offset * 12 + k, so every row is told apart.
+// Records of one series and month from firstIssueYear on; value[k] = base + year offset * 12 + k, all distinct.
 inline QByteArray priceFile(char series, int ryr, int rmo, int firstIssueYear, int records, qint32 base = 2500)
 {
     QList<PriceRecord> list;
@@ -49,10 +48,7 @@ inline QStringList queryColumn(const QString &database, const QString &sql)
     return rows;
 }
 
-inline QString queryText(const QString &database, const QString &sql)
-{
-    return queryColumn(database, sql).value(0);
-}
+inline QString queryText(const QString &database, const QString &sql) { return queryColumn(database, sql).value(0); }
 // -1 when the query yields no row.
 inline qint64 queryInt(const QString &database, const QString &sql)
 {

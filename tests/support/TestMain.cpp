@@ -9,8 +9,7 @@ int main(int argc, char **argv)
     QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toLocal8Bit());
     qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/data")).toLocal8Bit());
-    // No test reaches beyond this machine: update sources that refuse at once unless a test
-    // names its own server.
+    // No test reaches beyond this machine unless it names its own server.
     qputenv("QUILLMERE_FISCAL_DATA_URL", "http://127.0.0.1:9/");
     qputenv("QUILLMERE_UPDATE_URL", "http://127.0.0.1:9/");
     QCoreApplication app(argc, argv);

@@ -13,8 +13,7 @@ QString temporaryDirectory();
 QString emptyDatabase();
 // Path of a file under the source tree.
 QString sourcePath(const QString &relative);
-// The repository's official value files, oldest first, the Series I CSV last; names
-// (such as "sb202106.asc") may be left out.
+// The official value files, oldest first, the Series I CSV last; named files may be left out.
 QStringList repositorySources(const QStringList &leaveOut = {});
 // A whole file's bytes (empty if it cannot be read); writing returns the path.
 QByteArray readFile(const QString &path);
@@ -23,8 +22,7 @@ QString writeFile(const QString &path, const QByteArray &bytes);
 struct ProcessResult
 {
     int exitCode = -1;
-    QByteArray standardOutput;
-    QByteArray standardError;
+    QByteArray standardOutput, standardError;
 };
 // Runs quillmere-cli with the arguments, optional extra environment ("NAME=value").
 ProcessResult runCli(const QStringList &arguments, const QStringList &environment = {});

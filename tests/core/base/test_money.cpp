@@ -2,10 +2,6 @@
 
 #include <QDate>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <limits>
-
-namespace {
 
 TEST(DollarTransformer, DollarsRoundHalfUpTowardPositiveInfinity)
 {
@@ -34,5 +30,3 @@ TEST(Money, FormatsDollarsWithTwoDecimalsAndGrouping)
     EXPECT_EQ(formatDollars(5), QStringLiteral("$0.05"));
     EXPECT_EQ(formatDollars(-25), QStringLiteral("-$0.25"));
 }
-
-} // namespace

@@ -1,10 +1,7 @@
-// Months as the user writes them: the command line's "YYYY-MM" (and "YYYY/MM" where people
-// write issue months), the window's "MM/YYYY", and nothing else.
+// Months as users write them: "YYYY-MM" (and "YYYY/MM" for issue months), the window's "MM/YYYY", nothing else.
 #include "base/Month.h"
 
 #include <gtest/gtest.h>
-
-namespace {
 
 struct Reading
 {
@@ -70,5 +67,3 @@ TEST(MonthInstant, IsTheFirstOfTheMonthInLocalTime)
     EXPECT_EQ(Month::of(instant), Month(2000, 3));
     EXPECT_FALSE(Month().toDateTime().isValid());
 }
-
-} // namespace

@@ -5,12 +5,6 @@
 #include "HandMadePlist.h"
 #include "IndependentReaders.h"
 
-#include <functional>
-#include <gtest/gtest.h>
-#include <optional>
-
-namespace {
-
 using V = PlistValue;
 
 template<typename Value>
@@ -160,5 +154,3 @@ TEST_P(PropertyListOddFile, ReadAsLibplistReadsIt)
 }
 
 INSTANTIATE_TEST_SUITE_P(HandMade, PropertyListOddFile, ::testing::ValuesIn(oddFiles), caseName);
-
-} // namespace

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(Series, LooksUpOnlyTheExactOneLetterCodes)
 {
     EXPECT_EQ(Series::seriesForCode(QStringLiteral("N")), Series::eeBond());
@@ -48,5 +46,3 @@ TEST(Series, DefaultSeriesFallsBackToEEAndRefusesUnknownCodes)
     EXPECT_EQ(Series::defaultSeries(), nullptr);
     UserDefaults::remove(key);
 }
-
-} // namespace

@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
-namespace {
+namespace { // the fixture shares its name with the code under test
 
 using Rows = QList<InterestSummaryRow>;
 
@@ -65,8 +63,7 @@ TEST_F(InterestSummary, SkipsLeadingZeroYearsButKeepsLaterOnes)
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2000, 25}, {2001, 100}, {2002, -125}, {2003, 325}}));
 }
 
-// An EE bond of 1990 in a database that starts in 1996 and lacks December 1998: the first row is
-// the interest since issue, and the years resting on the missing December say they are incomplete.
+// EE 1990 bond, database from 1996 without 12/1998: first row is since issue, dependent years are incomplete.
 // A bond in its first year, which files need not list yet, makes no year incomplete.
 TEST_F(InterestSummary, MissingDecembersAreNeverSilentlyLowerFigures)
 {
@@ -98,11 +95,8 @@ TEST_F(InterestSummary, LastTaxYearIsTheLastDecemberInTheDatabase)
     }
 }
 
-// A holding whose quantity is below 1 (from a damaged file, or another program) still opens and
-// counts as no bonds: every total is that of the other holdings alone, and none goes negative.
-class QuantityBelowOne : public InterestSummary, public ::testing::WithParamInterface<qint32>
-{
-};
+// A damaged quantity below 1 counts as no bonds: totals are the other holdings', never negative.
+class QuantityBelowOne : public InterestSummary, public ::testing::WithParamInterface<qint32> {};
 
 TEST_P(QuantityBelowOne, CountsAsNoBondsInEveryTotal)
 {

@@ -1,16 +1,9 @@
-// Keyed archives: refusal of graphs that could not be read back, and what Python's
-// independent reader sees in a written file, the layout Foundation expects included.
+// Keyed archives: refusal of graphs that could not be read back, and what Python's reader sees in a written file.
 #include "document/KeyedArchive.h"
 
 #include "IndependentReaders.h"
 
-#include <QJsonArray>
 #include <QTimeZone>
-#include <gtest/gtest.h>
-
-#include <limits>
-
-namespace {
 
 using ObjectPtr = std::shared_ptr<ArchiveObject>;
 using ArrayPtr = std::shared_ptr<ArchiveArray>;
@@ -99,8 +92,7 @@ TEST(KeyedArchiveEncode, RefusesGraphsItCouldNotReadBack)
     }
 }
 
-// Besides the graph: equal strings are stored once, each class has one description, and every
-// other dictionary names one (or Python fails).
+// Equal strings stored once, one description per class, every other dictionary names one (or Python fails).
 TEST(KeyedArchiveIndependentReader, PythonSeesTheSameGraph)
 {
     SKIP_WITHOUT_PYTHON();
@@ -137,5 +129,3 @@ TEST(KeyedArchiveIndependentReader, PythonSeesTheSameGraph)
     EXPECT_EQ(holdings[1]["owner"]["$id"], personId);
     EXPECT_EQ(holdings[1]["series"]["$id"], first["series"]["$id"]);
 }
-
-} // namespace

@@ -7,12 +7,6 @@
 #include "IndependentReaders.h"
 
 #include <QTimeZone>
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-
-namespace {
 
 using ObjectPtr = std::shared_ptr<ArchiveObject>;
 using ArrayPtr = std::shared_ptr<ArchiveArray>;
@@ -59,8 +53,7 @@ plist_t instance(quint64 classUid, std::initializer_list<std::pair<const char *,
     return object;
 }
 
-// An array holding one Holding with a date and a non-ASCII text and key (UTF-16 in libplist's
-// binary form); object 8 is a dictionary a case may make the root.
+// One Holding with a date and non-ASCII text and key (UTF-16 in binary); object 8 may become the root.
 PlistPtr soundArchive()
 {
     plist_t objects = listOf({plist_new_string("$null"), instance(5, {{"NS.objects", uidList({2})}}),
@@ -119,8 +112,7 @@ TEST(KeyedArchiveRefusal, SoundArchiveAndItsXmlFormAreRead)
     EXPECT_TRUE(KeyedArchive::decode(nestedArchive(1000)).ok); // the deepest nesting accepted
 }
 
-// Archives written by Python's plistlib (see fuzz/corpus_keyed_archive), in both forms, and one
-// of the older form whose root is the bare list.
+// Archives by Python's plistlib (fuzz/corpus_keyed_archive), both forms, and an older one rooted in the list.
 TEST(KeyedArchiveRefusal, ArchivesOfAnotherWriterAreRead)
 {
     for (const char *name : {"portfolio.bplist", "portfolio.xml", "old_form.bplist"}) {
@@ -144,8 +136,7 @@ TEST(KeyedArchiveRefusal, ArchivesOfAnotherWriterAreRead)
     }
 }
 
-// The Mac program's dates are calendar dates: an NSDate subclass that carries its time zone (a name
-// and the zone's binary data) and a format. Only the instant is read; the rest is tolerated.
+// Mac calendar dates carry a time zone (name and data) and a format: only the instant is read.
 TEST(KeyedArchiveOfTheMacProgram, CalendarDatesAndUnreadBinaryDataAreRead)
 {
     const QDateTime noon(QDate(2004, 3, 1), QTime(12, 0), QTimeZone::utc());
@@ -227,5 +218,3 @@ TEST(KeyedArchiveRefusal, DamagedOrHostileFilesAreRefused)
         EXPECT_TRUE(result.error.endsWith(QLatin1Char('.'))) << result.error.toStdString();
     }
 }
-
-} // namespace

@@ -1,5 +1,4 @@
-// Portfolio files: what a save writes and an open reads back, people this machine does not know,
-// graphs of the wrong shape, and failures that must change nothing.
+// Portfolio files: save and read back, unknown people, graphs of the wrong shape, failures that change nothing.
 #include "../PeopleFixture.h"
 #include "../QtPrinters.h"
 #include "../ValueTableFixture.h"
@@ -9,12 +8,7 @@
 
 #include "IndependentReaders.h"
 
-#include <QJsonArray>
 #include <QUndoStack>
-#include <functional>
-#include <gtest/gtest.h>
-
-namespace {
 
 using ObjectPtr = std::shared_ptr<ArchiveObject>;
 using ArrayPtr = std::shared_ptr<ArchiveArray>;
@@ -57,8 +51,7 @@ protected:
     }
 
     PeopleFixture people;
-    QString database;
-    QString folder;
+    QString database, folder;
     PersonRef zoe, ann, bob;
 };
 
@@ -160,5 +153,3 @@ TEST_F(PortfolioFileTest, RefusesGraphsOfTheWrongShape)
     }
     EXPECT_EQ(ann->ownerHoldingsCount(), QVariant(1)) << "the originals are untouched";
 }
-
-} // namespace

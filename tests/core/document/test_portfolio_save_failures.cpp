@@ -1,17 +1,9 @@
-// A save that fails says why in a code the window and the command line put in words, and leaves
-// the document's old file exactly as it was; stale temporary copies go on the next good save.
+// A failed save says why and leaves the old file as it was; stale temporary copies go on the next good save.
 #include "../PortfolioFixture.h"
 #include "document/DocumentFileWriter.h"
 
-#include "TestSupport.h"
-
 #include <QDir>
 #include <gtest/gtest.h>
-
-#include <cerrno>
-#include <sys/stat.h>
-
-namespace {
 
 class PortfolioSaveFailure_ : public ::testing::Test
 {
@@ -60,9 +52,7 @@ struct InjectedCase
     FileWriteFailure expected;
 };
 
-class InjectedWriteFailure : public PortfolioSaveFailure_, public ::testing::WithParamInterface<InjectedCase>
-{
-};
+class InjectedWriteFailure : public PortfolioSaveFailure_, public ::testing::WithParamInterface<InjectedCase> {};
 
 TEST_P(InjectedWriteFailure, NamesTheCauseAndKeepsTheOldFile)
 {
@@ -103,5 +93,3 @@ TEST_F(PortfolioSaveFailure_, NextGoodSaveRemovesStaleCopiesOfThatDocumentOnly)
     ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0640u) << "the document keeps its permissions";
 }
-
-} // namespace

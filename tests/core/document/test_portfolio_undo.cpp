@@ -7,8 +7,6 @@
 #include <QUndoStack>
 #include <gtest/gtest.h>
 
-namespace {
-
 class PortfolioUndo : public ::testing::Test
 {
 protected:
@@ -30,8 +28,7 @@ protected:
     HoldingRef bond = Holding::create();
 };
 
-// Each value edit is one "Edit" that undoes to the old value and redoes to the new one; the
-// same edit again changes nothing and records nothing.
+// Each value edit is one "Edit" that undoes and redoes; the same edit again records nothing.
 struct EditCase
 {
     HoldingProperty property;
@@ -132,8 +129,7 @@ TEST_F(PortfolioUndo, PeopleEditsAndRemovalFromAllBonds)
     EXPECT_EQ(bond->coOwner(), bob);
 }
 
-// What the user does to many bonds at once is one step under its own name; a step in which
-// nothing changed leaves nothing to undo.
+// An action on many bonds is one step under its own name; a step that changed nothing leaves no undo.
 TEST_F(PortfolioUndo, ActionsOnManyBondsAreOneStep)
 {
     QList<HoldingRef> twenty;
@@ -175,5 +171,3 @@ TEST_F(PortfolioUndo, EveryRecordedChangeRefreshesTheSummary)
     portfolio.setValueOfDate(BondAssessor::monthDate(2001, 1));
     EXPECT_EQ(refreshed, 3);
 }
-
-} // namespace

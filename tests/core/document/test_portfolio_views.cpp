@@ -1,16 +1,12 @@
-// What views of a portfolio rely on: which holdings show when people are chosen, before-and-after
-// announcements of list changes, and a refresh when the database's range moves.
+// What views rely on: holdings shown for chosen people, list-change announcements, refresh on a new range.
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
 #include "document/BondPortfolio.h"
 #include "model/HoldingFilter.h"
 #include "valuation/RedemptionDateRangeNotifier.h"
 
-#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <gtest/gtest.h>
-
-namespace {
 
 class PortfolioViews : public ::testing::Test
 {
@@ -95,5 +91,3 @@ TEST_F(PortfolioViews, ANewDatabaseRangeRefreshesEveryFigure)
     EXPECT_EQ(figures, 1);
     EXPECT_GE(summaries, 1);
 }
-
-} // namespace

@@ -4,15 +4,12 @@
 
 #include "document/BondPortfolio.h"
 #include "model/PeopleStore.h"
-#include "base/Series.h"
 
 #include <QProcess>
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 
 using namespace PriceUpdateTestData;
-
-namespace {
 
 // I bonds issued 2001 onwards; stored value = base + (issue year − 2001) × 12 + issue month − 1.
 struct OpenPortfolio
@@ -72,5 +69,3 @@ TEST_P(ValuesInstalledWhileOpen, ShowAtTheNextRead)
 
 INSTANTIATE_TEST_SUITE_P(Installers, ValuesInstalledWhileOpen,
                          testing::Values(Installer::ThisProcess, Installer::AnotherProcess));
-
-} // namespace

@@ -6,8 +6,6 @@
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 
-namespace {
-
 class CsvExport : public ::testing::Test, public ExchangeFixture {};
 
 QString field(const QString &line, int index) { return line.split(QLatin1Char(',')).value(index); }
@@ -64,5 +62,3 @@ TEST_F(CsvExport, WritesAtomicallyWithoutTouchingTheDocument)
     EXPECT_FALSE(failed.succeeded);
     EXPECT_TRUE(failed.detail.contains(unwritable));
 }
-
-} // namespace

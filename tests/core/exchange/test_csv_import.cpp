@@ -8,8 +8,6 @@
 #include <QUndoStack>
 #include <gtest/gtest.h>
 
-namespace {
-
 const QByteArray WizardHeader = "Series,Denomination,Serial Number,Issue Date\r\n";
 
 class CsvImport : public ::testing::Test, public ExchangeFixture
@@ -31,8 +29,7 @@ protected:
     }
 };
 
-// One field of one data line, read through a whole import. The line is a valid bond of the
-// format with the field under the named column replaced by the text.
+// One field of a valid bond line, replaced by the text under the named column, read through a whole import.
 struct FieldReading
 {
     const char *rule; // the rule of the format the row pins, then the case
@@ -190,5 +187,3 @@ TEST_F(CsvImport, HeaderWithoutUsableLinesStillCompletes)
     EXPECT_TRUE(portfolio->holdings().isEmpty());
     EXPECT_TRUE(portfolio->isEdited());
 }
-
-} // namespace

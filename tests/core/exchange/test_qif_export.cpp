@@ -6,8 +6,6 @@
 #include <QDir>
 #include <gtest/gtest.h>
 
-namespace {
-
 class QifExport : public ::testing::Test, public ExchangeFixture
 {
 protected:
@@ -70,5 +68,3 @@ TEST_F(QifExport, FileSetPricesEverythingAndPositionsTheChoice)
     EXPECT_EQ(ExchangeAlerts::of(failed).title, QStringLiteral("Alert"));
     EXPECT_EQ(ExchangeAlerts::of(failed).message, QStringLiteral("Unable to export data"));
 }
-
-} // namespace

@@ -5,10 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-// The role set last wins, and the owner never holds a second role. A step sets a role (Owner,
-// Co-owner, Beneficiary) or Deletes a title holder, for a(nn), b(ob) or - (nobody).
+// The last role wins, the owner holds no second role. Steps: Owner, Co-owner, Beneficiary, Delete; a, b, - (none).
 TEST(Holding, RolesStayConsistentAndMakeTheRegistration)
 {
     const struct { const char *steps, *owner, *coOwner, *beneficiary, *registration; } cases[] = {
@@ -48,8 +45,7 @@ TEST(Holding, RolesStayConsistentAndMakeTheRegistration)
     }
 }
 
-// Undo records what valueChanged announces, one step per changesCompleted; a setter that
-// changes nothing must announce nothing.
+// Undo records what valueChanged announces, one step per changesCompleted; a non-change announces nothing.
 TEST(Holding, AnnouncesKeyOldValueAndDerivedFigures)
 {
     Holding h;
@@ -111,5 +107,3 @@ TEST(Holding, IssueDateValidationAsksTheDatabaseForTheSeries)
     EXPECT_EQ(error.code, 1);
     EXPECT_EQ(error.message, QStringLiteral("No pricing data available for bonds with that issue date. Do you need to update your bond values?"));
 }
-
-} // namespace

@@ -5,8 +5,6 @@
 #include <QMap>
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(PeopleStore, FamilyIsEveryLastNameStartingWithMineIgnoringCase)
 {
     PeopleFixture people;
@@ -100,5 +98,3 @@ TEST(Person, NameNeedsBothNamesAndIdentityIsTheRecordIdentifierAlone)
     EXPECT_TRUE(samePerson(ann.get(), Person::create(ann->record()).get()));
     EXPECT_FALSE(samePerson(ann.get(), people.person("Ann", "Smith").get()));
 }
-
-} // namespace

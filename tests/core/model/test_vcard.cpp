@@ -15,8 +15,6 @@ void PrintTo(const PersonRecord &r, std::ostream *out)
          << r.otherLines.join(u'|').toStdString() << '}';
 }
 
-namespace {
-
 // Exports of several address books: names, identifier and labelled emails.
 TEST(VCard, ReadsNamesIdentifierAndEmails)
 {
@@ -90,5 +88,3 @@ TEST(VCard, WrittenCardsReadBackUnchangedAndFoldAtSeventyFiveOctets)
     EXPECT_TRUE(back.warnings.isEmpty());
     EXPECT_EQ(back.records, (QList<PersonRecord>{a, b})); // the generated FN is not kept
 }
-
-} // namespace

@@ -1,5 +1,4 @@
-// When the program looks for new values by itself: at most daily, never when turned off, and
-// only while some series lacks official values for the current month.
+// Automatic checks: at most daily, never when off, only while a series lacks this month's official values.
 #include "../QtPrinters.h"
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
@@ -7,8 +6,6 @@
 #include "update/AutomaticUpdateCheck.h"
 
 #include <gtest/gtest.h>
-
-namespace {
 
 const QDateTime Now(QDate(2026, 11, 23), QTime(12, 0), Qt::UTC);
 
@@ -20,9 +17,7 @@ struct TimingCase
     bool due;
 };
 
-class CheckTiming : public ::testing::TestWithParam<TimingCase>
-{
-};
+class CheckTiming : public ::testing::TestWithParam<TimingCase> {};
 
 TEST_P(CheckTiming, IsDueOnlyWhenEnabledAndADayHasPassed)
 {
@@ -63,5 +58,3 @@ TEST(CurrentValues, ADatabaseCurrentInEverySeriesHasThem)
     EXPECT_TRUE(AutomaticUpdateCheck::lacksCurrentValues(database, Now.addMonths(1)));
     EXPECT_FALSE(AutomaticUpdateCheck::lacksCurrentValues(TestSupport::temporaryDirectory() + "/none.bvdb", Now));
 }
-
-} // namespace

@@ -13,8 +13,6 @@
 
 using namespace PriceUpdateTestData;
 
-namespace {
-
 // December 2026 for I bonds of 2010: a month past the shipped database's latest.
 const PriceRecord NewLatestMonth = record('I', 2026, 12, 2010, 4080);
 
@@ -31,14 +29,10 @@ protected:
     }
     bool derived(char series, int iyr, int imo, int ryr, int rmo) const
     {
-        BondTerms bond;
-        bond.series = Series::seriesForCode(QString(QLatin1Char(series)));
-        bond.issueMonth = Month(iyr, imo);
+        const BondTerms bond{Series::seriesForCode(QString(QLatin1Char(series))), Month(iyr, imo), 0, 1, {}};
         return BondAssessor(m_path).isDerivedValue(bond, Month(ryr, rmo));
     }
-    // December 2021 as an official file would give it: the carried E values of 1980 and the
-    // computed EE values of 2005 as they stand, but one EE value a cent higher, and the EE bonds
-    // of January to April 2005, which nothing derives, with a value.
+    // 12/2021 as official: carried E 1980 and EE 2005 values as they stand but one a cent higher, EE 01-04/2005 added.
     QList<PriceRecord> december() const
     {
         PriceRecord ee{'N', 12, 2021, 2005, {}};
@@ -127,5 +121,3 @@ TEST_F(DerivedValuesTest, DerivedValuesStopAtTheLatestOfficialMonthButSeriesIGoe
     EXPECT_FALSE(derived('I', 2020, 12, 2027, 1)); // its period from 12/2026 needs the November 2026 rate
     EXPECT_EQ(stored('E', 1980, 6, 2026, 11), 11175);
 }
-
-} // namespace

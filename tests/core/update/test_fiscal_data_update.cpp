@@ -2,7 +2,6 @@
 #include "../QtPrinters.h"
 #include "FiscalDataTestServer.h"
 #include "PriceUpdateTestData.h"
-#include "TestSupport.h"
 #include "update/PriceUpdater.h"
 #include "valuation/BondAssessor.h"
 
@@ -10,8 +9,6 @@
 #include <gtest/gtest.h>
 
 using namespace PriceUpdateTestData;
-
-namespace {
 
 const QString UpToDate = QStringLiteral("Your redemption values are up to date");
 const QString SomeFailed = QStringLiteral("Some updates could not be performed");
@@ -49,9 +46,7 @@ protected:
         auto updater = std::make_unique<PriceUpdater>(database);
         updater->setSource(UpdateLocation::Source::FiscalData);
         updater->setServiceRoot(service.root());
-        PriceDataDownloader::Limits limits;
-        limits.idleTimeoutMs = 5000;
-        updater->setDownloadLimits(limits);
+        updater->setDownloadLimits({.idleTimeoutMs = 5000});
         QObject::connect(updater.get(), &PriceUpdater::statusTextChanged, &context, [this](const QString &s) { statuses << s; });
         QObject::connect(updater.get(), &PriceUpdater::progressChanged, &context,
                          [this](double value, double maximum) { progress << qMakePair(value, maximum); });
@@ -62,8 +57,7 @@ protected:
     {
         statuses.clear();
         progress.clear();
-        bool succeeded = false;
-        bool done = false;
+        bool succeeded = false, done = false;
         QObject::connect(&updater, &PriceUpdater::finished, &context, [&](bool ok) { succeeded = ok; done = true; });
         EXPECT_TRUE((updater.*action)());
         EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 60000));
@@ -103,8 +97,7 @@ TEST_F(FiscalDataUpdateTest, CheckThenInstallFollowsEveryPage)
     ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData));
     EXPECT_EQ(statuses.last(), QStringLiteral("Installed values for 02/2024 to 06/2024"));
     EXPECT_EQ(queryText(database, "pragma journal_mode"), QStringLiteral("wal"));
-    // Three requests: E and S (nothing), EE 02/2024 (2 records, 1 page), EE and I from 04/2024
-    // (12 records, 4 pages, known once the first has come).
+    // Requests: E and S (none), EE 02/2024 (2 records, 1 page), EE and I from 04/2024 (12 records, 4 pages).
     EXPECT_TRUE(statuses.contains(QStringLiteral("Downloading page 2 of 3")));
     EXPECT_TRUE(statuses.contains(QStringLiteral("Downloading page 6 of 6")));
     EXPECT_EQ(progress.first(), qMakePair(1.0, 3.0));
@@ -140,7 +133,6 @@ TEST_F(FiscalDataUpdateTest, MarkersKeepTheirMeaning)
     EXPECT_EQ(value('I', 2024, 7, 2000, 5), july[0].value[4]);
 }
 
-
 // Whatever goes wrong on whichever page, nothing is installed and the status says why.
 struct FailureCase
 {
@@ -150,9 +142,7 @@ struct FailureCase
     const char *why;
 };
 
-class FailureTest : public FiscalDataUpdateTest, public ::testing::WithParamInterface<FailureCase>
-{
-};
+class FailureTest : public FiscalDataUpdateTest, public ::testing::WithParamInterface<FailureCase> {};
 
 // An I record of 08/2024 with fields changed; an undefined value removes the field.
 QJsonObject rowWith(std::initializer_list<std::pair<const char *, QJsonValue>> changes)
@@ -208,16 +198,13 @@ INSTANTIATE_TEST_SUITE_P(
                     "twice with different values"}),
     [](const auto &info) { return std::string(info.param.name); });
 
-// A service that ignored the filters sends months the database has, one of them differing: only
-// the months asked for are installed.
+// A service ignoring the filters sends known months, one differing: only the months asked for are installed.
 TEST_F(FiscalDataUpdateTest, OnlyTheMonthsAskedForAreInstalled)
 {
     QList<PriceRecord> changed = month('N', 2024, 1);
     changed[0].value[0] += 1;
     service.addRecords(changed);
-    FiscalDataTestServer::Faults faults;
-    faults.ignoreFilter = true;
-    service.setFaults(faults);
+    service.setFaults({.replacedBody = {}, .ignoreFilter = true});
     auto updater = makeUpdater();
     ASSERT_TRUE(run(*updater, &PriceUpdater::updatePriceData)) << statuses.join('\n').toStdString();
     EXPECT_EQ(statuses.last(), QStringLiteral("Installed values for 02/2024 to 06/2024"));
@@ -235,5 +222,3 @@ TEST_F(FiscalDataUpdateTest, LaterValuesOfTheSameMonthsAreRecordedApart)
               QStringList({"fiscaldata:2024-02..2024-06", "fiscaldata:2024-02..2024-06#2", "sb202401.asc"}));
     EXPECT_EQ(value('E', 2024, 6, 2001, 3), month('E', 2024, 6).last().value[2]);
 }
-
-} // namespace

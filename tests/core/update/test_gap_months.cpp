@@ -1,6 +1,5 @@
 #include "TestSupport.h"
 
-#include "update/DerivedValues.h"
 #include "update/GapMonthFill.h"
 #include "update/MaturedValueCompletion.h"
 #include "update/PriceDataInstaller.h"
@@ -10,19 +9,13 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-namespace {
-
 constexpr int NoData = -2;
 
 int monthIndex(int year, int month) { return year * 12 + month - 1; }
 
-std::string monthText(int index)
-{
-    return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1).toStdString();
-}
+std::string monthText(int index) { return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1).toStdString(); }
 
-// Every official value of Series E, EE and Savings Notes, one record per series, redemption
-// month and issue year.
+// Every official E, EE and Savings Note value: one record per series, redemption month and issue year.
 const QHash<quint64, PriceRecord> &officialRecords()
 {
     static const QHash<quint64, PriceRecord> records = [] {
@@ -44,19 +37,13 @@ const QHash<quint64, PriceRecord> &officialRecords()
 
 struct Window
 {
-    int firstMonth; // the first redemption month taken out
-    int months;
-    int sixMonthly; // values filled, by kind
-    int marketRateEe;
-    int notRedeemable;
+    int firstMonth, months; // the redemption months taken out
+    int sixMonthly, marketRateEe, notRedeemable; // values filled, by kind
 };
 
-class GapMonthReproduction : public testing::TestWithParam<Window>
-{
-};
+class GapMonthReproduction : public testing::TestWithParam<Window> {};
 
-// The proof that filling is as good as publishing: six months the Treasury files do hold are
-// taken out, filled from the months around them, and every filled value is the official one.
+// Filling is as good as publishing: six official months taken out and filled give back the official values.
 TEST_P(GapMonthReproduction, FilledValuesAreTheOfficialOnes)
 {
     const Window window = GetParam();
@@ -116,13 +103,11 @@ INSTANTIATE_TEST_SUITE_P(AroundTheMissingMonths, GapMonthReproduction,
                                          Window{monthIndex(2003, 3), 6, 1592, 378, 37}, Window{monthIndex(2003, 9), 6, 1540, 383, 62},
                                          Window{monthIndex(2000, 6), 1, 388, 32, 6}, Window{monthIndex(2003, 5), 3, 956, 204, 18}));
 
-// Cells of the months the official files skip, with what they hold: the official value of
-// another month of the same step period, or a value of their own.
+// Cells of months the official files skip: another month's value of the same step period, or their own.
 struct GapCell
 {
     char series;
-    int issue;
-    int redemption;
+    int issue, redemption;
     int sameAs; // a redemption month, or 0 when value applies
     int value;
 };
@@ -209,6 +194,4 @@ TEST(GapMonths, ExtendingADatabaseFillsThem)
     EXPECT_GT(added.filled, 0);
     expectGapCells(db);
     sqlite3_close(db);
-}
-
 }

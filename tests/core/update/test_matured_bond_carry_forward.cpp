@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 // A record without data but for the given issue months.
 PriceRecord record(char series, int ryr, int rmo, int iyr, std::initializer_list<std::pair<int, qint32>> values)
 {
@@ -33,8 +31,7 @@ INSTANTIATE_TEST_SUITE_P(Rules, FinalMaturity,
                          testing::Values(Maturity{'E', 1941, 5, 480}, Maturity{'E', 1965, 11, 480}, Maturity{'E', 1965, 12, 360},
                                          Maturity{'E', 1980, 6, 360}, Maturity{'N', 1990, 1, 360}, Maturity{'S', 1967, 5, 360}));
 
-// An E bond of May 1941 (matured May 1981) listed in two months with a gap between them; another
-// source reaches two months further.
+// An E bond of 05/1941 (matured 05/1981) in two months with a gap; another source reaches two months further.
 QList<NamedPriceRecords> eBondSources(qint32 laterValue = 9059)
 {
     return {{QStringLiteral("early.asc"), {record('E', 1992, 5, 1941, {{5, 9059}, {6, 9000}})}},
@@ -61,8 +58,7 @@ TEST(MaturedBondCarryForward, FillsGapsAndMonthsAfterTheLastOfficialOne)
 
 TEST(MaturedBondCarryForward, CarriesOnlyBondsThatMatureWithinTheData)
 {
-    // EE bonds of November and December 1991 mature in November and December 2021; the EE data
-    // ends with November 2021 while I data goes on to January 2022.
+    // EE of 11 and 12/1991 mature in 11 and 12/2021; EE data ends 11/2021, I data goes on to 01/2022.
     const QList<NamedPriceRecords> sources = {
         {QStringLiteral("sb202111.asc"), {record('N', 2021, 11, 1991, {{11, 6000}, {12, 5900}})}},
         {QStringLiteral("i.csv"), {record('I', 2022, 1, 2021, {{1, 2600}})}}};
@@ -77,5 +73,3 @@ TEST(MaturedBondCarryForward, CarriesOnlyBondsThatMatureWithinTheData)
         EXPECT_EQ(r.value[11], -2);
     }
 }
-
-} // namespace

@@ -5,11 +5,8 @@
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 using namespace PriceUpdateTestData;
-
-namespace {
 
 class PriceDataInstallerTest : public testing::Test
 {
@@ -85,5 +82,3 @@ TEST_F(PriceDataInstallerTest, SummaryTablesFollowTheDataAndAreAnnounced)
     EXPECT_EQ(announced.value(QString::fromLatin1(QBMinimumRedemptionDateKey)).toDateTime(), minimum);
     EXPECT_EQ(m_statuses.last(), QStringLiteral("Optimizing pricing data..."));
 }
-
-} // namespace

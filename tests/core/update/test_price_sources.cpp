@@ -8,12 +8,9 @@
 #include <QDate>
 #include <gtest/gtest.h>
 
-namespace {
-
 using Values = std::array<qint32, 12>;
 
-// Values, "NO PAY" markers (-1) and blank fields (-2); a line of blank fields gives no record, a
-// short line leaves the months after it blank, and line endings do not matter.
+// Values, NO PAY (-1), blanks (-2); a blank line gives no record, a short one blank months, any line ending.
 TEST(TreasuryValueFile, ReadsValuesMarkersAndBlanks)
 {
     const QByteArray crlf = "E2021061980011062011062011062011062011175010997      NO PAY\r\n"
@@ -106,5 +103,3 @@ TEST(PriceSource, ChoosesTheReaderByNameOrContent)
     const PriceSourceContents missing = PriceSource::readFile(QStringLiteral("/nonexistent/sb202106.asc"));
     EXPECT_TRUE(missing.error.startsWith(QStringLiteral("/nonexistent/sb202106.asc: cannot be read"))) << missing.error.toStdString();
 }
-
-} // namespace

@@ -1,9 +1,7 @@
-// The updater against a real HTTP server on 127.0.0.1: checks, installations, every failure the
-// network or the data can produce, and what the database holds afterwards.
+// The updater against an HTTP server on 127.0.0.1: checks, installations, failures, and the database afterwards.
 #include "../QtPrinters.h"
 #include "LocalHttpServer.h"
 #include "PriceUpdateTestData.h"
-#include "TestSupport.h"
 #include "update/PriceUpdater.h"
 #include "valuation/RedemptionDateRangeNotifier.h"
 #include "update/UpdateCatalogue.h"
@@ -16,8 +14,6 @@
 using namespace PriceUpdateTestData;
 using Behaviour = LocalHttpServer::Behaviour;
 using Response = LocalHttpServer::Response;
-
-namespace {
 
 const QString Checking = QStringLiteral("Checking for updates...");
 const QString Installing = QStringLiteral("Installing updated prices...");
@@ -69,10 +65,8 @@ protected:
         auto updater = std::make_unique<PriceUpdater>(database);
         updater->setSource(UpdateLocation::Source::Catalogue);
         updater->setBaseUrl(server.url(QStringLiteral("/updates/")));
-        PriceDataDownloader::Limits limits;
-        limits.idleTimeoutMs = 2000; // generous for a loaded machine; only the silent server waits it out
-        limits.maximumBytes = 4096;
-        updater->setDownloadLimits(limits);
+        // A time-out generous for a loaded machine: only the silent server waits it out.
+        updater->setDownloadLimits({.idleTimeoutMs = 2000, .maximumBytes = 4096});
         PriceUpdater *u = updater.get();
         QObject::connect(u, &PriceUpdater::statusTextChanged, &context, [this](const QString &s) { recorder.statuses << s; });
         QObject::connect(u, &PriceUpdater::progressChanged, &context,
@@ -151,14 +145,11 @@ struct ReplyCase
     QString status;
 };
 
-class ReplyTest : public PriceUpdaterTest, public ::testing::WithParamInterface<ReplyCase>
-{
-};
+class ReplyTest : public PriceUpdaterTest, public ::testing::WithParamInterface<ReplyCase> {};
 
 const auto replyCaseName = [](const auto &info) { return std::string(info.param.name); };
 
-// A second check after one that found February: a failing catalogue says why in the status and
-// keeps the list; a slow or redirected one is read as usual.
+// After a check that found February, a failing catalogue says why and keeps the list; slow or redirected reads.
 using CatalogueReplyTest = ReplyTest;
 
 TEST_P(CatalogueReplyTest, EndsInItsStatusAndKeepsTheList)
@@ -194,8 +185,7 @@ INSTANTIATE_TEST_SUITE_P(
                   QStringLiteral("Download corrupt; unable to update\nnot a property list")}),
     replyCaseName);
 
-// A file that fails in the middle of a run: the files before it stay installed, the run stops,
-// and the next check offers exactly the rest. The status is the last before "Optimizing".
+// A file failing mid-run: earlier files stay, the run stops, the next check offers the rest.
 using FileFailureTest = ReplyTest;
 
 TEST_P(FileFailureTest, KeepsEarlierFilesAndOffersTheRest)
@@ -256,11 +246,8 @@ INSTANTIATE_TEST_SUITE_P(
         ReplyCase{"UnknownSeries", file({withField(Good, 4, 'X')}), "broken.bin: record 1: series code 88 is not E, N, I or S"}),
     replyCaseName);
 
-// An entry that would leave the update directory refuses the catalogue, naming the entry; nothing
-// but the catalogue is fetched.
-class CatalogueEntryTest : public PriceUpdaterTest, public ::testing::WithParamInterface<const char *>
-{
-};
+// An entry leaving the update directory refuses the catalogue, naming it; nothing else is fetched.
+class CatalogueEntryTest : public PriceUpdaterTest, public ::testing::WithParamInterface<const char *> {};
 
 TEST_P(CatalogueEntryTest, OutsideTheDirectoryIsRefused)
 {
@@ -279,5 +266,3 @@ TEST_P(CatalogueEntryTest, OutsideTheDirectoryIsRefused)
 INSTANTIATE_TEST_SUITE_P(Entries, CatalogueEntryTest,
                          ::testing::Values("../../outside/x", "../outside/x", "/outside/x", "http://other-host/outside/x",
                                            "x?y=1", "%2e%2e"));
-
-} // namespace

@@ -2,19 +2,14 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 #include "base/Series.h"
-#include "update/PriceDataInstaller.h"
 #include "update/UpdateConnection.h"
 #include "valuation/BondAssessor.h"
 
 #include <QCoreApplication>
 #include <QProcess>
-#include <cstdio>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 using namespace PriceUpdateTestData;
-
-namespace {
 
 const char *ChildDatabaseVariable = "QUILLMERE_TEST_CHILD_DATABASE";
 const char *ChildFileVariable = "QUILLMERE_TEST_CHILD_FILE";
@@ -42,10 +37,7 @@ TEST(InstallationWhileReading, PortfoliosReadTheCommittedStateThroughout)
 {
     const QString database = databaseWithOneMonth();
     BondAssessor portfolio(database);
-    BondTerms bond;
-    bond.series = Series::seriesForCode(QStringLiteral("I"));
-    bond.issueMonth = Month(2001, 3);
-    bond.faceValue = 2500;
+    const BondTerms bond{Series::seriesForCode(QStringLiteral("I")), Month(2001, 3), 2500, 1, {}};
     const qint64 before = portfolio.valueOf(bond, Month(2030, 1));
     ASSERT_EQ(before, 2500 + 12 + 2);
 
@@ -122,5 +114,3 @@ TEST(KilledInstallation, LeavesNoneOfTheFile)
               rowsBefore + LargeFileRecords * 12);
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'large.bin'")), 1);
 }
-
-} // namespace

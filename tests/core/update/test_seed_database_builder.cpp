@@ -10,8 +10,6 @@
 
 using PriceUpdateTestData::queryText;
 
-namespace {
-
 QString writeFile(const QString &dir, const QString &name, const QByteArray &content)
 {
     return TestSupport::writeFile(dir + QLatin1Char('/') + name, content);
@@ -43,12 +41,7 @@ TEST(SeedDatabaseBuilder, InstallsEachSourceThenTheCarryForward)
     const BondAssessor assessor(out);
     EXPECT_EQ(assessor.installedFiles(), QStringList({QStringLiteral("sb199502.asc"), QStringLiteral("sb199504.asc"),
                                                       QStringLiteral("values.csv"), QStringLiteral("matured-carry-forward")}));
-    BondTerms bond;
-    bond.series = Series::seriesForCode(QStringLiteral("E"));
-    bond.issueMonth = Month(1941, 2);
-    bond.faceValue = 2500;
+    const BondTerms bond{Series::seriesForCode(QStringLiteral("E")), Month(1941, 2), 2500, 1, {}};
     for (int month = 2; month <= 6; ++month)
         EXPECT_EQ(assessor.valueOf(bond, Month(1995, month)), 9059) << month;
 }
-
-} // namespace

@@ -1,15 +1,10 @@
-// Reading the update catalogue in every form it may come in, and where the updater looks for its
-// files. (The delta against the installed files is tested through the updater.)
+// The update catalogue in every form it may come in, and where the updater looks for its files.
 #include "../QtPrinters.h"
 #include "HandMadePlist.h"
 #include "IndependentReaders.h"
 #include "base/UserDefaults.h"
 #include "update/UpdateCatalogue.h"
 #include "update/UpdateLocation.h"
-
-#include <gtest/gtest.h>
-
-namespace {
 
 // The catalogue as libplist, which the program does not use, writes it in either form.
 QByteArray libplistCatalogue(const QStringList &entries, bool binary)
@@ -48,9 +43,7 @@ struct CatalogueCase
     const char *errorMentions = "";
 };
 
-class CatalogueParsing : public ::testing::TestWithParam<CatalogueCase>
-{
-};
+class CatalogueParsing : public ::testing::TestWithParam<CatalogueCase> {};
 
 TEST_P(CatalogueParsing, ReadsOrRefuses)
 {
@@ -65,8 +58,7 @@ using Status = UpdateCatalogue::Status;
 const QStringList names = {QStringLiteral("sb202112.bin"), QStringLiteral("more/it's.bin"),
                            QStringLiteral("https://example.org/x.bin"), QString::fromUtf8("caf\u00e9.bin")};
 
-// A reply from the network is refused before parsing when it would take the parser's stack or
-// memory ("deep", "wide"); the same shapes are read when small ("shallow", "narrow").
+// Replies too deep or wide for the parser are refused before parsing; the same shapes read when small.
 INSTANTIATE_TEST_SUITE_P(
     Forms, CatalogueParsing,
     ::testing::Values(
@@ -101,5 +93,3 @@ TEST(UpdateLocation, FiscalDataRootTakesOnlyWebAddresses)
     EXPECT_EQ(UpdateLocation::fiscalDataRoot(), QUrl(QString::fromLatin1(UpdateLocation::DefaultFiscalDataRoot)));
     qputenv(UpdateLocation::FiscalDataRootEnvironmentVariable, kept);
 }
-
-} // namespace

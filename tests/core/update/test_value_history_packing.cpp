@@ -2,17 +2,12 @@
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"
 
-#include "update/DerivedValues.h"
 #include "update/ValueHistoryPacking.h"
 #include "valuation/PackedValueHistories.h"
-#include "valuation/RedemptionDatabase.h"
 #include "valuation/ValueHistoryCache.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
-
-namespace {
 
 struct Connection
 {
@@ -42,8 +37,7 @@ QString unpackedCopy(const QString &path)
     return copy;
 }
 
-// Every bond read three ways: one at a time from its packed row, all at once from the packed rows,
-// and row by row from bond_value.
+// Every bond read three ways: singly and all at once from the packed rows, and row by row from bond_value.
 void expectSameAsRows(const QString &path)
 {
     const QString plainPath = unpackedCopy(path);
@@ -124,5 +118,3 @@ TEST(ValueHistoryPacking, OlderDatabaseGainsThePackedRows)
                                                                  "from bond_value where value >= -1)")));
     expectSameAsRows(path);
 }
-
-} // namespace

@@ -1,25 +1,17 @@
 #include "../QtPrinters.h"
 #include "../ValueTableFixture.h"
 #include "PriceUpdateTestData.h"
-#include "TestSupport.h"
 
 #include "base/Series.h"
 #include "valuation/BondAssessor.h"
-#include "valuation/RedemptionDatabase.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <gtest/gtest.h>
-#include <memory>
 
-namespace {
-
-const Series *series(const char *code)
-{
-    return Series::seriesForCode(QString::fromLatin1(code));
-}
+const Series *series(const char *code) { return Series::seriesForCode(QString::fromLatin1(code)); }
 
 BondTerms bond(const char *code, int issueYear, int issueMonth, Pennies face = 2500, int factor = 1)
 {
@@ -33,8 +25,7 @@ const BondAssessor &shipped()
     return *assessor;
 }
 
-// Per $25 face, or a marker: official values, then values the build carries forward from final
-// maturity, after the official files stop and in the months no official file covers.
+// Per $25 face, or a marker: official values, then those carried forward from final maturity by the build.
 TEST(ShippedDatabase, OfficialAndCarriedForwardValuesComeBackExactly)
 {
     const struct { const char *code; int issueYear, issueMonth, year, month; qint64 stored; } values[] = {
@@ -155,5 +146,3 @@ TEST(RedemptionDatabase, CopiesTheSeedIntoTheUserFolderOnFirstUseOnly)
     EXPECT_EQ(RedemptionDatabase::path(), QStringLiteral("/elsewhere/values.bvdb"));
     qunsetenv(RedemptionDatabase::PathEnvironmentVariable);
 }
-
-} // namespace

@@ -1,13 +1,9 @@
 // A computed value says which rule made it: the shipped database holds all three kinds.
 #include "TestSupport.h"
-#include "base/Series.h"
 #include "document/HoldingPresentation.h"
 #include "valuation/BondAssessor.h"
 
 #include <gtest/gtest.h>
-#include <memory>
-
-namespace {
 
 struct Case
 {
@@ -18,9 +14,7 @@ struct Case
 
 void PrintTo(const Case &c, std::ostream *out) { *out << c.series << ' ' << c.valuedAsOf.toString(Month::Style::Iso).toStdString(); }
 
-class DerivedRules : public ::testing::TestWithParam<Case>
-{
-};
+class DerivedRules : public ::testing::TestWithParam<Case> {};
 
 TEST_P(DerivedRules, TheNoteNamesTheRule)
 {
@@ -40,5 +34,3 @@ INSTANTIATE_TEST_SUITE_P(Shipped, DerivedRules, ::testing::Values(
     Case{"N", Month(1990, 1), Month(2022, 6), "the bond stopped earning at final maturity in 01/2020 and keeps that value"},
     Case{"N", Month(2005, 5), Month(2026, 11), "from the fixed rate this Series EE bond earns for life"},
     Case{"N", Month(1990, 1), Month(2010, 6), ""}));
-
-} // namespace

@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 using S = HoldingStatus;
 using HoldingPresentation::Remark;
 
@@ -42,8 +40,7 @@ TEST_F(HoldingValuation, WorkedExamplePaperAndElectronic)
     EXPECT_EQ(figures(electronic), std::tuple(2, 5000, 24000, 14000));
 }
 
-// A bond without a value counts as zero in every figure; its status tells a month never sold
-// from one not priced yet.
+// A bond without a value counts as zero; its status tells a month never sold from one not priced yet.
 TEST_F(HoldingValuation, StatusOfEveryBondWithoutAValue)
 {
     const struct { const char *code; int year, month; S status; Remark remark; bool paper = true; } cases[] = {
@@ -118,8 +115,7 @@ TEST_F(HoldingValuation, GrowthRateAndCurrentYield)
 {
     const HoldingRef ee = make("N", 2000, 3, 5000, 2);
     const HoldingRef below = make("I", 2000, 3, 2500, 1);
-    // 6000 per bond bought for 2500, 22 months: 2.4^(12/22) - 1, with the ratio and the exponent in
-    // single precision and the power in double; all in double it would be 61.2085037.
+    // 2.4^(12/22) - 1: ratio and exponent in float, power in double (all in double it would be 61.2085037).
     EXPECT_EQ(figuresOf(ee).compoundAnnualGrowthRate(), 61.2085114f);
     // (3041 - 2950) / 2950 * 100 * 2 in single precision; in double it would be 6.16949129.
     EXPECT_EQ(figuresOf(ee).currentYield(), 6.16949177f);
@@ -130,8 +126,7 @@ TEST_F(HoldingValuation, GrowthRateAndCurrentYield)
     EXPECT_EQ(figuresOf(ee).compoundAnnualGrowthRate(), 0.0f) << "quantity 0 must not divide by zero";
 }
 
-// The current yield grows over the interest period holding the valuation month: November to
-// May for November to April, May to November for May to October.
+// Current yield over the interest period of the valuation month: Nov-May for Nov-Apr, May-Nov for May-Oct.
 TEST_F(HoldingValuation, CurrentYieldIsOfTheInterestPeriodOfTheValuationMonth)
 {
     const float winter04 = 20.0f / 2000 * 200, summer05 = 50.0f / 2020 * 200, winter05 = 30.0f / 2070 * 200;
@@ -145,5 +140,3 @@ TEST_F(HoldingValuation, CurrentYieldIsOfTheInterestPeriodOfTheValuationMonth)
         EXPECT_NEAR(figuresOf(bond).currentYield(), c.yield, 1e-4);
     }
 }
-
-} // namespace
