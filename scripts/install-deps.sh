@@ -11,6 +11,7 @@ packages=(
   libsqlite3-dev sqlite3 libplist-dev poppler-utils
   libgtest-dev libgmock-dev libbenchmark-dev
   python3 clang libclang-rt-14-dev
+  dpkg-dev appstream desktop-file-utils groff-base
 )
 # Extra packages named on the command line (e.g. by the test script).
 packages+=("$@")

@@ -725,11 +725,6 @@ Commands:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>
-Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>quillmere-cli: unknown command &apos;%1&apos;
 </source>
         <translation type="unfinished"></translation>
@@ -772,6 +767,40 @@ Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command.</so
     </message>
     <message>
         <source>tax-report FILE [--year YYYY] [--json] [--people FILE]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>
+Run &apos;quillmere-cli COMMAND --help&apos; for the options of one command; &apos;quillmere-cli --version&apos; prints
+the version, &apos;quillmere-cli --man&apos; the manual page.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>savings bond values, portfolios, exports and updates from the command line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> COMMAND [OPTIONS] [ARGUMENTS]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Values United States savings bonds (Series E, EE, I and Savings Notes) from the Treasury&apos;s redemption values, shows, exports and imports the portfolios the window keeps, and updates the redemption value database. Every sub-command takes --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>COMMANDS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The command did what was asked (a check found nothing new counts too).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The command failed, or its options or arguments were wrong; standard error says why, as &quot;quillmere-cli: ...&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No command, or one that does not exist, was named.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1173,6 +1202,13 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>record %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Quillmere Help</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1594,6 +1630,85 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>The class %1 is described in two different ways.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ManPageText</name>
+    <message>
+        <source>SYNOPSIS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>DESCRIPTION</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>EXIT STATUS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User Commands</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NAME</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ENVIRONMENT</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The redemption value database to use instead of the user&apos;s copy. It must be writable for updates.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The people file (vCard) to use instead of a %1 beside the portfolio or the user&apos;s own.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The root of the Fiscal Data service that updates ask; it overrides the setting %1. Default: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update directory read when updates come from a catalogue; it overrides the setting %1. Default: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where the user&apos;s files and settings are kept, and where installed data is looked for.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FILES</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The redemption value database as shipped (under /usr/local when installed from source): a read-only seed, copied to the user&apos;s folder on first use.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user&apos;s copy of the database, which every portfolio reads and updates write to.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user&apos;s people (vCard), named as owners, co-owners and beneficiaries.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings: defaults of new bonds, the update source, column layout.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A sample portfolio, with the people file it names beside it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SEE ALSO</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2171,10 +2286,6 @@ a price list, and a list of your portfolio holdings.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>&lt;h3&gt;Quillmere %1&lt;/h3&gt;&lt;p&gt;Keeps track of a household&apos;s United States savings bonds, valued from the Treasury&apos;s redemption values.&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>&amp;File</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2285,6 +2396,14 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>“%1” could not be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quillmere &amp;Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Quillmere %1&lt;/h3&gt;&lt;p&gt;Keeps track of a household&apos;s United States savings bonds, valued from the Treasury&apos;s redemption values.&lt;/p&gt;&lt;p&gt;Free software under the GNU General Public License, version 3 or later: you may share and change it; it comes with no warranty.&lt;/p&gt;&lt;p&gt;Redemption values and rates: the United States Department of the Treasury (its savings bond value files and Fiscal Data service), public domain as works of the United States government.&lt;/p&gt;</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -2513,6 +2632,14 @@ a price list, and a list of your portfolio holdings.</source>
     <name>QCommandLineParser</name>
     <message>
         <source>Usage: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Options:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arguments:</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3027,6 +3154,22 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Portfolios to open (.bondportfolio).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the savings bond portfolio window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Opens one window per portfolio named, or a new portfolio when none is; a portfolio already open raises its window. The window values every bond as of a chosen month, totals the portfolio, shows the interest per tax year, prints, exports CSV and QIF, imports CSV, and updates the redemption values. Help &gt; Quillmere Help (F1) is its manual.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last window was closed, or --help or --version was given.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An unknown option was given.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -1,20 +1,68 @@
 #include "CliCommand.h"
+#include "ManPage.h"
 #include "base/UserDefaults.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <algorithm>
+#include <cstdio>
+
+static QList<CliCommand> sortedCommands()
+{
+    QList<CliCommand> commands = CliCommand::all();
+    std::sort(commands.begin(), commands.end(),
+              [](const CliCommand &a, const CliCommand &b) { return a.name < b.name; });
+    return commands;
+}
 
 static int usage(int status)
 {
     QTextStream &out = status == 0 ? cliOut() : cliErr();
     out << CliText::tr("Usage: quillmere-cli COMMAND [OPTIONS]\n\nCommands:\n");
-    QList<CliCommand> commands = CliCommand::all();
-    std::sort(commands.begin(), commands.end(),
-              [](const CliCommand &a, const CliCommand &b) { return a.name < b.name; });
-    for (const CliCommand &command : commands)
+    for (const CliCommand &command : sortedCommands())
         out << "  " << CliText::tr(command.synopsis) << '\n';
-    out << CliText::tr("\nRun 'quillmere-cli COMMAND --help' for the options of one command.") << Qt::endl;
+    out << CliText::tr("\nRun 'quillmere-cli COMMAND --help' for the options of one command; "
+                       "'quillmere-cli --version' prints\nthe version, 'quillmere-cli --man' the manual page.")
+        << Qt::endl;
     return status;
+}
+
+// The manual page, quillmere-cli(1): every sub-command as its own --help describes it.
+static int manualPage()
+{
+    const QString program = QStringLiteral("quillmere-cli");
+    ManPage::Writer page(program, CliText::tr("savings bond values, portfolios, exports and updates from the command line"));
+    page.section(ManPageText::tr("SYNOPSIS"));
+    page.paragraph(program + CliText::tr(" COMMAND [OPTIONS] [ARGUMENTS]"));
+    page.paragraph(program + QLatin1Char(' ')
+                   + QStringList{QStringLiteral("--help"), QStringLiteral("--version"), QStringLiteral("--man")}.join(QStringLiteral(" | ")));
+    page.section(ManPageText::tr("DESCRIPTION"));
+    page.paragraph(CliText::tr("Values United States savings bonds (Series E, EE, I and Savings Notes) from the Treasury's "
+                               "redemption values, shows, exports and imports the portfolios the window keeps, and "
+                               "updates the redemption value database. Every sub-command takes --help."));
+    page.section(CliText::tr("COMMANDS"));
+    QString help;
+    for (const CliCommand &command : sortedCommands()) {
+        help.clear();
+        cliOut().setString(&help);
+        command.run({program + QLatin1Char(' ') + command.name, QStringLiteral("--help")});
+        cliOut().flush();
+        const ManPage::HelpText parts = ManPage::parseHelp(help);
+        // The synopsis without the short description the usage list puts after it.
+        static const QRegularExpression descriptionGap(QStringLiteral("\\s{2,}"));
+        page.subsection(program + QLatin1Char(' ') + CliText::tr(command.synopsis).section(descriptionGap, 0, 0));
+        page.paragraph(parts.description);
+        page.entries(parts.options);
+        page.entries(parts.arguments);
+    }
+    page.section(ManPageText::tr("EXIT STATUS"));
+    page.entry(QStringLiteral("0"), CliText::tr("The command did what was asked (a check found nothing new counts too)."));
+    page.entry(QStringLiteral("1"), CliText::tr("The command failed, or its options or arguments were wrong; "
+                                                "standard error says why, as \"quillmere-cli: ...\"."));
+    page.entry(QStringLiteral("2"), CliText::tr("No command, or one that does not exist, was named."));
+    page.environmentAndFiles(QStringLiteral("quillmere(1)"));
+    std::fputs(page.text().toUtf8().constData(), stdout);
+    return 0;
 }
 
 int main(int argc, char *argv[])
@@ -34,6 +82,8 @@ int main(int argc, char *argv[])
         cliOut() << "quillmere-cli " << QUILLMERE_VERSION << Qt::endl;
         return 0;
     }
+    if (name == QLatin1String("--man"))
+        return manualPage();
     const CliCommand *command = CliCommand::find(name);
     if (!command) {
         cliErr() << CliText::tr("quillmere-cli: unknown command '%1'\n").arg(name);

@@ -33,7 +33,7 @@ public:
     enum class ActionId {
         New, Open, Close, Save, SaveAs, Revert, Print, PrintPreview, ExportPdf, Quit,
         Undo, Redo, Cut, Copy, Paste, Delete,
-        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, About
+        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, Help, About
     };
     static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
 

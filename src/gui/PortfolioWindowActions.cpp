@@ -3,6 +3,7 @@
 #include "BondTableView.h"
 #include "DocumentManager.h"
 #include "HoldingsFilterModel.h"
+#include "HelpWindow.h"
 #include "PortfolioWindow.h"
 #include "PreferencesDialog.h"
 #include "TreasuryFileInstall.h"
@@ -73,6 +74,7 @@ const ActionEntry ActionTable[] = {
     {Id::ValueChart, QT_TRANSLATE_NOOP("PortfolioWindow", "Value &Chart…"), QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::StoppedEarning, QT_TRANSLATE_NOOP("PortfolioWindow", "Stopped earning"), QKeySequence::UnknownKey,
      "stopped-earning", QT_TRANSLATE_NOOP("PortfolioWindow", "Show only the bonds past final maturity, which no longer earn interest")},
+    {Id::Help, QT_TRANSLATE_NOOP("PortfolioWindow", "Quillmere &Help"), QKeySequence::HelpContents, nullptr, nullptr},
     {Id::About, QT_TRANSLATE_NOOP("PortfolioWindow", "&About Quillmere"), QKeySequence::UnknownKey, nullptr, nullptr},
 };
 
@@ -158,10 +160,18 @@ void PortfolioWindow::createActions()
     connect(action(Id::PrintPreview), &QAction::triggered, this, &PortfolioWindow::printPreview);
     connect(action(Id::ExportPdf), &QAction::triggered, this, &PortfolioWindow::exportPdf);
     connect(action(Id::AddPerson), &QAction::triggered, this, &PortfolioWindow::addPeople);
+    if (action(Id::Help)->shortcut().isEmpty()) // desktops without a standard key for it
+        action(Id::Help)->setShortcut(QKeySequence(Qt::Key_F1));
+    connect(action(Id::Help), &QAction::triggered, this, [this] { HelpWindow::show(this); });
     connect(action(Id::About), &QAction::triggered, this, [this] {
         QMessageBox::about(this, tr("About Quillmere"),
                            tr("<h3>Quillmere %1</h3><p>Keeps track of a household's United States savings "
-                              "bonds, valued from the Treasury's redemption values.</p>")
+                              "bonds, valued from the Treasury's redemption values.</p>"
+                              "<p>Free software under the GNU General Public License, version 3 or later: "
+                              "you may share and change it; it comes with no warranty.</p>"
+                              "<p>Redemption values and rates: the United States Department of the Treasury "
+                              "(its savings bond value files and Fiscal Data service), public domain as works "
+                              "of the United States government.</p>")
                                .arg(QApplication::applicationVersion()));
     });
     // What Delete acts on follows the focus: the people table, or else the bonds.
@@ -220,6 +230,8 @@ void PortfolioWindow::createMenus()
     tools->addAction(action(Id::InstallTreasuryFile));
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(action(Id::Help));
+    help->addSeparator();
     help->addAction(action(Id::About));
 }
 

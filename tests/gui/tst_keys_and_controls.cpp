@@ -1,10 +1,13 @@
-// Desktop keys the platform's table lacks, and typing into the month picker where its cursor is.
+// The keys a desktop program answers to, whatever the platform's own table lacks, typing into
+// the month picker where its cursor is, and the manual Help opens.
 #include "GuiTestMain.h"
 
 #include "ValuationMonthPicker.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenuBar>
+#include <QTextBrowser>
 
 class KeysAndControlsTest : public QObject
 {
@@ -22,6 +25,7 @@ private slots:
         QTest::newRow("Redo, the other key") << "Redo" << QKeySequence(Qt::CTRL | Qt::Key_Y);
         QTest::newRow("Undo") << "Undo" << QKeySequence(Qt::CTRL | Qt::Key_Z);
         QTest::newRow("Save") << "Save" << QKeySequence(Qt::CTRL | Qt::Key_S);
+        QTest::newRow("Help") << "Quillmere Help" << QKeySequence(Qt::Key_F1);
     }
 
     void commandsHaveTheirKeys()
@@ -39,6 +43,24 @@ private slots:
         QVERIFY2(found, qPrintable(command));
         QVERIFY2(found->shortcuts().contains(key), qPrintable(found->shortcut().toString()));
         QVERIFY(!found->shortcut().isEmpty()); // the menu shows one
+    }
+
+    // The manual is in the program, and covers what a new user asks about.
+    void helpShowsTheManual()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        window->action(PortfolioWindow::ActionId::Help)->trigger();
+        QTextBrowser *browser = nullptr;
+        for (QWidget *top : QApplication::topLevelWidgets()) {
+            if (!browser && top->isVisible())
+                browser = top->findChild<QTextBrowser *>();
+        }
+        QVERIFY(browser);
+        const QString text = browser->toPlainText();
+        for (const char *heading : {"Getting started", "Adding bonds", "Values and updates", "What the columns mean",
+                                    "Exports and imports", "Printing", "Where files are kept"})
+            QVERIFY2(text.contains(QLatin1String(heading)), heading);
+        browser->window()->close();
     }
 
     void typingAMonthIntoThePickerSetsIt()
