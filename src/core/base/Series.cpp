@@ -17,6 +17,7 @@ struct SeriesTable
 Series::Series(QString label, QString code)
     : m_label(std::move(label))
     , m_code(std::move(code))
+    , m_letter(m_code.size() == 1 ? m_code.at(0).toLatin1() : '\0')
 {
 }
 
@@ -47,7 +48,8 @@ const QList<const Series *> &Series::allSeries()
 
 const Series *Series::eeBond()
 {
-    return table().byCode.value(QStringLiteral("N"));
+    static const Series *const ee = table().byCode.value(QStringLiteral("N"));
+    return ee;
 }
 
 const Series *Series::seriesForCode(const QString &code)
@@ -72,7 +74,7 @@ void Series::setDefaultSeries(const Series *series)
 
 QChar Series::kind() const
 {
-    return m_code.isEmpty() ? QChar() : m_code.at(0);
+    return QChar::fromLatin1(m_letter);
 }
 
 double Series::sharePrice() const

@@ -26,6 +26,8 @@ public:
     // The same for the series of one-letter codes ("ENS"), joined by commas; unknown codes as they are.
     static QString bondsNamesOfCodes(QStringView codes);
     QString code() const { return m_code; }
+    // The code as one character ('E', 'N', 'I', 'S'), for the many lookups that need no string.
+    char letter() const { return m_letter; }
     // Dollars for one $25 unit of face value; a fixed constant per code, used by the Quicken export.
     double sharePrice() const;
     Pennies issuePriceForFaceValue(Pennies faceValue, bool paperIssue) const;
@@ -51,4 +53,5 @@ private:
 
     const QString m_label;
     const QString m_code;
+    const char m_letter;
 };

@@ -92,8 +92,7 @@ QDateTime monthDateOf(std::optional<int> month)
 
 char seriesCode(const Series *series)
 {
-    const QString code = series ? series->code() : QString();
-    return code.size() == 1 ? code.at(0).toLatin1() : '\0';
+    return series ? series->letter() : '\0';
 }
 } // namespace
 

@@ -16,7 +16,7 @@ constexpr int MonthsWithPenalty = 5 * 12;
 
 bool isSeries(const BondFacts &bond, char code)
 {
-    return bond.series && bond.series->code() == QLatin1Char(code);
+    return bond.series && bond.series->letter() == code;
 }
 
 } // namespace

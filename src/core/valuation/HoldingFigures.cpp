@@ -138,7 +138,7 @@ bool HoldingFigures::hasCurrentYield() const
 std::optional<float> HoldingFigures::knownRate() const
 {
     // Only Series I and EE bonds can have a rate of their own; the others need not read values.
-    if (m_bond.series != Series::eeBond() && m_bond.series->code() != QLatin1Char('I'))
+    if (m_bond.series->letter() != 'N' && m_bond.series->letter() != 'I')
         return std::nullopt;
     const BondRate rate = BondOutlook(m_context, m_bond).rate();
     if (rate.basis != RateBasis::Composite && rate.basis != RateBasis::Fixed && rate.basis != RateBasis::Matured)
@@ -195,7 +195,7 @@ HoldingFigures::DerivedRule HoldingFigures::derivedRule() const
         return DerivedRule::FilledBetweenOfficialMonths;
     if (m_context.month >= m_bond.series->finalMaturity(m_bond.issueMonth))
         return DerivedRule::CarriedFromFinalMaturity;
-    return m_bond.series->code() == QLatin1Char('I') ? DerivedRule::SeriesIRates : DerivedRule::FixedRate;
+    return m_bond.series->letter() == 'I' ? DerivedRule::SeriesIRates : DerivedRule::FixedRate;
 }
 
 void HoldingFigures::appendValuesSinceIssue(QByteArray &out) const

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <algorithm>
 
 namespace {
 
@@ -85,11 +86,12 @@ RateTable read(const QByteArray &data, const QString &fileName, QByteArrayView h
 
 std::optional<int> RateTable::basisPointsFor(int monthIndex) const
 {
-    for (const Range &range : ranges) {
-        if (monthIndex >= range.first && monthIndex <= range.last)
-            return range.basisPoints;
-    }
-    return std::nullopt;
+    // Ordered and without overlaps: the first range ending at or after the month is the only candidate.
+    const auto range = std::lower_bound(ranges.cbegin(), ranges.cend(), monthIndex,
+                                        [](const Range &r, int month) { return r.last < month; });
+    if (range == ranges.cend() || monthIndex < range->first)
+        return std::nullopt;
+    return range->basisPoints;
 }
 
 RateTable RateTable::readRanges(const QByteArray &data, const QString &fileName, QByteArrayView header)
