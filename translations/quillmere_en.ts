@@ -66,6 +66,37 @@
     </message>
 </context>
 <context>
+    <name>CalculatorListImport</name>
+    <message>
+        <source>This is not a list saved from the Treasury&apos;s Savings Bond Calculator: it has no %1 field.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bond %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown series &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no issue month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no denomination</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The calculator&apos;s list is empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2: the database has no values for them</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CliText</name>
     <message>
         <source>unexpected argument &apos;%1&apos;</source>
@@ -821,6 +852,42 @@ the version, &apos;quillmere-cli --man&apos; the manual page.</source>
     </message>
     <message>
         <source>Note</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appends the bonds of a list saved from the Treasury&apos;s Savings Bond Calculator (the saved HTML page) to a portfolio, as paper bonds, and saves it (a new portfolio is created when FILE does not exist).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The saved calculator page.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>import-calculator needs a portfolio file and a saved page (see --help)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[options] FILE HTML</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot be read: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Imported %1 of %2 bonds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skipped %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>import-calculator FILE HTML [--people FILE]   add the bonds of a saved Treasury calculator list</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
