@@ -84,7 +84,7 @@ Pennies amountOf(QString text)
 
 Month monthOfNumber(int number)
 {
-    return Month::fromIndex(number + 1941 * 12 + 4);
+    return Month::fromIndex(number + 1941 * 12 + 3);
 }
 
 Page read(const QByteArray &html)
