@@ -1111,6 +1111,14 @@ a price list, and a list of your portfolio holdings.</source>
         <source>Continue</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Choose the Saved Calculator Page</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Web pages (*.html *.htm);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ExportText</name>
@@ -2479,6 +2487,30 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Show only the bonds past final maturity, which no longer earn interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import Treasury Calculator List…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import Complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Imported %1 of %2 bonds from the calculator&apos;s list, as paper bonds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skipped %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note: %1.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -139,6 +139,14 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvImportFile(QWidge
     return panel.run();
 }
 
+std::optional<QString> ExchangePanels::chooseCalculatorPage(QWidget *parent)
+{
+    const QString path = QFileDialog::getOpenFileName(
+        parent, QApplication::translate("ExchangePanels", "Choose the Saved Calculator Page"), QString(),
+        QApplication::translate("ExchangePanels", "Web pages (*.html *.htm);;All files (*)"));
+    return path.isEmpty() ? std::nullopt : std::optional<QString>(path);
+}
+
 void ExchangePanels::alert(QWidget *parent, const ExchangeAlert &alert, bool warning)
 {
     QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, QApplication::applicationDisplayName(),

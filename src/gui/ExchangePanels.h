@@ -27,6 +27,8 @@ public:
     virtual std::optional<Choice> chooseQifExportDirectory(QWidget *parent, bool offerSelection, int row);
     // The open panel of the import, always with the format control (row 0 own format).
     virtual std::optional<Choice> chooseCsvImportFile(QWidget *parent, int row);
+    // The open panel for a list saved from the Treasury's Savings Bond Calculator (an HTML page).
+    virtual std::optional<QString> chooseCalculatorPage(QWidget *parent);
     // A modal alert with the single button "Continue"; warning shows the caution icon.
     virtual void alert(QWidget *parent, const ExchangeAlert &alert, bool warning);
     virtual void beep();

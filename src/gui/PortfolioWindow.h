@@ -33,7 +33,7 @@ public:
     enum class ActionId {
         New, Open, Close, Save, SaveAs, Revert, Print, PrintPreview, ExportPdf, Quit,
         Undo, Redo, Cut, Copy, Paste, Delete,
-        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, Help, About
+        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, ImportCalculator, Help, About
     };
     static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
 
@@ -70,6 +70,7 @@ public:
     void exportCsv();
     void exportQif();
     void importCsv();
+    void importCalculatorList();
     void print();
     void printPreview();
     // A chart of the value of the one selected bond.

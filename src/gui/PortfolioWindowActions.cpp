@@ -74,6 +74,8 @@ const ActionEntry ActionTable[] = {
     {Id::ValueChart, QT_TRANSLATE_NOOP("PortfolioWindow", "Value &Chart…"), QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::StoppedEarning, QT_TRANSLATE_NOOP("PortfolioWindow", "Stopped earning"), QKeySequence::UnknownKey,
      "stopped-earning", QT_TRANSLATE_NOOP("PortfolioWindow", "Show only the bonds past final maturity, which no longer earn interest")},
+    {Id::ImportCalculator, QT_TRANSLATE_NOOP("PortfolioWindow", "Import Treasury Calculator List…"), QKeySequence::UnknownKey,
+     nullptr, nullptr},
     {Id::Help, QT_TRANSLATE_NOOP("PortfolioWindow", "Quillmere &Help"), QKeySequence::HelpContents, nullptr, nullptr},
     {Id::About, QT_TRANSLATE_NOOP("PortfolioWindow", "&About Quillmere"), QKeySequence::UnknownKey, nullptr, nullptr},
 };
@@ -154,6 +156,7 @@ void PortfolioWindow::createActions()
     connect(action(Id::ExportCsv), &QAction::triggered, this, &PortfolioWindow::exportCsv);
     connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
     connect(action(Id::ImportCsv), &QAction::triggered, this, &PortfolioWindow::importCsv);
+    connect(action(Id::ImportCalculator), &QAction::triggered, this, &PortfolioWindow::importCalculatorList);
     connect(action(Id::ValueChart), &QAction::triggered, this, &PortfolioWindow::showValueChart);
     action(Id::StoppedEarning)->setCheckable(true);
     connect(action(Id::StoppedEarning), &QAction::toggled, m_filterModel, &HoldingsFilterModel::setStoppedEarningOnly);
@@ -193,6 +196,7 @@ void PortfolioWindow::createMenus()
     file->addAction(action(Id::Revert));
     file->addSeparator();
     file->addAction(action(Id::ImportCsv));
+    file->addAction(action(Id::ImportCalculator));
     file->addAction(action(Id::ExportCsv));
     file->addAction(action(Id::ExportQif));
     file->addSeparator();

@@ -3,6 +3,7 @@
 #include "ExchangePanels.h"
 #include "PortfolioWindow.h"
 #include "document/BondPortfolio.h"
+#include "exchange/CalculatorListImport.h"
 #include "exchange/CsvImportFormat.h"
 #include "exchange/ExchangeAlerts.h"
 #include "exchange/ExportChoice.h"
@@ -12,6 +13,7 @@
 #include "model/PeopleStore.h"
 
 #include <QDebug>
+#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -67,6 +69,35 @@ void PortfolioWindow::importCsv()
         qWarning().noquote() << "CSV import:" << outcome.detail;
     const ExchangeAlert alert = ExchangeAlerts::of(outcome);
     m_panels->alert(this, alert, !outcome.succeeded);
+}
+
+void PortfolioWindow::importCalculatorList()
+{
+    const std::optional<QString> path = m_panels->chooseCalculatorPage(this);
+    if (!path)
+        return;
+    QFile file(*path);
+    CalculatorListImport::Outcome outcome;
+    if (!file.open(QIODevice::ReadOnly))
+        outcome.error = file.errorString();
+    else
+        outcome = CalculatorListImport::importInto(*m_portfolio, file.read(16 * 1024 * 1024));
+    ExchangeAlert alert;
+    if (!outcome.ok()) {
+        alert = {tr("Import Failed"), outcome.error, {}};
+    } else {
+        alert.title = tr("Import Complete");
+        alert.message = tr("Imported %1 of %2 bonds from the calculator's list, as paper bonds.")
+                            .arg(outcome.imported)
+                            .arg(outcome.imported + outcome.skipped.size());
+        QStringList notes;
+        for (const QString &skipped : outcome.skipped)
+            notes << tr("Skipped %1.").arg(skipped);
+        for (const QString &note : outcome.withoutValues)
+            notes << tr("Note: %1.").arg(note);
+        alert.informative = notes.join(QLatin1Char('\n'));
+    }
+    m_panels->alert(this, alert, !outcome.ok() || !outcome.skipped.isEmpty());
 }
 
 bool PortfolioWindow::confirmSaveWithoutMissingPeople()

@@ -23,6 +23,7 @@ struct ScriptedPanels : ExchangePanels
     std::optional<Choice> chooseCsvExportFile(QWidget *, bool offer, int) override { return answer(offer); }
     std::optional<Choice> chooseQifExportDirectory(QWidget *, bool offer, int) override { return answer(offer); }
     std::optional<Choice> chooseCsvImportFile(QWidget *, int) override { return answer(false); }
+    std::optional<QString> chooseCalculatorPage(QWidget *) override { return path; }
     void alert(QWidget *, const ExchangeAlert &shown, bool) override
     {
         alerts << shown.title + QLatin1Char('|') + shown.message;
@@ -107,6 +108,22 @@ private slots:
         QVERIFY(!m_window->portfolio()->isEdited());
         m_window->action(PortfolioWindow::ActionId::Redo)->trigger();
         QCOMPARE(m_window->portfolio()->holdings().size(), before + added);
+    }
+
+    // The calculator's saved list: what was read and skipped is said, and it is one undo step.
+    void calculatorListImport()
+    {
+        m_panels->path = GuiTest::writeFile("calculator.html", "<input type=hidden name=SeriesList value='EE;HH;'>"
+                                                               "<input type=hidden name=IssueDateList value='585;600;'>"
+                                                               "<input type=hidden name=DenominationList value='100;500;'>");
+        const qsizetype before = m_window->portfolio()->holdings().size();
+        m_window->action(PortfolioWindow::ActionId::ImportCalculator)->trigger();
+        QCOMPARE(m_panels->alerts, QStringList{"Import Complete|Imported 1 of 2 bonds from the calculator's list, as paper bonds."});
+        QCOMPARE(m_window->portfolio()->holdings().size(), before + 1);
+        QCOMPARE(m_window->action(PortfolioWindow::ActionId::Undo)->text(), QStringLiteral("Undo Insert Holding"));
+        m_panels->path = GuiTest::writeFile("other.html", "<html>no list</html>");
+        m_window->action(PortfolioWindow::ActionId::ImportCalculator)->trigger();
+        QVERIFY(m_panels->alerts.last().startsWith(QStringLiteral("Import Failed|This is not a list saved from")));
     }
 };
 
