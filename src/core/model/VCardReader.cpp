@@ -1,6 +1,7 @@
 // Reading vCard text as contact programs export it: versions 3.0 and 4.0 (2.1 where it agrees),
 // folded lines, backslash escapes, parameter lists with quoted values, CRLF, LF or CR line ends.
 #include "model/VCard.h"
+#include "model/VCardLines.h"
 
 #include <QHash>
 #include <QSet>
@@ -152,6 +153,21 @@ QStringList splitStructured(const QString &value)
     return parts;
 }
 
+// A list-valued name component ("Margaret,Anne") as words; escaped commas stay.
+QString wordsOfList(const QString &component)
+{
+    QString out;
+    for (qsizetype i = 0; i < component.size(); ++i) {
+        if (component.at(i) == u'\\' && i + 1 < component.size()) {
+            out += component.at(i);
+            out += component.at(++i);
+        } else {
+            out += component.at(i) == u',' ? u' ' : component.at(i);
+        }
+    }
+    return out;
+}
+
 bool isPlainEmailType(const QString &type)
 {
     return type.isEmpty() || type == QLatin1String("internet") || type == QLatin1String("pref")
@@ -227,8 +243,8 @@ bool parseCard(const CardText &card, PersonRecord *record, QString *problem)
             record->uniqueId = unescapeText(line.value).trimmed();
         } else if (line.name == QLatin1String("N")) {
             const QStringList parts = splitStructured(line.value);
-            record->lastName = unescapeText(parts.value(0)).trimmed();
-            record->firstName = unescapeText(parts.value(1)).trimmed();
+            record->lastName = unescapeText(wordsOfList(parts.value(0))).trimmed();
+            record->firstName = unescapeText(wordsOfList(parts.value(1))).trimmed();
             record->otherNameParts.clear();
             for (qsizetype k = 2; k < parts.size(); ++k)
                 record->otherNameParts << unescapeText(parts.at(k));
@@ -251,6 +267,13 @@ bool parseCard(const CardText &card, PersonRecord *record, QString *problem)
             record->otherLines << line.raw;
         }
     }
+    // A card with a formatted name only (Thunderbird, Google) takes its names from it.
+    if (formattedName && record->firstName.isEmpty() && record->lastName.isEmpty()) {
+        const QString full = unescapeText(formattedName->value).simplified();
+        const qsizetype space = full.lastIndexOf(u' ');
+        record->lastName = full.mid(space + 1);
+        record->firstName = space < 0 ? QString() : full.left(space);
+    }
     // A formatted name other than "First Last" (titles, a company) is kept; the plain one is
     // written afresh from the names.
     if (formattedName) {
@@ -268,25 +291,11 @@ namespace VCard {
 ReadResult read(const QByteArray &data)
 {
     ReadResult result;
-    QByteArray bytes = data;
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        bytes.remove(0, 3);
-    QString text = QString::fromUtf8(bytes);
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(u'\r', u'\n');
-    const QStringList physical = text.split(u'\n');
-
-    // Unfold: a line that begins with a blank or tab continues the one before.
     QStringList logical;
     QList<int> lineNumbers;
-    for (qsizetype k = 0; k < physical.size(); ++k) {
-        const QString &line = physical.at(k);
-        if ((line.startsWith(u' ') || line.startsWith(u'\t')) && !logical.isEmpty()) {
-            logical.last() += line.mid(1);
-            continue;
-        }
-        logical << line;
-        lineNumbers << int(k + 1);
+    for (const VCardLines::Line &line : VCardLines::read(data)) {
+        logical << line.text;
+        lineNumbers << line.number;
     }
 
     QHash<QString, bool> seen;

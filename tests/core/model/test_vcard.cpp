@@ -88,3 +88,44 @@ TEST(VCard, WrittenCardsReadBackUnchangedAndFoldAtSeventyFiveOctets)
     EXPECT_TRUE(back.warnings.isEmpty());
     EXPECT_EQ(back.records, (QList<PersonRecord>{a, b})); // the generated FN is not kept
 }
+
+// What address books export as they are: Android and Outlook (2.1, quoted-printable with soft
+// line breaks, CHARSET), Windows-1252 bytes, a fold inside a multi-byte character, Thunderbird and
+// Google (FN without N), a list-valued given name (iOS), Evolution's 3.0.
+TEST(VCard, ReadsAddressBookExportsAsWritten)
+{
+    const struct
+    {
+        const char *name;
+        QByteArray text;
+        QString first, last;
+    } cases[] = {
+        {"android_21_quoted_printable",
+         "BEGIN:VCARD\r\nVERSION:2.1\r\nN;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:Whitfield;=C3=89l=C3=A9onore;;;\r\nEND:VCARD\r\n",
+         QStringLiteral("Éléonore"), "Whitfield"},
+        {"outlook_21_soft_line_break",
+         "BEGIN:VCARD\r\nVERSION:2.1\r\nN;ENCODING=QUOTED-PRINTABLE;CHARSET=windows-1252:Fran=E7ois-Marie=\r\n"
+         "-Delacroix;Ren=E9e\r\nEND:VCARD\r\n",
+         QStringLiteral("Renée"), QStringLiteral("François-Marie-Delacroix")},
+        {"windows_1252_without_charset", "BEGIN:VCARD\r\nVERSION:3.0\r\nN:M\xfcller;J\xf6rg\x96Peter;;;\r\nEND:VCARD\r\n",
+         QStringLiteral("Jörg–Peter"), QStringLiteral("Müller")},
+        {"fold_inside_a_character", "BEGIN:VCARD\nVERSION:3.0\nN:Gonz\xc3\n \xa1lez;Ana;;;\nEND:VCARD\n", "Ana", QStringLiteral("González")},
+        {"thunderbird_fn_only", "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:Rosa Maria Delgado\r\nEMAIL:rosa@example.org\r\nEND:VCARD\r\n",
+         "Rosa Maria", "Delgado"},
+        {"ios_list_valued_given_name", "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Whitfield;Margaret,Anne;;;\r\nEND:VCARD\r\n",
+         "Margaret Anne", "Whitfield"},
+        {"evolution_30", "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:pas-id-1\r\nN:Whitfield;Thomas;;;\r\nX-EVOLUTION-FILE-AS:Whitfield\\, Thomas\r\n"
+         "END:VCARD\r\n", "Thomas", "Whitfield"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const VCard::ReadResult result = VCard::read(c.text);
+        ASSERT_EQ(result.records.size(), 1) << result.warnings.join(u'\n').toStdString();
+        EXPECT_EQ(result.records.first().firstName, c.first);
+        EXPECT_EQ(result.records.first().lastName, c.last);
+        // Written again, nothing of the transfer encoding is left to mangle the text next time.
+        const QByteArray written = VCard::write({result.records.first()});
+        EXPECT_FALSE(written.toUpper().contains("QUOTED-PRINTABLE")) << written.toStdString();
+        EXPECT_EQ(VCard::read(written).records.first().lastName, c.last);
+    }
+}
