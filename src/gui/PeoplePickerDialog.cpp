@@ -144,6 +144,11 @@ void PeoplePickerDialog::importContacts(const QString &vcfPath)
                          .arg(summary.added)
                          .arg(summary.added == 1 ? tr("person") : tr("people"))
                          .arg(summary.alreadyThere));
+        if (!summary.skipped.isEmpty()) {
+            // Say which cards were left out, not only on standard error.
+            box->setIcon(QMessageBox::Warning);
+            box->setInformativeText(summary.skipped.join(QLatin1Char('\n')));
+        }
         fillList();
     } else {
         box->setIcon(QMessageBox::Warning);

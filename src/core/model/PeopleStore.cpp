@@ -1,5 +1,7 @@
 #include "model/PeopleStore.h"
 
+#include <algorithm>
+
 #include "base/UserDefaults.h"
 #include "model/VCard.h"
 
@@ -124,9 +126,26 @@ bool PeopleStore::importRecords(const QString &vcfPath, ImportSummary *summary, 
         qWarning().noquote() << vcfPath + QStringLiteral(": ") + warning;
 
     ImportSummary counted;
+    counted.skipped = read.warnings;
     const qsizetype before = m_records.size();
+    // A card exported without UID gets a new one each time: the same name and e-mail address
+    // (or the same name, neither having one) is the same person.
+    const auto samePerson = [this](const PersonRecord &card) {
+        return std::any_of(m_records.cbegin(), m_records.cend(), [&card](const std::shared_ptr<PersonRecord> &known) {
+            if (known->firstName.compare(card.firstName, Qt::CaseInsensitive) != 0
+                || known->lastName.compare(card.lastName, Qt::CaseInsensitive) != 0)
+                return false;
+            if (known->emails.isEmpty() && card.emails.isEmpty())
+                return true;
+            return std::any_of(card.emails.cbegin(), card.emails.cend(), [&known](const LabelledEmail &email) {
+                return std::any_of(known->emails.cbegin(), known->emails.cend(), [&email](const LabelledEmail &mine) {
+                    return mine.address.compare(email.address, Qt::CaseInsensitive) == 0;
+                });
+            });
+        });
+    };
     for (const PersonRecord &record : read.records) {
-        if (recordForUniqueId(record.uniqueId)) {
+        if (recordForUniqueId(record.uniqueId) || samePerson(record)) {
             ++counted.alreadyThere;
             continue;
         }

@@ -48,7 +48,8 @@ public:
     struct ImportSummary
     {
         int added = 0;        // people new to the store
-        int alreadyThere = 0; // cards whose UID the store already held, left as they are
+        int alreadyThere = 0; // cards of people the store already held (same UID, or same name and e-mail)
+        QStringList skipped;  // why each card that could not be read was skipped
     };
     // Merges the cards of a contacts file exported by another address book and saves the store.
     // A card whose UID is known is skipped, so importing the same export again adds nobody; a

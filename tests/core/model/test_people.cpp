@@ -58,6 +58,9 @@ TEST(PeopleStore, ImportAddsEachUidOnceKeepsKnownPeopleAndRefusesUnreadableFiles
 {
     const struct { const char *card; int added, known; } cases[] = {
         {"UID:NEW-2\nN:Jones;Bo;;;", 1, 0}, {"UID:KNOWN-1\nN:Renamed;Anna;;;", 0, 1}, {"N:Lee;Cy;;;", 1, 0},
+        // Without UID, the same name (and no e-mail on either) is the same person; an e-mail the
+        // known one lacks makes another.
+        {"N:;ann;;;", 0, 1}, {"N:;Ann;;;\nEMAIL:ann@example.org", 1, 0},
         {nullptr, -1, 0}}; // no such file
     const PersonRecord known{"KNOWN-1", "Ann", {}, {}, {}, {}};
     for (const auto &c : cases) {
@@ -84,6 +87,19 @@ TEST(PeopleStore, ImportAddsEachUidOnceKeepsKnownPeopleAndRefusesUnreadableFiles
         EXPECT_EQ(reread.records().size(), 1 + c.added);
         EXPECT_EQ(reread.recordForUniqueId(QStringLiteral("KNOWN-1"))->firstName, QStringLiteral("Ann"));
     }
+}
+
+// A card that cannot be read is named in the summary the window shows.
+TEST(PeopleStore, ImportSaysWhichCardsItSkipped)
+{
+    PeopleFixture people;
+    const QString vcf = TestSupport::writeFile(TestSupport::temporaryDirectory() + QStringLiteral("/mixed.vcf"),
+                                               "BEGIN:VCARD\nVERSION:9.9\nN:Old;Card;;;\nEND:VCARD\n"
+                                               "BEGIN:VCARD\nVERSION:3.0\nN:Good;Card;;;\nEND:VCARD\n");
+    PeopleStore::ImportSummary summary;
+    ASSERT_TRUE(people.store.importRecords(vcf, &summary));
+    EXPECT_EQ(summary.added, 1);
+    EXPECT_EQ(summary.skipped, QStringList{"Skipped the card starting at line 1: unsupported version 9.9."});
 }
 
 TEST(Person, NameNeedsBothNamesAndIdentityIsTheRecordIdentifierAlone)
