@@ -11,7 +11,9 @@
 #include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
 #include "InterestSummaryModel.h"
+#include "MaturityNoticeBar.h"
 #include "PeopleTableModel.h"
+#include "TaxYearDialog.h"
 #include "UpdateAvailableBar.h"
 #include "UpdaterWindow.h"
 #include "ValuationMonthPicker.h"
@@ -46,7 +48,7 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
 
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(createPeopleAndSummary());
-    splitter->addWidget(createBondTable());
+    splitter->addWidget(createHeldAndRedeemed(createBondTable()));
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({330, 1050});
@@ -57,6 +59,9 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
     connect(m_updateBar, &UpdateAvailableBar::updateRequested, this,
             [this] { UpdaterSession::instance().showUpdater(this); });
     centralLayout->addWidget(m_updateBar);
+    m_maturityBar = new MaturityNoticeBar(*portfolio, central);
+    connect(m_maturityBar, &MaturityNoticeBar::taxReportRequested, this, &PortfolioWindow::showTaxReport);
+    centralLayout->addWidget(m_maturityBar);
     centralLayout->addWidget(splitter, 1);
     setCentralWidget(central);
 
@@ -88,6 +93,9 @@ PortfolioWindow::~PortfolioWindow()
     disconnect(qApp, nullptr, this, nullptr);
     m_actions.clear();
     m_bondTable = nullptr;
+    m_redeemedPanel = nullptr;
+    delete m_taxReport;
+    m_taxReport = nullptr;
     delete centralWidget();
     // The models (and anything watching them) are the window's children, which would otherwise
     // outlive the document: its holdings, going, still announce changes to their people.

@@ -16,6 +16,11 @@ class ExchangePanels;
 class HoldingsFilterModel;
 class HoldingsTableModel;
 class InterestSummaryModel;
+class MaturityNoticeBar;
+class QButtonGroup;
+class QStackedWidget;
+class RedeemedBondsPanel;
+class TaxYearDialog;
 class PeopleTableModel;
 class QAction;
 class QLabel;
@@ -33,7 +38,7 @@ public:
     enum class ActionId {
         New, Open, Close, Save, SaveAs, Revert, Print, PrintPreview, ExportPdf, Quit,
         Undo, Redo, Cut, Copy, Paste, Delete,
-        AddBond, RemoveBond, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, ImportCalculator, Help, About
+        AddBond, RemoveBond, Redeem, TaxReport, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, ImportCalculator, Help, About
     };
     static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
 
@@ -52,6 +57,12 @@ public:
     ValuationMonthPicker *valuationPicker() const { return m_picker; }
     // Offers new redemption values when the automatic check found some.
     UpdateAvailableBar *updateBar() const { return m_updateBar; }
+    // Warns of held bonds reaching final maturity in the valuation month's year.
+    MaturityNoticeBar *maturityBar() const { return m_maturityBar; }
+    // The redeemed side of the Held / Redeemed switch above the bond table.
+    RedeemedBondsPanel *redeemedPanel() const { return m_redeemedPanel; }
+    bool isShowingRedeemed() const;
+    void showRedeemed(bool redeemed);
     QString totalsText() const;
 
     // The holdings the bond table shows, filtered and sorted as shown.
@@ -75,6 +86,10 @@ public:
     void printPreview();
     // A chart of the value of the one selected bond.
     void showValueChart();
+    // The redemption dialog for the selected bonds (in PortfolioWindowRedemptions.cpp).
+    void redeemSelectedBonds();
+    // The window's one tax report, opened or raised.
+    TaxYearDialog *showTaxReport();
     void exportPdf();
 
     bool save();
@@ -113,6 +128,8 @@ private:
     // In PortfolioWindow.cpp.
     QWidget *createPeopleAndSummary();
     QWidget *createBondTable();
+    // In PortfolioWindowRedemptions.cpp: the switch and the two views it chooses between.
+    QWidget *createHeldAndRedeemed(QWidget *held);
     void peopleSelectionChanged();
     bool maybeSave();
     void updateTitle();
@@ -132,6 +149,11 @@ private:
     BondTableColumns *m_columns = nullptr;
     ValuationMonthPicker *m_picker = nullptr;
     UpdateAvailableBar *m_updateBar = nullptr;
+    MaturityNoticeBar *m_maturityBar = nullptr;
+    RedeemedBondsPanel *m_redeemedPanel = nullptr;
+    QStackedWidget *m_heldOrRedeemed = nullptr;
+    QButtonGroup *m_viewSwitch = nullptr;
+    TaxYearDialog *m_taxReport = nullptr;
     QMenu *m_recentMenu = nullptr;
     QHash<ActionId, QAction *> m_actions;
     std::unique_ptr<ExchangePanels> m_panels;

@@ -6,6 +6,7 @@
 #include "HelpWindow.h"
 #include "PortfolioWindow.h"
 #include "PreferencesDialog.h"
+#include "RedeemedBondsPanel.h"
 #include "TreasuryFileInstall.h"
 #include "UpdaterWindow.h"
 #include "ValuationMonthPicker.h"
@@ -57,6 +58,9 @@ const ActionEntry ActionTable[] = {
      QT_TRANSLATE_NOOP("PortfolioWindow", "Add a new bond")},
     {Id::RemoveBond, QT_TRANSLATE_NOOP("PortfolioWindow", "Remove Bond"), QKeySequence::UnknownKey, "delete",
      QT_TRANSLATE_NOOP("PortfolioWindow", "Remove selected bond")},
+    {Id::Redeem, QT_TRANSLATE_NOOP("PortfolioWindow", "Redeem…"), QKeySequence::UnknownKey, "redeem",
+     QT_TRANSLATE_NOOP("PortfolioWindow", "Record the selected bonds as cashed")},
+    {Id::TaxReport, QT_TRANSLATE_NOOP("PortfolioWindow", "&Tax Year…"), QKeySequence::UnknownKey, nullptr, nullptr},
     {Id::ExportCsv, QT_TRANSLATE_NOOP("PortfolioWindow", "Export CSV"), QKeySequence::UnknownKey, "yellow-arrow",
      QT_TRANSLATE_NOOP("PortfolioWindow", "Export portfolio to Comma Separate Values (CSV) file")},
     {Id::ExportQif, QT_TRANSLATE_NOOP("PortfolioWindow", "Export QIF"), QKeySequence::UnknownKey, "purple-arrow",
@@ -153,6 +157,9 @@ void PortfolioWindow::createActions()
     connect(action(Id::Delete), &QAction::triggered, this, &PortfolioWindow::deleteSelection);
     connect(action(Id::AddBond), &QAction::triggered, this, &PortfolioWindow::addBond);
     connect(action(Id::RemoveBond), &QAction::triggered, this, &PortfolioWindow::removeSelectedBonds);
+    action(Id::Redeem)->setIconText(tr("Redeem"));
+    connect(action(Id::Redeem), &QAction::triggered, this, &PortfolioWindow::redeemSelectedBonds);
+    connect(action(Id::TaxReport), &QAction::triggered, this, &PortfolioWindow::showTaxReport);
     connect(action(Id::ExportCsv), &QAction::triggered, this, &PortfolioWindow::exportCsv);
     connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
     connect(action(Id::ImportCsv), &QAction::triggered, this, &PortfolioWindow::importCsv);
@@ -227,7 +234,11 @@ void PortfolioWindow::createMenus()
     QMenu *portfolio = menuBar()->addMenu(tr("&Portfolio"));
     portfolio->addAction(action(Id::AddBond));
     portfolio->addAction(action(Id::RemoveBond));
+    portfolio->addAction(action(Id::Redeem));
     portfolio->addAction(action(Id::AddPerson));
+
+    QMenu *reports = menuBar()->addMenu(tr("&Reports"));
+    reports->addAction(action(Id::TaxReport));
 
     QMenu *tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(action(Id::UpdatePrices));
@@ -263,6 +274,7 @@ void PortfolioWindow::createToolbar()
     toolbar->setIconSize(QSize(32, 32));
     toolbar->addAction(action(Id::AddBond));
     toolbar->addAction(action(Id::RemoveBond));
+    toolbar->addAction(action(Id::Redeem));
     toolbar->addSeparator();
     toolbar->addAction(action(Id::Print));
     auto space = [toolbar](bool flexible) {
@@ -313,17 +325,21 @@ void PortfolioWindow::updateActions()
 {
     if (!m_bondTable || m_actions.isEmpty())
         return;
-    const bool bondsSelected = m_bondTable->selectionModel()->hasSelection();
+    // The held bonds' commands wait while the redeemed view is shown; Delete acts on what is shown.
+    const bool redeemedShown = isShowingRedeemed();
+    const bool bondsSelected = !redeemedShown && m_bondTable->selectionModel()->hasSelection();
+    const bool redeemedSelected = redeemedShown && m_redeemedPanel->table()->selectionModel()->hasSelection();
     const bool peopleSelected = m_peopleTable->selectionModel()->hasSelection();
     const bool hasHoldings = !m_portfolio->holdings().isEmpty();
     const bool peopleFocused = m_peopleTable->hasFocus();
     action(Id::Cut)->setEnabled(bondsSelected && !peopleFocused);
     action(Id::Copy)->setEnabled(bondsSelected && !peopleFocused);
-    action(Id::Delete)->setEnabled(peopleFocused ? peopleSelected : bondsSelected);
+    action(Id::Delete)->setEnabled(peopleFocused ? peopleSelected : bondsSelected || redeemedSelected);
+    action(Id::Redeem)->setEnabled(bondsSelected);
     action(Id::Paste)->setEnabled(true);
     action(Id::AddBond)->setEnabled(true);
     action(Id::RemoveBond)->setEnabled(bondsSelected);
-    action(Id::ValueChart)->setEnabled(m_bondTable->selectionModel()->selectedRows().size() == 1);
+    action(Id::ValueChart)->setEnabled(!redeemedShown && m_bondTable->selectionModel()->selectedRows().size() == 1);
     action(Id::Print)->setEnabled(hasHoldings);
     action(Id::PrintPreview)->setEnabled(hasHoldings);
     action(Id::ExportPdf)->setEnabled(hasHoldings);

@@ -10,6 +10,7 @@
 #include "PeoplePickerDialog.h"
 #include "PeopleTableModel.h"
 #include "PortfolioWindow.h"
+#include "RedeemedBondsPanel.h"
 #include "model/EntryRules.h"
 #include "ValuationMonthPicker.h"
 #include "ValueChartDialog.h"
@@ -80,6 +81,8 @@ void PortfolioWindow::deleteSelection()
 {
     if (m_peopleTable->hasFocus())
         deleteSelectedPeople();
+    else if (isShowingRedeemed())
+        m_redeemedPanel->deleteSelected();
     else
         removeSelectedBonds();
 }
@@ -155,6 +158,7 @@ void PortfolioWindow::showBondContextMenu(const QPoint &position)
     }
     menu.addSeparator();
     menu.addAction(action(ActionId::ValueChart));
+    menu.addAction(action(ActionId::Redeem));
     menu.addSeparator();
     for (ActionId id : {ActionId::Cut, ActionId::Copy, ActionId::Paste, ActionId::RemoveBond, ActionId::AddBond})
         menu.addAction(action(id));

@@ -1,0 +1,123 @@
+#include "RedeemedBondsPanel.h"
+
+#include "RedeemedTableModel.h"
+#include "document/BondPortfolio.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSortFilterProxyModel>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <algorithm>
+
+RedeemedBondsPanel::RedeemedBondsPanel(BondPortfolio *portfolio, QWidget *parent)
+    : QWidget(parent)
+    , m_portfolio(portfolio)
+{
+    m_model = new RedeemedTableModel(portfolio, this);
+    m_sorted = new QSortFilterProxyModel(this);
+    m_sorted->setSourceModel(m_model);
+    m_sorted->setSortRole(RedeemedTableModel::SortRole);
+    m_table = new QTableView(this);
+    m_table->setObjectName(QStringLiteral("redeemedTable"));
+    m_table->setModel(m_sorted);
+    m_table->setSortingEnabled(true);
+    m_table->sortByColumn(-1, Qt::AscendingOrder);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setAlternatingRowColors(true);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 8);
+    m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
+                             | QAbstractItemView::AnyKeyPressed);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    m_table->horizontalHeader()->setSectionResizeMode(RedeemedTableModel::People, QHeaderView::Stretch);
+    const int widths[RedeemedTableModel::Count] = {96, 70, 92, 84, 116, 200, 90, 120, 100, 80};
+    for (int column = 0; column < RedeemedTableModel::Count; ++column)
+        m_table->setColumnWidth(column, widths[column]);
+
+    m_unredeem = new QPushButton(tr("Un-redeem"), this);
+    m_unredeem->setToolTip(tr("Put the selected bonds back among the bonds held"));
+    m_delete = new QPushButton(tr("Delete"), this);
+    m_delete->setToolTip(tr("Delete the selected redeemed bonds from the portfolio"));
+    m_totals = new QLabel(this);
+    m_totals->setObjectName(QStringLiteral("redeemedTotals"));
+    m_totals->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_totals->setWordWrap(true);
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(4, 2, 4, 2);
+    row->addWidget(m_totals, 1);
+    row->addWidget(m_unredeem);
+    row->addWidget(m_delete);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_table, 1);
+    layout->addLayout(row);
+
+    connect(m_unredeem, &QPushButton::clicked, this, &RedeemedBondsPanel::unredeemSelected);
+    connect(m_delete, &QPushButton::clicked, this, &RedeemedBondsPanel::deleteSelected);
+    connect(m_model, &RedeemedTableModel::editRefused, this, &RedeemedBondsPanel::editRefused);
+    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RedeemedBondsPanel::follow);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &RedeemedBondsPanel::follow);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, &RedeemedBondsPanel::follow);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, &RedeemedBondsPanel::follow);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &RedeemedBondsPanel::follow);
+    follow();
+}
+
+QList<HoldingRef> RedeemedBondsPanel::selectedHoldings() const
+{
+    QList<HoldingRef> holdings;
+    for (int row : selectedRowsFromLast())
+        holdings.prepend(m_model->holdingAt(row));
+    return holdings;
+}
+
+QList<int> RedeemedBondsPanel::selectedRowsFromLast() const
+{
+    QList<int> rows;
+    for (const QModelIndex &index : m_table->selectionModel()->selectedRows())
+        rows << m_sorted->mapToSource(index).row();
+    std::sort(rows.begin(), rows.end(), std::greater<>());
+    return rows;
+}
+
+void RedeemedBondsPanel::unredeemSelected()
+{
+    const QList<int> rows = selectedRowsFromLast();
+    UndoStep step(*m_portfolio, UndoActionName::Unredeem);
+    for (int row : rows)
+        m_portfolio->unredeemAt(row);
+}
+
+void RedeemedBondsPanel::deleteSelected()
+{
+    const QList<int> rows = selectedRowsFromLast();
+    UndoStep step(*m_portfolio, UndoActionName::DeleteHolding);
+    for (int row : rows)
+        m_portfolio->removeRedeemedAt(row);
+}
+
+QString RedeemedBondsPanel::totalsText() const
+{
+    return m_totals->text();
+}
+
+void RedeemedBondsPanel::follow()
+{
+    const bool selected = m_table->selectionModel()->hasSelection();
+    m_unredeem->setEnabled(selected);
+    m_delete->setEnabled(selected);
+    qint64 bonds = 0;
+    Pennies received = 0, interest = 0;
+    for (const HoldingRef &holding : m_portfolio->redeemedHoldings()) {
+        bonds += holding->countedQuantity();
+        received += holding->amountReceived();
+        interest += holding->redemptionInterest();
+    }
+    const QString sums = bonds == 1 ? tr("1 bond redeemed: received %1 · interest %2").arg(formatDollars(received), formatDollars(interest))
+                                    : tr("%1 bonds redeemed: received %2 · interest %3")
+                                          .arg(QString::number(bonds), formatDollars(received), formatDollars(interest));
+    m_totals->setText(sums);
+}

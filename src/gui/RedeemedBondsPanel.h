@@ -1,0 +1,46 @@
+#pragma once
+// The redeemed side of the window's Held / Redeemed switch: the table of cashed bonds with the
+// buttons that put them back among the held ones or delete them, each an undoable step.
+#include "model/Holding.h"
+
+#include <QWidget>
+
+class BondPortfolio;
+class QLabel;
+class QPushButton;
+class QSortFilterProxyModel;
+class QTableView;
+class RedeemedTableModel;
+
+class RedeemedBondsPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit RedeemedBondsPanel(BondPortfolio *portfolio, QWidget *parent = nullptr);
+
+    QTableView *table() const { return m_table; }
+    RedeemedTableModel *model() const { return m_model; }
+    QPushButton *unredeemButton() const { return m_unredeem; }
+    QPushButton *deleteButton() const { return m_delete; }
+    QString totalsText() const;
+    QList<HoldingRef> selectedHoldings() const;
+
+    void unredeemSelected();
+    void deleteSelected();
+
+signals:
+    void editRefused(const QString &title, const QString &message);
+
+private:
+    // The redeemed list's rows of the selection, last first, so that each removal leaves the rest in place.
+    QList<int> selectedRowsFromLast() const;
+    void follow();
+
+    BondPortfolio *m_portfolio;
+    RedeemedTableModel *m_model = nullptr;
+    QSortFilterProxyModel *m_sorted = nullptr;
+    QTableView *m_table = nullptr;
+    QPushButton *m_unredeem = nullptr;
+    QPushButton *m_delete = nullptr;
+    QLabel *m_totals = nullptr;
+};

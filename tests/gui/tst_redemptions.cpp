@@ -1,0 +1,378 @@
+// Cashing bonds in the window: the redemption dialog, the redeemed view beside the held bonds, the
+// tax report with its exports, and the notice of bonds reaching final maturity this year. The
+// portfolio is the hand-made one whose 2021 figures the document's own tests know.
+#include "GuiTestMain.h"
+#include "BondTableView.h"
+#include "InterestSummaryModel.h"
+#include "MaturityNoticeBar.h"
+#include "RedeemDialog.h"
+#include "RedeemedBondsPanel.h"
+#include "RedeemedTableModel.h"
+#include "TaxYearDialog.h"
+#include "TaxYearTableModel.h"
+#include "base/Series.h"
+#include "model/PeopleStore.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTableView>
+#include <QToolButton>
+#include <QUndoStack>
+
+class RedemptionsTest : public QObject
+{
+    Q_OBJECT
+
+    PortfolioWindow *window = nullptr;
+    BondPortfolio *portfolio = nullptr;
+    PersonRef alice, bob;
+
+    static PersonRef person(const char *first, const char *last)
+    {
+        PersonRecord fields;
+        fields.firstName = QString::fromLatin1(first);
+        fields.lastName = QString::fromLatin1(last);
+        return Person::create(PeopleStore::shared().createRecord(fields));
+    }
+    HoldingRef bond(const char *code, Month issue, Pennies face, qint32 quantity = 1, const PersonRef &owner = {})
+    {
+        auto holding = Holding::create();
+        holding->setSeries(Series::seriesForCode(QLatin1String(code)));
+        holding->setIssueDate(issue);
+        holding->setFaceValue(face);
+        holding->setQuantity(quantity);
+        holding->setPaper(true);
+        holding->setOwner(owner);
+        portfolio->adopt(*holding);
+        portfolio->appendHolding(holding);
+        return holding;
+    }
+    void valueAsOf(int year, int month)
+    {
+        QVERIFY(portfolio->setValueOfDate(Month(year, month).toDateTime()));
+    }
+    // Alice defers; Bob reports every year; one bond has no owner. Its 2021 taxes: Alice $314.72
+    // matured and $500.00 redeemed, Bob $37.68 earned, no owner $4.16.
+    void makeTaxYearPortfolio()
+    {
+        bond("N", Month(1991, 6), 10000, 2, alice);
+        QVERIFY(portfolio->redeem(bond("I", Month(2010, 1), 100000, 1, alice), 1, Month(2021, 3), 150000));
+        QVERIFY(portfolio->redeem(bond("I", Month(2010, 1), 50000, 1, alice), 1, Month(2020, 7), 70000));
+        QVERIFY(portfolio->redeem(bond("E", Month(1966, 1), 10000, 1, alice), 1, Month(2021, 5), 60000));
+        bond("I", Month(2020, 1), 100000, 1, bob);
+        bond("N", Month(1991, 6), 10000, 1, bob);
+        const HoldingRef noOwner = bond("I", Month(2019, 5), 10000);
+        QVERIFY(portfolio->redeem(noOwner, 1, Month(2021, 8), portfolio->redemptionValue(*noOwner, 1, Month(2021, 8))));
+        bond("N", Month(1992, 3), 5000, 1, alice);
+        portfolio->setReportsInterestYearly(bob, true);
+    }
+    RedeemDialog *openRedeemDialog(const HoldingRef &holding)
+    {
+        GuiTest::selectRows(window->bondTable(), {int(window->arrangedHoldings().indexOf(holding))});
+        window->action(PortfolioWindow::ActionId::Redeem)->trigger();
+        return window->findChild<RedeemDialog *>();
+    }
+    QString summaryText() const
+    {
+        QCoreApplication::processEvents();
+        QStringList rows;
+        for (int row = 0; row < window->summaryModel()->rowCount(); ++row)
+            rows << window->summaryModel()->index(row, 0).data().toString() + ' ' + window->summaryModel()->index(row, 1).data().toString();
+        return rows.join('\n');
+    }
+    static QString run(const QString &program, const QStringList &arguments)
+    {
+        QProcess process;
+        process.start(program, arguments);
+        process.waitForFinished();
+        return QString::fromUtf8(process.readAllStandardOutput());
+    }
+
+private slots:
+    void init()
+    {
+        window = DocumentManager::instance().newDocument();
+        portfolio = window->portfolio();
+        alice = person("Alice", "Able");
+        bob = person("Bob", "Baker");
+        portfolio->setTitleHolders({alice, bob});
+    }
+    void cleanup()
+    {
+        GuiTest::discardWindows();
+    }
+
+    // The month starts at the valuation month and the amount at the database's value for it; a
+    // refused month says why and keeps OK off; some bonds of a holding leave the rest held.
+    void redeemThroughTheDialog_data()
+    {
+        QTest::addColumn<int>("quantity");
+        QTest::addColumn<QString>("typedMonth");
+        QTest::addColumn<int>("redeemed");
+        QTest::addColumn<QString>("typedAmount");
+        QTest::addColumn<qint64>("defaultAmount");
+        QTest::addColumn<QString>("refusal");
+        QTest::addColumn<qint64>("received");
+        QTest::newRow("as offered") << 1 << "" << 1 << "" << qint64(10416) << "" << qint64(10416);
+        QTest::newRow("two of three") << 3 << "" << 2 << "2,500.00" << qint64(3 * 10416) << "" << qint64(250000);
+        QTest::newRow("before issue") << 1 << "04/2019" << 1 << "" << qint64(10416)
+                                      << "The redemption month cannot be before the issue month, 05/2019." << qint64(0);
+        QTest::newRow("within the first year") << 1 << "04/2020" << 1 << "" << qint64(10416)
+                                               << "These bonds cannot be cashed before 05/2020." << qint64(0);
+        QTest::newRow("no amount") << 1 << "" << 1 << "a lot" << qint64(10416)
+                                   << "Type the amount received in dollars, such as 1,234.56." << qint64(0);
+    }
+    void redeemThroughTheDialog()
+    {
+        QFETCH(int, quantity);
+        QFETCH(QString, typedMonth);
+        QFETCH(int, redeemed);
+        QFETCH(QString, typedAmount);
+        QFETCH(qint64, defaultAmount);
+        QFETCH(QString, refusal);
+        QFETCH(qint64, received);
+        valueAsOf(2021, 8);
+        const HoldingRef held = bond("I", Month(2019, 5), 10000, quantity, alice);
+        portfolio->undoStack()->clear();
+        RedeemDialog *dialog = openRedeemDialog(held);
+        QVERIFY(dialog);
+        QCOMPARE(dialog->month(), Month(2021, 8));
+        QCOMPARE(dialog->amount(), defaultAmount);
+        if (!typedMonth.isEmpty())
+            dialog->setMonth(Month::fromString(typedMonth, Month::Form::Slash));
+        dialog->setQuantity(redeemed);
+        if (!typedAmount.isEmpty())
+            dialog->setAmountText(typedAmount);
+        QCOMPARE(dialog->refusal(), refusal);
+        QCOMPARE(dialog->okButton()->isEnabled(), refusal.isEmpty());
+        dialog->okButton()->click();
+        if (!refusal.isEmpty()) {
+            QVERIFY(portfolio->redeemedHoldings().isEmpty());
+            QCOMPARE(portfolio->undoStack()->count(), 0);
+            return;
+        }
+        QCOMPARE(portfolio->redeemedHoldings().size(), 1);
+        const HoldingRef cashed = portfolio->redeemedHoldings().first();
+        QCOMPARE(cashed->quantity(), redeemed);
+        QCOMPARE(cashed->amountReceived(), received);
+        QCOMPARE(cashed->redemptionMonth(), Month(2021, 8));
+        QCOMPARE(portfolio->holdings().size(), quantity > redeemed ? 1 : 0);
+        QCOMPARE(portfolio->undoStack()->count(), 1);
+        QCOMPARE(window->action(PortfolioWindow::ActionId::Undo)->text(), QStringLiteral("Undo Redeem"));
+        portfolio->undoStack()->undo();
+        QVERIFY(portfolio->redeemedHoldings().isEmpty());
+        QCOMPARE(held->quantity(), quantity);
+        QCOMPARE(window->action(PortfolioWindow::ActionId::Redo)->text(), QStringLiteral("Redo Redeem"));
+    }
+
+    // Several holdings at once: each is cashed whole at its own value, in one step.
+    void redeemSeveralHoldings()
+    {
+        valueAsOf(2021, 8);
+        const HoldingRef first = bond("I", Month(2019, 5), 10000, 2), second = bond("I", Month(2019, 5), 10000);
+        portfolio->undoStack()->clear();
+        GuiTest::selectRows(window->bondTable(), {0, 1});
+        window->redeemSelectedBonds();
+        RedeemDialog *dialog = window->findChild<RedeemDialog *>();
+        QCOMPARE(dialog->amount(), 3 * 10416);
+        QVERIFY(dialog->redeem());
+        QCOMPARE(portfolio->redeemedHoldings(), (QList<HoldingRef>{first, second}));
+        QCOMPARE(second->amountReceived(), 10416);
+        QCOMPARE(portfolio->undoStack()->count(), 1);
+    }
+
+    // The redeemed view lists the cashed bonds; the held bonds' totals line and the interest
+    // summary count none of them until they are put back.
+    void redeemedViewAndHeldFigures_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QStringList>("cells");
+        // Series, quantity, face, issue, serial, people, redeemed, amount, interest, tax year.
+        QTest::newRow("cashed in 2021") << 0 << QStringList{"I Bond", "1", "$1,000.00", "01/2010", "", "Alice Able", "03/2021",
+                                                            "$1,500.00", "$500.00", "2021"};
+        QTest::newRow("matured long before") << 2 << QStringList{"E Bond", "1", "$100.00", "01/1966", "", "Alice Able", "05/2021",
+                                                                 "$600.00", "$525.00", "1996"};
+        QTest::newRow("no owner") << 3 << QStringList{"I Bond", "1", "$100.00", "05/2019", "", "", "08/2021", "$104.16", "$4.16", "2021"};
+    }
+    void redeemedViewAndHeldFigures()
+    {
+        QFETCH(int, row);
+        QFETCH(QStringList, cells);
+        makeTaxYearPortfolio();
+        valueAsOf(2021, 12);
+        window->showRedeemed(true);
+        QAbstractItemModel *shown = window->redeemedPanel()->table()->model();
+        QCOMPARE(shown->rowCount(), 4);
+        QStringList read;
+        for (int column = 0; column < RedeemedTableModel::Count; ++column)
+            read << shown->index(row, column).data().toString();
+        QCOMPARE(read, cells);
+        QCoreApplication::processEvents();
+        // Held: 2 + 1 + 1 + 1 Savings Notes and I bonds, $1,350.00 of face.
+        QVERIFY2(window->totalsText().startsWith("Total of 5 bond(s) shown: face value $1,350.00"), qPrintable(window->totalsText()));
+        const QString summaryBefore = summaryText();
+        GuiTest::selectRows(window->redeemedPanel()->table(), {row});
+        window->redeemedPanel()->unredeemButton()->click();
+        QCOMPARE(portfolio->undoStack()->undoText(), QStringLiteral("Un-redeem"));
+        QCoreApplication::processEvents();
+        QVERIFY2(window->totalsText().startsWith("Total of 6 bond(s) shown"), qPrintable(window->totalsText()));
+        QVERIFY2(summaryText() != summaryBefore, qPrintable(summaryBefore));
+        portfolio->undoStack()->undo();
+        GuiTest::selectRows(window->redeemedPanel()->table(), {row});
+        window->redeemedPanel()->deleteButton()->click();
+        QCOMPARE(portfolio->undoStack()->undoText(), QStringLiteral("Delete Holding"));
+        QCOMPARE(shown->rowCount(), 3);
+    }
+
+    // Edits of a redeemed bond are undoable "Edit"s; a month the bonds could not be cashed in is refused.
+    void redeemedBondsAreEdited()
+    {
+        makeTaxYearPortfolio();
+        RedeemedTableModel *model = window->redeemedPanel()->model();
+        QSignalSpy refused(model, &RedeemedTableModel::editRefused);
+        QVERIFY(model->setData(model->index(0, RedeemedTableModel::AmountReceived), "1,600.00", Qt::EditRole));
+        QCOMPARE(model->index(0, RedeemedTableModel::Interest).data().toString(), QStringLiteral("$600.00"));
+        QCOMPARE(portfolio->undoStack()->undoText(), QStringLiteral("Edit"));
+        QVERIFY(model->setData(model->index(0, RedeemedTableModel::RedemptionMonth), "02/2022", Qt::EditRole));
+        QCOMPARE(model->index(0, RedeemedTableModel::TaxYear).data().toString(), QStringLiteral("2022"));
+        QVERIFY(!model->setData(model->index(0, RedeemedTableModel::RedemptionMonth), "12/2009", Qt::EditRole));
+        QCOMPARE(refused.size(), 1);
+        QCOMPARE(refused.first().at(1).toString(), QStringLiteral("The redemption month cannot be before the issue month, 01/2010."));
+        QCOMPARE(model->index(0, RedeemedTableModel::RedemptionMonth).data().toString(), QStringLiteral("02/2022"));
+    }
+
+    // The tax report's table has each owner's total and the household's, the figures of the
+    // document's known answers; who reports yearly is chosen in the dialog, undoably.
+    void taxReportPerOwner_data()
+    {
+        QTest::addColumn<bool>("bobYearly");
+        QTest::addColumn<QStringList>("totals");
+        QTest::newRow("Bob reports yearly") << true << QStringList{"Alice Able:81472", "Bob Baker (reports interest every year):3768",
+                                                                   "No owner:416", "Household:85656"};
+        // Deferring, Bob reports his Savings Note's maturity instead: $207.36 - $50.00.
+        QTest::newRow("Bob defers") << false << QStringList{"Alice Able:81472", "Bob Baker:15736", "No owner:416", "Household:97624"};
+    }
+    void taxReportPerOwner()
+    {
+        QFETCH(bool, bobYearly);
+        QFETCH(QStringList, totals);
+        makeTaxYearPortfolio();
+        valueAsOf(2021, 12);
+        TaxYearDialog *dialog = window->showTaxReport();
+        QCOMPARE(dialog->year(), 2021);
+        QListWidgetItem *bobsBox = dialog->yearlyReporters()->item(1);
+        QCOMPARE(bobsBox->text(), QStringLiteral("Bob Baker"));
+        QCOMPARE(bobsBox->checkState(), Qt::Checked);
+        if (!bobYearly) {
+            bobsBox->setCheckState(Qt::Unchecked);
+            QCOMPARE(portfolio->undoStack()->undoText(), QStringLiteral("Edit People"));
+            QVERIFY(!portfolio->reportsInterestYearly(bob.get()));
+        }
+        dialog->refresh();
+        QStringList read;
+        for (const TaxYearLine &line : dialog->model()->lines()) {
+            if (line.kind != TaxYearLine::Kind::Item)
+                read << line.owner + ':' + QString::number(line.interest);
+        }
+        QCOMPARE(read, totals);
+        QCOMPARE(dialog->nextYearHeading()->text(), QStringLiteral("Plan for next year: 1 holding reaches final maturity in 2022"));
+        QCOMPARE(dialog->nextYearList()->count(), 1);
+    }
+
+    // The CSV holds the table's lines under its titles, next year's plan and the state tax note.
+    void taxReportCsv()
+    {
+        makeTaxYearPortfolio();
+        TaxYearDialog *dialog = window->showTaxReport();
+        dialog->setYear(2021);
+        const QString path = GuiTest::path(QStringLiteral("tax.csv"));
+        QVERIFY(dialog->exportCsv(path));
+        const QStringList lines = QString::fromUtf8(GuiTest::readFile(path)).split('\n');
+        const QStringList expected{
+            "Owner,Bonds,Event,Interest,Note",
+            "Alice Able,\"Series EE bonds, 2 × $100.00, issued 06/1991\",\"Final maturity 06/2021, reportable even if not cashed\",314.72,",
+            "Alice Able,\"Series I bonds, 1 × $1,000.00, issued 01/2010\",Redeemed 03/2021,500.00,",
+            "Alice Able,,Total for Alice Able,814.72,",
+            "Bob Baker (reports interest every year),,Total for Bob Baker,37.68,",
+            "No owner,,Total for No owner,4.16,",
+            "Household,,Total for 2021,856.56,",
+            "Plan for next year: 1 holding reaches final maturity in 2022",
+            ",\"Series EE bonds, 1 × $50.00, issued 03/1992\",\"Final maturity 03/2022, interest so far $76.64\",76.64,",
+            "Savings bond interest is exempt from state and local income tax.",
+        };
+        for (const QString &line : expected)
+            QVERIFY2(lines.contains(line), qPrintable(line + "\nnot in\n" + lines.join('\n')));
+        QCOMPARE(lines.first(), expected.first());
+    }
+
+    // The PDF: title, portfolio, year and the figures, and "Page n of N" on every page.
+    void taxReportPdf_data()
+    {
+        QTest::addColumn<int>("extraBonds");
+        QTest::newRow("one page") << 0;
+        QTest::newRow("several pages") << 60;
+    }
+    void taxReportPdf()
+    {
+        QFETCH(int, extraBonds);
+        if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+            QSKIP("poppler-utils (pdfinfo, pdftotext) are not installed");
+        makeTaxYearPortfolio();
+        for (int k = 0; k < extraBonds; ++k)
+            QVERIFY(portfolio->redeem(bond("I", Month(2010, 1), 10000, 1, alice), 1, Month(2021, 4), 15000));
+        TaxYearDialog *dialog = window->showTaxReport();
+        dialog->setYear(2021);
+        const QString pdf = GuiTest::path(QStringLiteral("tax.pdf"));
+        QVERIFY(dialog->exportPdf(pdf));
+        const QString info = run(QStringLiteral("pdfinfo"), {pdf});
+        const int pages = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(info).captured(1).toInt();
+        QVERIFY2(extraBonds ? pages > 1 : pages == 1, qPrintable(info));
+        const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        for (const QString &expected : {QStringLiteral("Savings Bond Interest for Tax Year 2021"), QStringLiteral("Portfolio: Untitled"),
+                                        QStringLiteral("Owner"), QStringLiteral("Total for Alice Able"),
+                                        QStringLiteral("Savings bond interest is exempt"), QStringLiteral("Plan for next year")})
+            QVERIFY2(text.contains(expected), qPrintable(expected));
+        QVERIFY(text.contains(extraBonds ? "$3,856.56" : "$856.56"));
+        for (int page = 1; page <= pages; ++page)
+            QVERIFY2(text.contains(QStringLiteral("Page %1 of %2").arg(page).arg(pages)), qPrintable(text));
+    }
+
+    // In a year when held bonds reach final maturity, the notice says how many and what becomes
+    // reportable (Bob's, reported yearly, add nothing), and its link opens the tax report.
+    void maturityNotice_data()
+    {
+        QTest::addColumn<int>("year");
+        QTest::addColumn<QString>("sentence");
+        QTest::newRow("2021") << 2021
+                              << "3 bonds reach final maturity in 2021 and stop earning interest; $314.72 of interest becomes "
+                                 "reportable for 2021, even if not cashed.";
+        QTest::newRow("2023") << 2023 << "";
+    }
+    void maturityNotice()
+    {
+        QFETCH(int, year);
+        QFETCH(QString, sentence);
+        makeTaxYearPortfolio();
+        valueAsOf(year, 8);
+        window->show();
+        MaturityNoticeBar *bar = window->maturityBar();
+        bar->follow();
+        QCOMPARE(bar->isVisible(), !sentence.isEmpty());
+        if (sentence.isEmpty())
+            return;
+        QVERIFY2(bar->message()->text().startsWith(sentence), qPrintable(bar->message()->text()));
+        emit bar->message()->linkActivated(QStringLiteral("tax"));
+        QVERIFY(window->findChild<TaxYearDialog *>()->isVisible());
+        bar->closeButton()->click();
+        bar->follow();
+        QVERIFY(!bar->isVisible());
+    }
+};
+
+QUILLMERE_GUI_TEST_MAIN(RedemptionsTest)
+#include "tst_redemptions.moc"
