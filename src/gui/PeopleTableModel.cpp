@@ -2,6 +2,20 @@
 
 #include "document/BondPortfolio.h"
 
+#include <algorithm>
+
+namespace {
+
+// The held bonds a person is named on: redeemed ones stay registered with their people, for the
+// tax report, but are no longer the household's. No value (an empty cell) for none.
+QVariant heldCount(const QList<Holding *> &holdings)
+{
+    const auto held = std::count_if(holdings.cbegin(), holdings.cend(), [](const Holding *holding) { return !holding->isRedeemed(); });
+    return held ? QVariant(int(held)) : QVariant();
+}
+
+} // namespace
+
 PeopleTableModel::PeopleTableModel(BondPortfolio *portfolio, QObject *parent)
     : QAbstractTableModel(parent)
     , m_portfolio(portfolio)
@@ -14,6 +28,18 @@ PeopleTableModel::PeopleTableModel(BondPortfolio *portfolio, QObject *parent)
     connect(portfolio, &BondPortfolio::titleHoldersChanged, this, [this] {
         watchPeople();
         endResetModel();
+    });
+    // Bonds cashed or put back change what each person holds without changing their roles.
+    const auto countsChanged = [this] {
+        if (rowCount() > 0)
+            emit dataChanged(index(0, Owner), index(rowCount() - 1, Beneficiary));
+    };
+    for (auto signal : {&BondPortfolio::redeemedInserted, &BondPortfolio::redeemedRemoved})
+        connect(portfolio, signal, this, countsChanged);
+    connect(portfolio, &BondPortfolio::redeemedReset, this, countsChanged);
+    connect(portfolio, &BondPortfolio::holdingChanged, this, [countsChanged](Holding *, HoldingProperty property) {
+        if (property == HoldingProperty::RedemptionMonth)
+            countsChanged();
     });
     watchPeople();
 }
@@ -72,11 +98,11 @@ QVariant PeopleTableModel::data(const QModelIndex &index, int role) const
     case Name:
         return person.name();
     case Owner:
-        return person.ownerHoldingsCount();
+        return heldCount(person.ownerHoldings());
     case CoOwner:
-        return person.coOwnerHoldingsCount();
+        return heldCount(person.coOwnerHoldings());
     case Beneficiary:
-        return person.beneficiaryHoldingsCount();
+        return heldCount(person.beneficiaryHoldings());
     }
     return {};
 }

@@ -60,7 +60,9 @@ PortfolioWindow::PortfolioWindow(BondPortfolio *portfolio, QWidget *parent)
             [this] { UpdaterSession::instance().showUpdater(this); });
     centralLayout->addWidget(m_updateBar);
     m_maturityBar = new MaturityNoticeBar(*portfolio, central);
-    connect(m_maturityBar, &MaturityNoticeBar::taxReportRequested, this, &PortfolioWindow::showTaxReport);
+    // The notice is about the valuation month's year, so the report opens on it.
+    connect(m_maturityBar, &MaturityNoticeBar::taxReportRequested, this,
+            [this] { showTaxReport()->setYear(m_portfolio->valueOfMonth().year()); });
     centralLayout->addWidget(m_maturityBar);
     centralLayout->addWidget(splitter, 1);
     setCentralWidget(central);

@@ -42,7 +42,9 @@ RedeemDialog::RedeemDialog(BondPortfolio &portfolio, QList<HoldingRef> holdings,
     m_amount->setToolTip(tr("What the bank paid. It starts at the value in the database for the month."));
     m_refusal = new QLabel(this);
     m_refusal->setWordWrap(true);
-    m_refusal->setStyleSheet(QStringLiteral("color: #b00000"));
+    QPalette warning = m_refusal->palette();
+    warning.setColor(QPalette::WindowText, QColor(0xb0, 0, 0));
+    m_refusal->setPalette(warning);
 
     auto *form = new QFormLayout;
     form->addRow(tr("Redemption month:"), m_month);

@@ -33,7 +33,7 @@ RedeemedBondsPanel::RedeemedBondsPanel(BondPortfolio *portfolio, QWidget *parent
                              | QAbstractItemView::AnyKeyPressed);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     m_table->horizontalHeader()->setSectionResizeMode(RedeemedTableModel::People, QHeaderView::Stretch);
-    const int widths[RedeemedTableModel::Count] = {96, 70, 92, 84, 116, 200, 90, 120, 100, 80};
+    const int widths[RedeemedTableModel::Count] = {84, 66, 86, 80, 80, 120, 90, 72, 112, 200};
     for (int column = 0; column < RedeemedTableModel::Count; ++column)
         m_table->setColumnWidth(column, widths[column]);
 

@@ -10,11 +10,11 @@
 namespace {
 
 const char *const Titles[RedeemedTableModel::Count] = {
-    QT_TRANSLATE_NOOP("RedeemedTableModel", "Series"),          QT_TRANSLATE_NOOP("RedeemedTableModel", "Quantity"),
-    QT_TRANSLATE_NOOP("RedeemedTableModel", "Face Value"),      QT_TRANSLATE_NOOP("RedeemedTableModel", "Issue Date"),
-    QT_TRANSLATE_NOOP("RedeemedTableModel", "Serial Number"),   QT_TRANSLATE_NOOP("RedeemedTableModel", "People"),
-    QT_TRANSLATE_NOOP("RedeemedTableModel", "Redeemed"),        QT_TRANSLATE_NOOP("RedeemedTableModel", "Amount Received"),
-    QT_TRANSLATE_NOOP("RedeemedTableModel", "Interest"),        QT_TRANSLATE_NOOP("RedeemedTableModel", "Tax Year"),
+    QT_TRANSLATE_NOOP("RedeemedTableModel", "Series"),     QT_TRANSLATE_NOOP("RedeemedTableModel", "Quantity"),
+    QT_TRANSLATE_NOOP("RedeemedTableModel", "Face Value"), QT_TRANSLATE_NOOP("RedeemedTableModel", "Issue Date"),
+    QT_TRANSLATE_NOOP("RedeemedTableModel", "Redeemed"),   QT_TRANSLATE_NOOP("RedeemedTableModel", "Amount Received"),
+    QT_TRANSLATE_NOOP("RedeemedTableModel", "Interest"),   QT_TRANSLATE_NOOP("RedeemedTableModel", "Tax Year"),
+    QT_TRANSLATE_NOOP("RedeemedTableModel", "Serial Number"), QT_TRANSLATE_NOOP("RedeemedTableModel", "People"),
 };
 
 bool isMoney(int column)
@@ -118,7 +118,7 @@ QVariant RedeemedTableModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         if (isMoney(index.column()) || index.column() == Quantity)
             return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
-        return QVariant::fromValue(index.column() == People || index.column() == SerialNumber ? Qt::AlignLeft | Qt::AlignVCenter
+        return QVariant::fromValue(index.column() == People || index.column() == SerialNumber || index.column() == Series ? Qt::AlignLeft | Qt::AlignVCenter
                                                                                               : Qt::AlignCenter);
     default:
         return {};

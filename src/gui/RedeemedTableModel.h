@@ -12,8 +12,9 @@ class RedeemedTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
-    enum Column { Series, Quantity, FaceValue, IssueDate, SerialNumber, People, RedemptionMonth, AmountReceived,
-                  Interest, TaxYear, Count };
+    // What was cashed and what it brought come first, so that a narrow window shows them.
+    enum Column { Series, Quantity, FaceValue, IssueDate, RedemptionMonth, AmountReceived, Interest, TaxYear, SerialNumber,
+                  People, Count };
     enum Role { HoldingRole = Qt::UserRole + 1, SortRole };
 
     explicit RedeemedTableModel(BondPortfolio *portfolio, QObject *parent = nullptr);

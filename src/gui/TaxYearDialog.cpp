@@ -72,6 +72,9 @@ TaxYearDialog::TaxYearDialog(BondPortfolio &portfolio, QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton *csv = buttons->addButton(tr("Export CSV…"), QDialogButtonBox::ActionRole);
     QPushButton *pdf = buttons->addButton(tr("Export PDF…"), QDialogButtonBox::ActionRole);
+    for (QPushButton *button : {csv, pdf})
+        button->setAutoDefault(false);
+    buttons->button(QDialogButtonBox::Close)->setDefault(true);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     connect(csv, &QPushButton::clicked, this, &TaxYearDialog::chooseCsvFile);
     connect(pdf, &QPushButton::clicked, this, &TaxYearDialog::choosePdfFile);

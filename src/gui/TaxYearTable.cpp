@@ -41,7 +41,8 @@ QList<TaxYearLine> linesOf(const TaxYearReport &report)
                                  TaxYearText::itemText(item), TaxYearText::estimateNote(item), item.interest};
         }
         lines << TaxYearLine{TaxYearLine::Kind::OwnerTotal, owner.items.isEmpty(), name, QString(),
-                             QCoreApplication::translate("TaxYearTable", "Total for %1").arg(owner.owner ? owner.owner->name() : TaxYearText::ownerText(owner)),
+                             owner.owner ? QCoreApplication::translate("TaxYearTable", "Total for %1").arg(owner.owner->name())
+                                         : QCoreApplication::translate("TaxYearTable", "Total without an owner"),
                              QString(), owner.total()};
     }
     lines << TaxYearLine{TaxYearLine::Kind::HouseholdTotal, true, QCoreApplication::translate("TaxYearTable", "Household"), QString(),

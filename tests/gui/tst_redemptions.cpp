@@ -119,7 +119,8 @@ private slots:
         QTest::addColumn<QString>("refusal");
         QTest::addColumn<qint64>("received");
         QTest::newRow("as offered") << 1 << "" << 1 << "" << qint64(10416) << "" << qint64(10416);
-        QTest::newRow("two of three") << 3 << "" << 2 << "2,500.00" << qint64(3 * 10416) << "" << qint64(250000);
+        QTest::newRow("two of three") << 3 << "" << 2 << "" << qint64(3 * 10416) << "" << qint64(2 * 10416);
+        QTest::newRow("one of three, as paid") << 3 << "" << 1 << "$110.00" << qint64(3 * 10416) << "" << qint64(11000);
         QTest::newRow("before issue") << 1 << "04/2019" << 1 << "" << qint64(10416)
                                       << "The redemption month cannot be before the issue month, 05/2019." << qint64(0);
         QTest::newRow("within the first year") << 1 << "04/2020" << 1 << "" << qint64(10416)
@@ -192,20 +193,25 @@ private slots:
     {
         QTest::addColumn<int>("row");
         QTest::addColumn<QStringList>("cells");
-        // Series, quantity, face, issue, serial, people, redeemed, amount, interest, tax year.
-        QTest::newRow("cashed in 2021") << 0 << QStringList{"I Bond", "1", "$1,000.00", "01/2010", "", "Alice Able", "03/2021",
-                                                            "$1,500.00", "$500.00", "2021"};
-        QTest::newRow("matured long before") << 2 << QStringList{"E Bond", "1", "$100.00", "01/1966", "", "Alice Able", "05/2021",
-                                                                 "$600.00", "$525.00", "1996"};
-        QTest::newRow("no owner") << 3 << QStringList{"I Bond", "1", "$100.00", "05/2019", "", "", "08/2021", "$104.16", "$4.16", "2021"};
+        QTest::addColumn<int>("aliceHoldsAfterUnredeem"); // holdings she is owner of
+        // Series, quantity, face, issue, redeemed, amount, interest, tax year, serial, people.
+        QTest::newRow("cashed in 2021") << 0 << QStringList{"I Bond", "1", "$1,000.00", "01/2010", "03/2021", "$1,500.00", "$500.00",
+                                                            "2021", "", "Alice Able"} << 3;
+        QTest::newRow("matured long before") << 2 << QStringList{"E Bond", "1", "$100.00", "01/1966", "05/2021", "$600.00", "$525.00",
+                                                                 "1996", "", "Alice Able"} << 3;
+        QTest::newRow("no owner") << 3 << QStringList{"I Bond", "1", "$100.00", "05/2019", "08/2021", "$104.16", "$4.16", "2021", "", ""} << 2;
     }
     void redeemedViewAndHeldFigures()
     {
         QFETCH(int, row);
         QFETCH(QStringList, cells);
+        QFETCH(int, aliceHoldsAfterUnredeem);
         makeTaxYearPortfolio();
         valueAsOf(2021, 12);
+        // The held bonds' commands wait while the redeemed ones are shown.
+        GuiTest::selectRows(window->bondTable(), {0});
         window->showRedeemed(true);
+        QVERIFY(!window->action(PortfolioWindow::ActionId::Redeem)->isEnabled());
         QAbstractItemModel *shown = window->redeemedPanel()->table()->model();
         QCOMPARE(shown->rowCount(), 4);
         QStringList read;
@@ -216,17 +222,24 @@ private slots:
         // Held: 2 + 1 + 1 + 1 Savings Notes and I bonds, $1,350.00 of face.
         QVERIFY2(window->totalsText().startsWith("Total of 5 bond(s) shown: face value $1,350.00"), qPrintable(window->totalsText()));
         const QString summaryBefore = summaryText();
+        const QModelIndex aliceOwns = window->peopleTable()->model()->index(0, 1);
+        QCOMPARE(aliceOwns.data().toInt(), 2);
         GuiTest::selectRows(window->redeemedPanel()->table(), {row});
         window->redeemedPanel()->unredeemButton()->click();
         QCOMPARE(portfolio->undoStack()->undoText(), QStringLiteral("Un-redeem"));
         QCoreApplication::processEvents();
         QVERIFY2(window->totalsText().startsWith("Total of 6 bond(s) shown"), qPrintable(window->totalsText()));
         QVERIFY2(summaryText() != summaryBefore, qPrintable(summaryBefore));
+        QCOMPARE(aliceOwns.data().toInt(), aliceHoldsAfterUnredeem);
         portfolio->undoStack()->undo();
+        // As a click on the table leaves it.
+        window->show();
+        window->redeemedPanel()->table()->setFocus();
         GuiTest::selectRows(window->redeemedPanel()->table(), {row});
-        window->redeemedPanel()->deleteButton()->click();
+        window->action(PortfolioWindow::ActionId::Delete)->trigger();
         QCOMPARE(portfolio->undoStack()->undoText(), QStringLiteral("Delete Holding"));
         QCOMPARE(shown->rowCount(), 3);
+        QCOMPARE(portfolio->holdings().size(), 4);
     }
 
     // Edits of a redeemed bond are undoable "Edit"s; a month the bonds could not be cashed in is refused.
@@ -244,6 +257,15 @@ private slots:
         QCOMPARE(refused.size(), 1);
         QCOMPARE(refused.first().at(1).toString(), QStringLiteral("The redemption month cannot be before the issue month, 01/2010."));
         QCOMPARE(model->index(0, RedeemedTableModel::RedemptionMonth).data().toString(), QStringLiteral("02/2022"));
+        portfolio->setReportsInterestYearly(alice, true);
+        QCOMPARE(model->index(0, RedeemedTableModel::TaxYear).data().toString(), QStringLiteral("every year"));
+        // Two rows at once, one step.
+        const QList<HoldingRef> before = portfolio->redeemedHoldings();
+        GuiTest::selectRows(window->redeemedPanel()->table(), {1, 2});
+        window->redeemedPanel()->deleteButton()->click();
+        QCOMPARE(portfolio->redeemedHoldings(), (QList<HoldingRef>{before.at(0), before.at(3)}));
+        portfolio->undoStack()->undo();
+        QCOMPARE(portfolio->redeemedHoldings(), before);
     }
 
     // The tax report's table has each owner's total and the household's, the figures of the
@@ -299,7 +321,7 @@ private slots:
             "Alice Able,\"Series I bonds, 1 × $1,000.00, issued 01/2010\",Redeemed 03/2021,500.00,",
             "Alice Able,,Total for Alice Able,814.72,",
             "Bob Baker (reports interest every year),,Total for Bob Baker,37.68,",
-            "No owner,,Total for No owner,4.16,",
+            "No owner,,Total without an owner,4.16,",
             "Household,,Total for 2021,856.56,",
             "Plan for next year: 1 holding reaches final maturity in 2022",
             ",\"Series EE bonds, 1 × $50.00, issued 03/1992\",\"Final maturity 03/2022, interest so far $76.64\",76.64,",
@@ -366,8 +388,10 @@ private slots:
         if (sentence.isEmpty())
             return;
         QVERIFY2(bar->message()->text().startsWith(sentence), qPrintable(bar->message()->text()));
+        window->showTaxReport()->setYear(2000);
         emit bar->message()->linkActivated(QStringLiteral("tax"));
         QVERIFY(window->findChild<TaxYearDialog *>()->isVisible());
+        QCOMPARE(window->findChild<TaxYearDialog *>()->year(), year);
         bar->closeButton()->click();
         bar->follow();
         QVERIFY(!bar->isVisible());

@@ -57,6 +57,7 @@ NOT_SHOWN_IN_FILE = {
     "UserDefaults.h": {"BondTableColumnSettings"},
     "Holding.h": {"HoldingIssueDate"},
     "ValuationMonth.h": {"ValueOfDate"},
+    "BondPortfolioRedemptions.cpp": {"Redemption"},  # the validation errors' domain
     "BondPortfolio.h": {"Savings Bond Portfolio"},  # the document type's name
     # Formats of the log's lines.
     "PriceDataInstaller.cpp": {"updatePricingDataWithData >>: %1", "<<updatePricingDataWithData: %1",
@@ -65,6 +66,15 @@ NOT_SHOWN_IN_FILE = {
     # The series' labels and the registration's form are data the portfolio file and exports hold.
     "Series.cpp": {"Savings Note", "EE Bond", "E Bond", "I Bond"},
     "Holding.cpp": {"%1 OR %2", "%1 POD %2"},
+    # The markup of the printed tax report and of the notice's link around their translated words.
+    "TaxYearPrint.cpp": {"<table width=\\\"100%\\\" cellspacing=\\\"0\\\" cellpadding=\\\"3\\\" border=\\\"0.5\\\"><tr>",
+                         "<th align=\\\"left\\\" bgcolor=\\\"#e8e8e8\\\" width=\\\"%1%\\\">%2</th>",
+                         " style=\\\"font-weight:bold\\\"",
+                         "<tr%1><td>%2</td><td>%3</td><td>%4</td><td align=\\\"right\\\" nowrap>%5</td><td>%6</td></tr>",
+                         "<table width=\\\"100%\\\" cellspacing=\\\"0\\\" cellpadding=\\\"3\\\"><tr>",
+                         "<th align=\\\"left\\\" colspan=\\\"2\\\">%1</th></tr>",
+                         "<tr><td width=\\\"50%\\\">%1</td><td>%2</td></tr>"},
+    "MaturityNoticeBar.cpp": {" <a href=\\\"tax\\\">%1</a>"},
 }
 # Files that hold statements for the database and no words: their literals are all SQL.
 NO_TEXTS = {"ValueHistoryPacking.cpp"}
