@@ -13,6 +13,7 @@
 #include "InterestSummaryModel.h"
 #include "MaturityNoticeBar.h"
 #include "PeopleTableModel.h"
+#include "RedeemedBondsPanel.h"
 #include "TaxYearDialog.h"
 #include "UpdateAvailableBar.h"
 #include "UpdaterWindow.h"
@@ -198,6 +199,7 @@ QWidget *PortfolioWindow::createBondTable()
 void PortfolioWindow::peopleSelectionChanged()
 {
     m_filterModel->setSelectedPeople(selectedPeople());
+    m_redeemedPanel->setSelectedPeople(selectedPeople());
     updateActions();
 }
 

@@ -2,6 +2,7 @@
 
 #include "RedeemedTableModel.h"
 #include "document/BondPortfolio.h"
+#include "model/HoldingFilter.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -12,17 +13,39 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+// The rows the people chosen narrow the table to, sorted as the user clicks.
+class RedeemedBondsPanel::ShownRows : public QSortFilterProxyModel
+{
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+    void setPeople(const QList<PersonRef> &people)
+    {
+        m_filter = HoldingFilter(people);
+        invalidateFilter();
+    }
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex &) const override
+    {
+        const HoldingRef holding = static_cast<RedeemedTableModel *>(sourceModel())->holdingAt(row);
+        return holding && m_filter.accepts(*holding);
+    }
+
+private:
+    HoldingFilter m_filter;
+};
+
 RedeemedBondsPanel::RedeemedBondsPanel(BondPortfolio *portfolio, QWidget *parent)
     : QWidget(parent)
     , m_portfolio(portfolio)
 {
     m_model = new RedeemedTableModel(portfolio, this);
-    m_sorted = new QSortFilterProxyModel(this);
-    m_sorted->setSourceModel(m_model);
-    m_sorted->setSortRole(RedeemedTableModel::SortRole);
+    m_shown = new ShownRows(this);
+    m_shown->setSourceModel(m_model);
+    m_shown->setSortRole(RedeemedTableModel::SortRole);
     m_table = new QTableView(this);
     m_table->setObjectName(QStringLiteral("redeemedTable"));
-    m_table->setModel(m_sorted);
+    m_table->setModel(m_shown);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(-1, Qt::AscendingOrder);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -59,10 +82,11 @@ RedeemedBondsPanel::RedeemedBondsPanel(BondPortfolio *portfolio, QWidget *parent
     connect(m_delete, &QPushButton::clicked, this, &RedeemedBondsPanel::deleteSelected);
     connect(m_model, &RedeemedTableModel::editRefused, this, &RedeemedBondsPanel::editRefused);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RedeemedBondsPanel::follow);
-    connect(m_model, &QAbstractItemModel::modelReset, this, &RedeemedBondsPanel::follow);
-    connect(m_model, &QAbstractItemModel::rowsInserted, this, &RedeemedBondsPanel::follow);
-    connect(m_model, &QAbstractItemModel::rowsRemoved, this, &RedeemedBondsPanel::follow);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, &RedeemedBondsPanel::follow);
+    connect(m_shown, &QAbstractItemModel::modelReset, this, &RedeemedBondsPanel::follow);
+    connect(m_shown, &QAbstractItemModel::layoutChanged, this, &RedeemedBondsPanel::follow);
+    connect(m_shown, &QAbstractItemModel::rowsInserted, this, &RedeemedBondsPanel::follow);
+    connect(m_shown, &QAbstractItemModel::rowsRemoved, this, &RedeemedBondsPanel::follow);
+    connect(m_shown, &QAbstractItemModel::dataChanged, this, &RedeemedBondsPanel::follow);
     follow();
 }
 
@@ -78,7 +102,7 @@ QList<int> RedeemedBondsPanel::selectedRowsFromLast() const
 {
     QList<int> rows;
     for (const QModelIndex &index : m_table->selectionModel()->selectedRows())
-        rows << m_sorted->mapToSource(index).row();
+        rows << m_shown->mapToSource(index).row();
     std::sort(rows.begin(), rows.end(), std::greater<>());
     return rows;
 }
@@ -99,6 +123,12 @@ void RedeemedBondsPanel::deleteSelected()
         m_portfolio->removeRedeemedAt(row);
 }
 
+void RedeemedBondsPanel::setSelectedPeople(const QList<PersonRef> &people)
+{
+    m_shown->setPeople(people);
+    follow();
+}
+
 QString RedeemedBondsPanel::totalsText() const
 {
     return m_totals->text();
@@ -111,7 +141,8 @@ void RedeemedBondsPanel::follow()
     m_delete->setEnabled(selected);
     qint64 bonds = 0;
     Pennies received = 0, interest = 0;
-    for (const HoldingRef &holding : m_portfolio->redeemedHoldings()) {
+    for (int row = 0; row < m_shown->rowCount(); ++row) {
+        const HoldingRef holding = m_model->holdingAt(m_shown->mapToSource(m_shown->index(row, 0)).row());
         bonds += holding->countedQuantity();
         received += holding->amountReceived();
         interest += holding->redemptionInterest();

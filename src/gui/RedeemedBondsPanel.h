@@ -8,7 +8,6 @@
 class BondPortfolio;
 class QLabel;
 class QPushButton;
-class QSortFilterProxyModel;
 class QTableView;
 class RedeemedTableModel;
 
@@ -22,6 +21,9 @@ public:
     RedeemedTableModel *model() const { return m_model; }
     QPushButton *unredeemButton() const { return m_unredeem; }
     QPushButton *deleteButton() const { return m_delete; }
+    // Shows only the bonds naming any of these people, as the held bonds are narrowed; everyone's for none.
+    void setSelectedPeople(const QList<PersonRef> &people);
+    // How many bonds the rows shown hold, what they brought and their interest.
     QString totalsText() const;
     QList<HoldingRef> selectedHoldings() const;
 
@@ -38,7 +40,8 @@ private:
 
     BondPortfolio *m_portfolio;
     RedeemedTableModel *m_model = nullptr;
-    QSortFilterProxyModel *m_sorted = nullptr;
+    class ShownRows;
+    ShownRows *m_shown = nullptr;
     QTableView *m_table = nullptr;
     QPushButton *m_unredeem = nullptr;
     QPushButton *m_delete = nullptr;

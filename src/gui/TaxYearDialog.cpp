@@ -45,7 +45,10 @@ TaxYearDialog::TaxYearDialog(BondPortfolio &portfolio, QWidget *parent)
     m_table->setModel(m_model);
     m_table->verticalHeader()->hide();
     m_table->setSelectionMode(QAbstractItemView::NoSelection);
-    m_table->setWordWrap(false);
+    // Long descriptions wrap onto more lines rather than being cut off in a narrow window.
+    m_table->setWordWrap(true);
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_table->verticalHeader()->setMinimumSectionSize(m_table->fontMetrics().height() + 8);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->horizontalHeader()->setSectionResizeMode(TaxYearTableModel::Bonds, QHeaderView::Stretch);
     m_table->horizontalHeader()->setMinimumSectionSize(60);
@@ -127,7 +130,9 @@ void TaxYearDialog::refresh()
     m_refreshPending = false;
     m_model->setReport(TaxYearReport::of(m_portfolio.data(), m_portfolio.assessor(), year()));
     const TaxYearReport &report = m_model->report();
-    m_nextYearHeading->setText(TaxYearText::nextYearHeading(report));
+    m_nextYearHeading->setText(report.nextYear.isEmpty()
+                                   ? tr("Plan for next year: no held bond reaches final maturity in %1").arg(report.year + 1)
+                                   : TaxYearText::nextYearHeading(report));
     m_nextYear->clear();
     for (const NextYearMaturity &maturity : report.nextYear)
         m_nextYear->addItem(tr("%1: %2").arg(TaxYearText::bondText(*maturity.holding), TaxYearTable::nextYearText(maturity)));

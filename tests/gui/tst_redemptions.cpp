@@ -259,6 +259,11 @@ private slots:
         QCOMPARE(model->index(0, RedeemedTableModel::RedemptionMonth).data().toString(), QStringLiteral("02/2022"));
         portfolio->setReportsInterestYearly(alice, true);
         QCOMPARE(model->index(0, RedeemedTableModel::TaxYear).data().toString(), QStringLiteral("every year"));
+        // The people chosen narrow the redeemed bonds as they narrow the held ones.
+        GuiTest::selectRows(window->peopleTable(), {0});
+        QCOMPARE(window->redeemedPanel()->table()->model()->rowCount(), 3);
+        QCOMPARE(window->redeemedPanel()->totalsText(), QStringLiteral("3 bonds redeemed: received $2,900.00 · interest $1,325.00"));
+        window->peopleTable()->clearSelection();
         // Two rows at once, one step.
         const QList<HoldingRef> before = portfolio->redeemedHoldings();
         GuiTest::selectRows(window->redeemedPanel()->table(), {1, 2});
