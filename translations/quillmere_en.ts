@@ -1815,6 +1815,25 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>MaturityNoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 bond reaches final maturity in %1 and stops earning interest; %2 of interest becomes reportable for %1, even if not cashed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 bonds reach final maturity in %2 and stop earning interest; %3 of interest becomes reportable for %2, even if not cashed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the tax report…</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Money</name>
     <message>
         <source>Value (%1) does not respond to -doubleValue.</source>
@@ -2513,6 +2532,42 @@ a price list, and a list of your portfolio holdings.</source>
         <source>Note: %1.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Redeem…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Record the selected bonds as cashed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Tax Year…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redeem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Reports</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redeemed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bonds the household holds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bonds cashed, with what was received and the interest to report</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PreferencesDialog</name>
@@ -2774,6 +2829,151 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>RedeemDialog</name>
+    <message>
+        <source>Redeem Bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 holdings, all of their bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MM/YYYY</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the bank paid. It starts at the value in the database for the month.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redemption month:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bonds redeemed:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Amount received:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Amount received in all:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redeem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type the redemption month as MM/YYYY, such as 03/2021.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Holding %1 of %2: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type the amount received in dollars, such as 1,234.56.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RedeemedBondsPanel</name>
+    <message>
+        <source>Un-redeem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put the selected bonds back among the bonds held</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete the selected redeemed bonds from the portfolio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 bond redeemed: received %1 · interest %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 bonds redeemed: received %2 · interest %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RedeemedTableModel</name>
+    <message>
+        <source>Series</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redeemed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Amount Received</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tax Year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serial Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>People</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>every year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid redemption month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type the month as MM/YYYY, such as 03/2021.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid amount</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type the amount received in dollars, such as 1,234.56.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>SaveFailureReason</name>
     <message>
         <source>the disk is full</source>
@@ -2839,6 +3039,103 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Savings Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TaxYearDialog</name>
+    <message>
+        <source>Tax Year Report — %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tax year:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Owners who report interest every year, instead of when their bonds are cashed or reach final maturity:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export CSV…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export PDF…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plan for next year: no held bond reaches final maturity in %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 tax year %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report could not be exported</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Tax Year Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PDF documents (*.pdf)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TaxYearPrint</name>
+    <message>
+        <source>Savings Bond Interest for Tax Year %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Portfolio: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Printed %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TaxYearTable</name>
+    <message>
+        <source>Total for %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total without an owner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Household</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Final maturity %1, interest so far %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
