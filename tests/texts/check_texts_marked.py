@@ -42,6 +42,8 @@ NOT_SHOWN_IN_FILE = {
     "HoldingCsv.cpp": {"Bond Series,Quantity,Issue Date,Issue Price,Face Value,Interest Earned,Value,",
                        "Serial Number,Owner,Co-owner,Beneficiary\\n"},
     "HoldingQuicken.cpp": {" purchased %02d/%4d"},
+    # The Treasury calculator's form field names.
+    "CalculatorListImport.cpp": {"SeriesList", "IssueDateList", "DenominationList", "SerialNumList"},
     "PortfolioQuicken.cpp": {"PriceList.qif", "Positions.qif", "PriceList-%1.qif", "Positions-%1.qif"},
     "PortfolioQuicken.h": {"Generated with Quillmere"},
     "TreasuryValueFile.cpp": {"January", "February", "March", "April", "May", "June", "July", "August",
