@@ -2,6 +2,7 @@
 // tax report with its exports, and the notice of bonds reaching final maturity this year. The
 // portfolio is the hand-made one whose 2021 figures the document's own tests know.
 #include "GuiTestMain.h"
+#include "../support/TaxYearPortfolio.h"
 #include "BondTableView.h"
 #include "InterestSummaryModel.h"
 #include "MaturityNoticeBar.h"
@@ -41,36 +42,13 @@ class RedemptionsTest : public QObject
     }
     HoldingRef bond(const char *code, Month issue, Pennies face, qint32 quantity = 1, const PersonRef &owner = {})
     {
-        auto holding = Holding::create();
-        holding->setSeries(Series::seriesForCode(QLatin1String(code)));
-        holding->setIssueDate(issue);
-        holding->setFaceValue(face);
-        holding->setQuantity(quantity);
-        holding->setPaper(true);
-        holding->setOwner(owner);
-        portfolio->adopt(*holding);
-        portfolio->appendHolding(holding);
-        return holding;
+        return TaxYearPortfolio::addBond(*portfolio, code, issue, face, quantity, owner);
     }
     void valueAsOf(int year, int month)
     {
         QVERIFY(portfolio->setValueOfDate(Month(year, month).toDateTime()));
     }
-    // Alice defers; Bob reports every year; one bond has no owner. Its 2021 taxes: Alice $314.72
-    // matured and $500.00 redeemed, Bob $37.68 earned, no owner $4.16.
-    void makeTaxYearPortfolio()
-    {
-        bond("N", Month(1991, 6), 10000, 2, alice);
-        QVERIFY(portfolio->redeem(bond("I", Month(2010, 1), 100000, 1, alice), 1, Month(2021, 3), 150000));
-        QVERIFY(portfolio->redeem(bond("I", Month(2010, 1), 50000, 1, alice), 1, Month(2020, 7), 70000));
-        QVERIFY(portfolio->redeem(bond("E", Month(1966, 1), 10000, 1, alice), 1, Month(2021, 5), 60000));
-        bond("I", Month(2020, 1), 100000, 1, bob);
-        bond("N", Month(1991, 6), 10000, 1, bob);
-        const HoldingRef noOwner = bond("I", Month(2019, 5), 10000);
-        QVERIFY(portfolio->redeem(noOwner, 1, Month(2021, 8), portfolio->redemptionValue(*noOwner, 1, Month(2021, 8))));
-        bond("N", Month(1992, 3), 5000, 1, alice);
-        portfolio->setReportsInterestYearly(bob, true);
-    }
+    void makeTaxYearPortfolio() { QVERIFY(TaxYearPortfolio::make(*portfolio, alice, bob)); }
     RedeemDialog *openRedeemDialog(const HoldingRef &holding)
     {
         GuiTest::selectRows(window->bondTable(), {int(window->arrangedHoldings().indexOf(holding))});

@@ -2,6 +2,7 @@
 // file, and what each owner reports for a tax year (known answers from the shipped database).
 #include "../PeopleFixture.h"
 #include "IndependentReaders.h"
+#include "TaxYearPortfolio.h"
 #include "TestSupport.h"
 #include "document/BondPortfolio.h"
 #include "document/TaxYearReport.h"
@@ -26,16 +27,7 @@ protected:
 
     HoldingRef bond(const char *code, Month issue, Pennies face, qint32 quantity = 1, const PersonRef &owner = {})
     {
-        auto holding = Holding::create();
-        holding->setSeries(Series::seriesForCode(QLatin1String(code)));
-        holding->setIssueDate(issue);
-        holding->setFaceValue(face);
-        holding->setQuantity(quantity);
-        holding->setPaper(true);
-        holding->setOwner(owner);
-        portfolio.adopt(*holding);
-        portfolio.appendHolding(holding);
-        return holding;
+        return TaxYearPortfolio::addBond(portfolio, code, issue, face, quantity, owner);
     }
     bool redeem(const HoldingRef &holding, qint32 quantity, Month month, Pennies amount, QString *why = nullptr)
     {
@@ -135,24 +127,10 @@ TEST_F(Redemptions, RedeemedBondsAndYearlyReportersComeBackFromTheFile)
     expectFields(root["redeemedHoldings"].toArray().first().toObject(), R"({"quantity": 1, "amountReceived": 20736})");
 }
 
-// Alice defers; Bob reports every year; one bond has no owner. Tax year 2021.
 class TaxYear : public Redemptions
 {
 protected:
-    TaxYear()
-    {
-        bond("N", Month(1991, 6), 10000, 2, alice);                                  // matures 06/2021: 2 x $207.36 - $100
-        EXPECT_TRUE(redeem(bond("I", Month(2010, 1), 100000, 1, alice), 1, Month(2021, 3), 150000)); // $500.00
-        EXPECT_TRUE(redeem(bond("I", Month(2010, 1), 50000, 1, alice), 1, Month(2020, 7), 70000));   // the year before
-        // Matured in 01/1996: its interest was that year's, whenever it is cashed.
-        EXPECT_TRUE(redeem(bond("E", Month(1966, 1), 10000, 1, alice), 1, Month(2021, 5), 60000));
-        bond("I", Month(2020, 1), 100000, 1, bob);  // from its price (not cashable in 12/2020) to $1,033.60
-        bond("N", Month(1991, 6), 10000, 1, bob);   // $203.28 in 12/2020 to $207.36 at maturity
-        const HoldingRef noOwner = bond("I", Month(2019, 5), 10000);
-        EXPECT_TRUE(redeem(noOwner, 1, Month(2021, 8), portfolio.redemptionValue(*noOwner, 1, Month(2021, 8)))); // $104.16
-        bond("N", Month(1992, 3), 5000, 1, alice);  // matures 03/2022: $101.64 as of 11/2021
-        portfolio.setReportsInterestYearly(bob, true);
-    }
+    TaxYear() { EXPECT_TRUE(TaxYearPortfolio::make(portfolio, alice, bob)); }
 };
 
 TEST_F(TaxYear, PerOwner)
