@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Alternative layouts of the bond_value table, measured against the one the program creates.
 #include <QByteArray>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reproducible portfolios of random E, EE, I and Savings Note holdings for the benchmarks, every
 // one with an issue month the shipped database prices.

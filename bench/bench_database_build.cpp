@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Building the redemption value database: the whole build from the source files, the
 // installation alone, and a plain SQLite insert loop of the same rows in one transaction.
 #include "DatabaseLayouts.h"

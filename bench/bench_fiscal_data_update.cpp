@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An update from the Fiscal Data service: five years of months of every series (about 7,000
 // records, served 1,000 to a page from 127.0.0.1) installed into a database that holds the month
 // before. Beside it, the same pages fetched and read without installing, and a plain SQLite

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Valuing, opening, saving and exporting whole portfolios of 1,000 and 10,000 holdings, each
 // beside the floor it is measured against in the same run:
 // - every figure of every holding and the interest summary, against as many reads from an array;

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The portfolio window on large portfolios (offscreen): opening a file to the first painted
 // table, changing the valuation month, and sorting by value. Portfolios are made by a generator
 // with a fixed seed, so every run measures the same bonds.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Value lookups per second: through BondAssessor, and through a bare prepared statement on the
 // same file (the floor any lookup code could reach); and bare lookups on other layouts.
 #include "DatabaseLayouts.h"

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Fails when a core source file includes a header from a folder its layer may not use.
 # Called by the build with DEFINITIONS (a file that sets ROOT, LAYERS, LAYER_<name>_ALLOWED and
 # LAYER_<name>_FILES, relative to ROOT) and STAMP, touched when every include is allowed.

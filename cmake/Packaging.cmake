@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What a Debian desktop program ships beside its binaries, and the .deb that holds it all:
 # `cmake --build build --target package` writes build/quillmere_VERSION_ARCH.deb.
 

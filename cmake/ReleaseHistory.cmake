@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The version is the project's; CHANGELOG.md gives each version's date and what it brought. The
 # metainfo's releases and the manual pages' date come from there, so a version without an entry
 # in the changelog fails here rather than shipping undated.

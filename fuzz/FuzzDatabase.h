@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A fresh in-memory database per input, copied from an image made once: building the schema,
 // its triggers and any starting values for every input cost more than the code under test.
 #pragma once

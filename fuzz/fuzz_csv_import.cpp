@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Feeds arbitrary bytes to the CSV import, in the format the first byte picks, and exports what
 // came in back to CSV. Checks that an import is all or nothing and that its counts add up.
 #include "document/BondPortfolio.h"

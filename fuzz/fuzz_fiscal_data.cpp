@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Fiscal Data source: arbitrary bytes as one page of the service's reply, and as the months a
 // database holds. A page is read or refused with a reason; every record it yields passes the
 // installer's own screening. A plan asks for exactly the months each series lacks, once each.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Arbitrary bytes as a portfolio file: refused with a message or decoded, never a crash, a hang
 // or runaway memory. Whatever is decoded must survive writing and reading again.
 #include "document/KeyedArchive.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Arbitrary bytes as a downloaded price data file, installed as the updater installs it: screened,
 // then merged into a small database that holds official values and values derived from them
 // (matured bonds carried forward, fixed-rate EE bonds computed). The installation must succeed

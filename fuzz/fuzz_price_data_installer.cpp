@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Arbitrary bytes as a downloaded price data file, installed into an in-memory database with the
 // real schema: the installation must succeed or roll back, never crash, and leave data_file in
 // step with bond_value.

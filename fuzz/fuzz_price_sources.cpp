@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Arbitrary bytes as a Treasury value file and as a Fiscal Data CSV: each reader must either
 // refuse with a message naming the file or return records that keep its promises, never crash.
 #include "update/sources/FiscalDataCsv.h"

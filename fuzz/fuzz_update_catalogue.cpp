@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Arbitrary bytes as a downloaded update catalogue: parsed as a property list or refused, never a
 // crash; whatever is accepted survives publishing and reading again unchanged.
 #include "update/UpdateCatalogue.h"

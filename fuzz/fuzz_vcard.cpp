@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Arbitrary bytes as a people file: reading must never crash or hang, and whatever was read must
 // survive being written and read again unchanged.
 #include "model/VCard.h"

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Puts the licence's SPDX header at the top of every source file the project wrote (C++, CMake,
 # shell and Python; a script's #! line stays first). A file that already names its licence is left
 # alone, so running this again changes nothing. data/ is public domain and is not touched.

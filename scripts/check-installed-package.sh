@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the built package into a fresh Debian 12 root as a user would (apt-get install
 # ./quillmere_*.deb, which fetches its dependencies from Debian's archive) and runs it there: the
 # command line on the installed sample, the window's binary, the manual pages, and the MIME and

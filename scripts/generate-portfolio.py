@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes a reproducible portfolio of N random holdings as a keyed archive, laid out as the Mac
 program lays one out, with Python's own property-list writer (no code shared with Quillmere).
 Used to compare the program's output on a large portfolio before and after a change.

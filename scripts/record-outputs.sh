@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Writes what the command-line program says about the sample, a generated 1,000-holding portfolio
 # and a portfolio written by Python's own property-list writer, into OUT: run before and after a
 # change that must not change behaviour, then `diff -r` the two folders.

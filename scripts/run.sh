@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what the build needs, builds the programs and the redemption value database, and runs
 # the main job on the bundled sample portfolio and database: the portfolio window when a display
 # is available, the same figures in the terminal otherwise.

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Draws the portfolio window on the sample portfolio under a virtual display (Xvfb) and writes
 # docs/screenshot.png. Needs the packages xvfb, xdotool and imagemagick.
 set -euo pipefail

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what the build needs, builds everything and runs every test. The tests are switched on
 # whatever an earlier configuration of build/ said, and the command fails when no test ran at all.
 set -euo pipefail

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere [FILE...]: one window per portfolio named, or a new portfolio when none is.
 #include "DocumentManager.h"
 #include "ManPage.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Sub-commands of quillmere-cli. Each lives in a file of its own and registers itself with a
 // static CliCommand::Registration, so main() needs no list of them.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Opening the redemption value database for a sub-command, with the messages a user needs when
 // it is missing or unusable, and the month texts of its redemption months.

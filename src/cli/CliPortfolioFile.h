@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Opening a portfolio document for a sub-command, and its --as-of option.
 #include "CliDatabase.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the command line tells a user about bonds without pricing data: why a bond has none, what
 // to run for newer values, and how many bonds the totals leave out.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Manual pages in roff, written from the help texts the programs print for --help: an option
 // added to a parser reaches the manual page with the next build, without another edit.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The portfolio as the window shows it, for the terminal and for scripts.
 #include <QByteArray>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli build-database: makes the shipped redemption value database from the official sources.
 #include "CliCommand.h"
 #include "update/sources/SeedDatabaseBuilder.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli database: which redemption value database the program uses and what it holds.
 #include "CliCommand.h"
 #include "CliDatabase.h"

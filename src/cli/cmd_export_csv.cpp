@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli export-csv: writes a portfolio's holdings as the comma-separated file the
 // portfolio window exports.
 #include "CliCommand.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli export-qif: writes the Quicken price list and positions of a portfolio into a
 // directory, as the portfolio window's QIF export does for all holdings.
 #include "CliCommand.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli import-calculator: appends the bonds of a list saved from the Treasury's Savings
 // Bond Calculator (an HTML page) to a portfolio and saves it.
 #include "CliCommand.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli import-csv: appends the bonds of a CSV file (this program's own export or a
 // Savings Bond Wizard 4.10 export) to a portfolio and saves it.
 #include "CliCommand.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli install-treasury-file: installs a value file downloaded from the Treasury straight
 // into the user's redemption value database, without an update server.
 #include "CliCommand.h"

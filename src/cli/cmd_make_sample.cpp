@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli make-sample: writes the example portfolio and the people file that names its people.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli publish: writes an update directory (price data files and their catalogue) that
 // any static web server can serve to the updater.
 #include "CliCommand.h"

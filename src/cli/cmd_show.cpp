@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli show: a portfolio file as the window shows it, with totals and the interest summary.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli tax-report: what each owner reports for a tax year, from a portfolio file.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"

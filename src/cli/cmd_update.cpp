@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli update: checks the Treasury's Fiscal Data service (or an update directory) for new
 // redemption values and installs them, showing the updater's status texts and a progress bar.
 #include "CliCommand.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // quillmere-cli value: the value of one bond in one month, its issue price and the interest earned.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Bonds on the clipboard: a keyed archive of the list of holdings under the single type
 // "QBBondPortfolioHoldings", the people named by their identifiers. Anything whose first type

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bond table's visible columns, their order and widths, kept under "BondTableColumnSettings"
 // for every portfolio window: restored when a window opens, saved at every show, hide, move and

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The figures the bond table shows for each holding, read from the database when the holdings or
 // their figures change (in one batch for the whole table), so that painting and sorting only read

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bond table: drags carry the dragged rows (as shown) under "QBBondPortfolioTableIndices"
 // and never move or remove anything; Tab walks the editable cells; Enter and F2 start editing.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A count drawn in white inside a coloured oval (the people table's role counts). A count of
 // none or 0 draws nothing but the ordinary cell. One- and two-digit counts get the same oval, as

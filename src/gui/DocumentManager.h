@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The open portfolios of the program: one window each. Makes new ones, opens files (raising the
 // window of a file already open), keeps the recent files, and quits by closing every window,

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The file panels and alerts of the export and import commands. The window asks through this
 // interface, so that tests can answer in place of the user without a modal loop.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The user manual, shipped inside the program and shown in a window of its own: one for the
 // whole program, raised again when asked for while it is open.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bond table's columns: one descriptor per column, in the table's designed order. A column's
 // key names it in the saved column settings; keys never change, whatever the titles read, so

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Editors of the bond table: the series pop-up, the month editor ("mm/yyyy"), the dollar editor
 // and the person pickers. They only hand values to the model; validation and the role rules are

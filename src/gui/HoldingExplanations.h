@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the window tells a user about a value it cannot show or did not take from the Treasury:
 // the value cells' tooltips and the note under the totals.

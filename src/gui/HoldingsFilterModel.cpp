@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "HoldingsFilterModel.h"
 
 #include "HoldingsTableModel.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bond table as shown: the holdings its people filter lets through (and, when asked, only
 // those that have stopped earning), sorted by the chosen column's raw values. The filter is this view's; the interest summary and the totals ask for it,

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bond table's model: one row per holding of the portfolio, in the document's order, one
 // column per HoldingColumns entry. Texts and figures come from the holding and the core's

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The interest summary beside the tables: tax year and interest, over the holdings the bond
 // table shows. The document computes the rows; this model asks once per burst of changes, not

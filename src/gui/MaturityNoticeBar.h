@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bar above a portfolio window's tables that warns when held bonds reach final maturity in
 // the valuation month's year: how many stop earning, how much interest that year's return must

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Adds people of the address book (the people store) to a portfolio's title holders: a
 // searchable list of everyone in the store, several at a time, never twice. "New Person…" opens

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The people table's model: the portfolio's title holders, sorted by name as the document keeps
 // them, with the number of holdings naming each as owner, co-owner and beneficiary. A count of

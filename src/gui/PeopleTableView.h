@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The people table: bonds dropped on a person name that person on them, in the role the drop
 // action chooses: a plain drag the owner, a link drag (Ctrl+Shift) the co-owner, a copy drag

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The printed portfolio: two text lines per holding in a 40-point band, a bold two-line column
 // header in the top margin of every page and "- n -" centred in the bottom margin. Geometry is

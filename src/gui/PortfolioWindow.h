@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One portfolio's window: the people table and the interest summary on the left, the bond table
 // with its totals line on the right, the toolbar above. The window shows the document and hands

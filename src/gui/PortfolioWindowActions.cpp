@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window's actions, built once from one table, and the menus and toolbar that show them.
 #include "BondTableColumns.h"
 #include "BondTableView.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the window's commands do: bonds added, removed, cut, copied and pasted; people named on
 // bonds and removed; the valuation month; the totals line. A command on several items is one
 // undo step, named as the document names each of its changes.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window's export and import commands: the panels ask, the core writes and reads, the
 // alerts report what the core's outcome says.
 #include "ExchangePanels.h"

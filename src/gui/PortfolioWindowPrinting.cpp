@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Printing the holdings the bond table shows, in its order: on a printer, in a preview, or to a
 // PDF file.
 #include "HoldingsFilterModel.h"

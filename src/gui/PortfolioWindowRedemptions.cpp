@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cashing bonds from the window: the Held / Redeemed switch above the bond table, the redemption
 // dialog, and the tax report.
 #include "Alerts.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The preferences: the series and the paper or electronic issue that new bonds start with, and
 // where redemption value updates come from and whether the program looks for them itself. One

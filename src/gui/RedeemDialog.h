@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Asks how the selected bonds were cashed: the month, how many of a holding's bonds, and what the
 // bank paid. The month is checked as the document checks it, and OK stays off while it is refused.

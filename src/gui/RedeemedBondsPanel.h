@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The redeemed side of the window's Held / Redeemed switch: the table of cashed bonds with the
 // buttons that put them back among the held ones or delete them, each an undoable step.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table of the portfolio's redeemed bonds, one row per redeemed holding in the document's
 // order. The redemption month, the amount received and the serial number can be edited; each edit

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reports ▸ Tax Year…: what each owner reports for the chosen year, with their totals and the
 // household's, the state tax note, next year's plan, who reports interest every year, and the

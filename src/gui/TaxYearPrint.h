@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The tax report on paper: title, portfolio, year and the date printed at the top, the table with
 // its column titles repeated on every page, the totals, the state tax note and next year's plan,

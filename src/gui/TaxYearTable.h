@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A tax year's report as the lines of a table, grouped per owner: each owner's items, then the
 // owner's total; the household's total last. The dialog shows these lines, the CSV and the PDF

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The tax report's table in the dialog: the lines of TaxYearTable under TaxYearText's column
 // titles, the owner named on the first line of each group, totals in bold.

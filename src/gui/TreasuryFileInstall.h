@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Installs a value file as the Treasury publishes it (sbYYYYMM.asc, or a Fiscal Data value CSV)
 // into the user's database without an update server. The work runs on a worker thread while a

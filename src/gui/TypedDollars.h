@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // An amount the user typed: "1234.5", "1,234.56" or "$1,234.56", with at most two decimals.
 #include "base/Money.h"

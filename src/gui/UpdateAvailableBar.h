@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bar above a portfolio window's tables that says new redemption values can be installed,
 // with a button that opens the updater and one that puts the bar away. Never modal.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The check for new redemption values that the program makes by itself after start: in the
 // background, never blocking and never asking anything. When it finds values, every portfolio

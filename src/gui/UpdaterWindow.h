@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The window that checks for new redemption values and installs them: a status line, a progress
 // bar, and Check, Install and Close. Each window runs its own PriceUpdater, which it owns; a

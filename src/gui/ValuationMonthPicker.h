@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "Value as of" month picker: months only, limited to the redemption months the database
 // holds, and following the database's range when the updater, or another process, installs new

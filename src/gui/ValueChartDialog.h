@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A holding's redemption value month by month since its issue, up to the database's latest
 // month and dashed beyond it as far as the program computed ahead, with the portfolio's valuation

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // value, show and database as the user runs them: figures to the cent, computed ones marked, missing ones explained.
 #include "../core/QtPrinters.h"
 #include "TestSupport.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // publish, update and install-treasury-file: an update directory served over HTTP brings databases up to date.
 #include "../core/QtPrinters.h"
 #include "LocalHttpServer.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A people store of its own in a temporary folder, with a me identifier under a key no other test uses.
 #include "TestSupport.h"

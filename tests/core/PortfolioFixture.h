@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A portfolio on a value table of its own, with its own people store, and holdings made for it.
 #include "PeopleFixture.h"

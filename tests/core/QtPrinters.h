@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Readable GoogleTest failure messages for the Qt types the core tests compare.
 #include <QDateTime>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Small value databases: rows added by hand to an empty schema, then the summary tables rebuilt.
 #include "TestSupport.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Every window test's main: settings, data, people and database in the run's own folder, set before any read.
 #include "DocumentManager.h"

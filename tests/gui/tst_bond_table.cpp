@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The bond table as the user meets it: saved column keys, sorting, refused months, values that explain themselves, the value chart.
 #include "GuiTestMain.h"
 

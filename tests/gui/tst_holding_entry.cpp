@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the bond table accepts as typed or pasted; a refusal says why and keeps the old value.
 #include "GuiTestMain.h"
 

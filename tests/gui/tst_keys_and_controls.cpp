@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The keys a desktop program answers to, whatever the platform's own table lacks, typing into
 // the month picker where its cursor is, and the manual Help opens.
 #include "GuiTestMain.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The people picker and person creator: titles, enabled buttons, people added once, new people kept, the me record.
 #include "GuiTestMain.h"
 #include "PeoplePickerDialog.h"

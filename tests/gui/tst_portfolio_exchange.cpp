@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export and import driven as the user does: all/selected rows offered, what is written, exact alert texts.
 #include "GuiTestMain.h"
 #include "BondTableView.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The printed portfolio as PDF read back by poppler: pages for H and H + 1 holdings, headers, page numbers, 0s.
 #include "GuiTestMain.h"
 #include "PortfolioPrintLayout.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The portfolio window: filtering by people, adding, naming and pasting bonds, undo names, toolbar, closing.
 #include "GuiTestMain.h"
 #include "BondTableView.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Preferences wait for OK: Cancel keeps the defaults, new bonds use what OK stored; unusable addresses refused.
 #include "GuiTestMain.h"
 #include "PreferencesDialog.h"

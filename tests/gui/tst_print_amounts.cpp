@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Printed amounts never overlap: a wide amount moves later columns and titles right (poppler's word boxes).
 #include "GuiTestMain.h"
 #include "PortfolioPrintLayout.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cashing bonds in the window: the redemption dialog, the redeemed view beside the held bonds, the
 // tax report with its exports, and the notice of bonds reaching final maturity this year. The
 // portfolio is the hand-made one whose 2021 figures the document's own tests know.

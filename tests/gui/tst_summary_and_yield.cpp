@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Figures not overstated: an unknown current yield is no figure and sorts last; summary rows say what they are.
 #include "GuiTestMain.h"
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Installing a Treasury value file from the window: progress without blocking, and a contradicting file refused with its reason.
 #include "GuiTestMain.h"
 #include "../support/PriceUpdateTestData.h"

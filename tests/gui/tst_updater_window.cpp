@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Updates from the window against local stand-ins: the automatic check once per start, the updater window's status, bar and buttons.
 #include "GuiTestMain.h"
 #include "../support/FiscalDataTestServer.h"

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Builds the Debian package from the build folder and checks what it holds against
 expected-package-files.txt and the dependencies below; checks that the manual pages format
 cleanly and list every sub-command, option and environment variable the programs know."""

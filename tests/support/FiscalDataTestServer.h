@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A stand-in for the Fiscal Data service on 127.0.0.1: the query subset the updater uses, and scripted faults.
 #include "LocalHttpServer.h"

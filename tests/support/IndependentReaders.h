@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Readers that share nothing with ours: libplist's, and Python's (read_keyed_archive.py, printing what it sees as JSON).
 #include "TestSupport.h"

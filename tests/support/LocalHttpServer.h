@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A scripted HTTP/1.1 server on 127.0.0.1, on its own thread so it answers while the test blocks; unknown paths answer 404.
 #include "TestSupport.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Price data files and database look-ups shared by the updater tests.
 #include "update/OfficialSourceInstaller.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A small tmpfs that really fills up or turns read-only; without permission to mount, reason() says why and the test skips.
 #include <QByteArray>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The hand-made portfolio whose 2021 taxes are known, shared by the document's and the window's
 // tests. Alice defers; Bob reports every year; one bond has no owner. 2021: Alice $314.72 matured

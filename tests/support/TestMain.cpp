@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Test programs run in a QCoreApplication with settings and data folders of their own, never the user's.
 #include <QCoreApplication>
 #include <QSettings>

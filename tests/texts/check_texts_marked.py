@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Fails when a text the windows or the command line show is not marked for translation, or when
 translations/quillmere_en.ts no longer lists exactly the marked texts (run `ninja update_translations`).
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The object table of a binary property list: the trailer, where each object starts and how wide
 // the references between objects are. Every read is bounds-checked against the bytes.

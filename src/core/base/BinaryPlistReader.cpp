@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading the binary form in two passes: a walk of the object graph that checks the limits
 // without recursion, then the values built from the checked graph, whose depth is now bounded.
 #include "base/BinaryPlistLayout.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tree is flattened first, so that the object count, and with it the width of every
 // reference, is known before a single container is written; the second pass then writes the
 // file into one buffer of exactly the right size.

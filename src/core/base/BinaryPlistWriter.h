@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Writes a property list in the binary form ("bplist00"), in time linear in its size.
 #include "base/PlistValue.h"

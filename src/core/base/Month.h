@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A calendar month (year and month), the one type for every month the program handles: issue
 // months, valuation months, redemption months. Kept as a count of months so that valuation steps

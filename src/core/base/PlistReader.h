@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reads property lists, binary ("bplist00") or XML, from bytes that may be hostile: sizes and
 // nesting are bounded before any value is built, the binary object table is walked without

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A property list held in memory: what the property-list reader gives and the binary writer takes.
 #include <QByteArray>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The four kinds of savings bond. Exactly four Series objects exist for the life of the process;
 // identity is pointer identity, and archives store the one-letter code.

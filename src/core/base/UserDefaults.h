@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The user's settings with registered fallbacks: a key the user never set answers its registered
 // default, and a key the user did set always wins.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading the XML form: the tags are counted first, so that nesting and size are bounded before
 // the document is parsed; then QXmlStreamReader builds the values with an explicit stack.
 #include "base/PlistReader.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The object graph of a keyed archive, independent of the program's classes. The keyed archive
 // codec turns bytes into such a graph and back; the document maps its holdings and people onto it.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The portfolio document: its holdings in table order, its title holders sorted by name, its own
 // redemption value reader, the valuation date and summary mode, the undo history and the file.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Saving and opening portfolio files: keyed archives of {"holdings", "titleHolders"}.
 #include "document/BondPortfolio.h"
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The portfolio's redeemed bonds: cashing held bonds, and the redeemed list's own changes.
 #include "document/BondPortfolio.h"
 #include "document/PortfolioUndo.h"

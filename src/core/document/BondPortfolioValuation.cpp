@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The valuation date and the interest summary of a portfolio.
 #include "document/BondPortfolio.h"
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Replaces a document file as a whole: the bytes go to a temporary copy beside it, which is
 // flushed to disk and then renamed over the document, so the old file stays whole whatever

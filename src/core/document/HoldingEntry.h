@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Typed changes to one holding, checked as entry is: a refused change leaves the holding as it
 // was and says why; an accepted one is one undo step. Changing the series or issue month of an

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How holdings and months read as text, and the totals of a set of holdings: the window, the
 // command line and reports all show the same words and sums from here.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Apple-compatible keyed archives ("NSKeyedArchiver", version 100000) in binary property-list
 // form: the on-disk format of portfolio documents.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading keyed archives. Every file is treated as hostile: sizes and nesting are bounded before
 // the property list is parsed, every reference is checked, and objects are decoded at most once,
 // so shared objects come back shared and a file that contains itself is refused.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writing keyed archives: the object graph is flattened into "$objects", every reference
 // becomes a UID, and each class is described once by a class dictionary.
 #include "base/BinaryPlistWriter.h"

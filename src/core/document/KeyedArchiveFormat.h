@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Names and constants of the keyed archive layout, shared by its writer and its reader.
 #include <QString>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Bounds on what the keyed archive reader accepts. A portfolio of a thousand holdings needs a few
 // tens of thousands of property-list nodes and a nesting depth of a handful; these limits are

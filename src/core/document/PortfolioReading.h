@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading a portfolio file into data: a keyed archive of {"holdings", "titleHolders"} (or the
 // older form whose root is the list of holdings), with every holding joined to the portfolio.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How the portfolio records its changes: an observer that turns the holdings' announcements into
 // undo commands, and the commands themselves. A recorded change has already happened, so the

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The undo commands of cashing bonds: a redemption (the whole holding moves to the redeemed list,
 // or a copy of some of its bonds joins it while the rest stay held), a redeemed holding leaving

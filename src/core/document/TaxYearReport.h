@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What each owner reports for one tax year: interest on bonds cashed in the year, on bonds that
 // reached final maturity in it (reportable even when not cashed), and, for owners who report

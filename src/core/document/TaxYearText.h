@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The tax report's words, shared by the window, its exports and the command line.
 #include "document/TaxYearReport.h"

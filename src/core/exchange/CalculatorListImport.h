@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reads the list a household keeps in the Treasury's web Savings Bond Calculator, saved as an
 // HTML page: the calculator keeps each column of the list in a hidden form field, every value

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How the CSV import reads a line and the text of its fields, the same for both formats it takes.
 // The rules are lenient where the files in circulation need it (digits followed by junk, a

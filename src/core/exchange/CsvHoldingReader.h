@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Turns the data lines of an imported CSV file into holdings, reading them by the file's header:
 // which columns the format reads, where they are, and how many fields a line must have.

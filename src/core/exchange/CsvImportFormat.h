@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The two kinds of comma-separated file the import reads: this program's own export and the
 // export of the Treasury Department's Savings Bond Wizard 4.10. The user picks one by number

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The alert that ends an import or export, in the words the window shows and the command line
 // prints: the outcomes are values, and their words are chosen here once for both.

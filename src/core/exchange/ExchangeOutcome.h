@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What an import or export ends with, as values: ExchangeAlerts words them for the window's alert
 // (whose single button is "Continue") and the command line's output.

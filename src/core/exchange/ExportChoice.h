@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Which holdings an export covers. The export panels offer two rows when the table has a
 // selection: row 0 all holdings, row 1 the selected holdings only.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Byte-level helpers shared by the CSV and QIF formats: 8-bit text, printf-style fixed-point
 // numbers independent of the user's locale, and atomic file writing.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The comma-separated export: a fixed header line and one line per holding, written so that a
 // spreadsheet opens it and the CSV import reads it back.

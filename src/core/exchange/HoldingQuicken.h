@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The records of one holding in the Quicken Interchange Format: each holding is a security of
 // its own, bought by one "shares in" transaction and priced month by month from the database.

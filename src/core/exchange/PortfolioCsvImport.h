@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Adds the bonds of a CSV file to a portfolio. The import works out every new holding first and
 // changes the document once, at the end: the new holdings are appended after the existing ones

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The two QIF files of a portfolio: a price list, and the positions (securities, one investment
 // account named after the document, purchases and again the prices). Bytes are ISO Latin 1 with

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a holding's quantity, face value and paper flag may be. Entry in the window, CSV imports
 // and pasted or dropped bonds all ask here, so a bond refused by one is refused by all. Reading

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One line of a portfolio: a number of identical bonds of one series, face value and issue
 // month, with their serial number, the people named on them and whether they were bought on

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Which holdings a view shows: those naming any of the chosen people in any role, or every
 // holding when no one is chosen; optionally only the bonds that have stopped earning. The bond table's proxy owns one and hands it to the interest

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The people store: person records kept in a vCard file in the user's data directory
 // (QUILLMERE_PEOPLE names another file). The user's own record ("me") is kept by identifier

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A title holder: one record of the people store, named on bonds as owner, co-owner or
 // beneficiary. Identity is the record's identifier alone; the name is read from the record on

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A portfolio as data: its holdings in table order and its title holders sorted by name. What
 // read-only work needs (showing, exporting); the editing document keeps one and adds undo, the

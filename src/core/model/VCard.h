@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading and writing vCard text (versions 3.0 and 4.0 are read; 3.0 is written).
 #include "model/PersonRecord.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The lines of a vCard file as text, whatever wrote it: folded lines joined byte by byte (a fold
 // may split a multi-byte character), vCard 2.1 quoted-printable values decoded (soft line breaks

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading vCard text as contact programs export it: versions 3.0 and 4.0 (2.1 where it agrees),
 // folded lines, backslash escapes, parameter lists with quoted values, CRLF, LF or CR line ends.
 #include "model/VCard.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writing person records as vCard 3.0 cards.
 #include "model/VCard.h"
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A portfolio's data valued on a redemption value database as of a month, in a summary mode:
 // what read-only work needs (the command line's show and exports), without undo, an edited state

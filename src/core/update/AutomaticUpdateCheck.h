@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // When the program looks for new redemption values by itself: at most once a day, only when the
 // user has not turned it off, and only while some series lacks official values for the current

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Values the program derives rather than reads from an official file: the value of matured bonds
 // carried forward, Series EE bonds of a fixed rate computed from it, and the months the official

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The official files hold no values of Series E, EE and Savings Notes for the redemption months
 // 2001-09 to 2002-02. Where the accrual rules make a value exact it follows from the official

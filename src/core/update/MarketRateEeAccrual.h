@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Series EE bonds issued from May 1997 to April 2005 grow every month at market rates announced
 // each May and November, and no table of those rates ships with the program. Where a run of

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Keeps matured bonds priced when values are added to a database one file at a time. A bond earns
 // nothing after final maturity, so every later month without data takes its value at maturity,

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Installs one official source (a Treasury value file as the Treasury publishes it, say) straight
 // into a user's redemption value database, without an update server, in one transaction under

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Fetches one whole resource over HTTP or HTTPS, blocking the calling thread. Meant for the
 // updater's worker thread: the network manager and its event loop live only for the call.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The price data file: 56-byte big-endian records without header or trailer. Each record holds
 // the values of one series for one redemption month and the twelve issue months of one year.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Installs price data files into the redemption value database: each file wholly, in one
 // transaction together with its name in data_file, or not at all. Used by the build (for the

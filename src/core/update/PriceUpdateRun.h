@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What one updater action does on its worker thread, start to finish: a check for new values, or
 // their download and installation, from the Fiscal Data service or from an update directory's

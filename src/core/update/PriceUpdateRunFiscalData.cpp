@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The updater's Fiscal Data source: what the database lacks is asked for by month, read page by
 // page, and installed in one transaction through the same installer as every official source.
 #include "update/PriceUpdateRun.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Keeps the redemption value database current: checks the Treasury's Fiscal Data service (or an
 // update directory's catalogue) for values the database lacks, and downloads and installs them. One updater per

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Installs value files as the Treasury publishes them (sbYYYYMM.asc, or a Fiscal Data value CSV)
 // into the database in force, without an update server: each file read whole, then installed in

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The update catalogue: a property list (XML or binary) whose top level is an array of price data
 // file names, in installation order.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The updater's own read-write connection to the redemption value database. Shared between the
 // updater and its worker threads, so a worker still running when the updater goes away keeps it

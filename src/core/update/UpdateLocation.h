@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where price updates come from: by default the Treasury's Fiscal Data service; or a web
 // directory holding the catalogue and the price data files it lists, every location resolved

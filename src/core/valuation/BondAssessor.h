@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Read side of the redemption value database: the value of a $25 paper bond for every series,
 // issue month and redemption month, scaled to a bond's face value.

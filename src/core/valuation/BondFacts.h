@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What valuation needs to know of a holding: which bonds, how many, when issued. Who holds them
 // and how they are edited is the portfolio's business; a figure needs only these.

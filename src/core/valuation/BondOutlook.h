@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a bond is doing as of the valuation month, the facts a household weighs before cashing it:
 // the rate it earns, when its value next rises, when it stops earning, and the Treasury's note on

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The fixed rate every Series EE bond issued from May 2005 earns for life, by issue month, and the
 // redemption values that follow from it. The table is data (data/rates/ee-fixed-rates.csv, built

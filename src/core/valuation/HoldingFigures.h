@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The money figures and rates of one holding as of a valuation month, computed from its facts and
 // the redemption value database; nothing derived is stored anywhere. All money is 64-bit pennies;

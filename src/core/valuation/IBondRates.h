@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Series I bonds: the fixed rate each earns for life, the semiannual inflation rate announced each
 // May and November, the composite rate they make, and the redemption values that follow. Both

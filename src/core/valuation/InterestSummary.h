@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The interest summary: interest earned per tax year by a set of bonds, as of each December the
 // database holds.

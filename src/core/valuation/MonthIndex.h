@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Months as plain counts for the valuation's inner loops: the counts of Month::index().
 #include "base/Month.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Each bond's values (series and issue month) kept whole in one row of "bond_history", beside
 // the rows of bond_value they are made from, so that reading every bond's values costs a row per

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A table of rates by month, as the rate files under data/rates/ hold them: either ranges of
 // issue months ("first,last,rate") or announcements that hold from their month until the next

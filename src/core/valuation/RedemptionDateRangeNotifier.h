@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Process-wide announcement that the database's range of redemption months has changed.
 // Emitted on the main thread; date pickers follow it.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Which months a portfolio can be valued as of: those the database holds values for.
 #include "base/ValidationError.h"

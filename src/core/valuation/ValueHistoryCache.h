@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Keeps the redemption values of each bond (series and issue month) that has been asked for, read
 // with one range query (or one row, where the database keeps the bond's values packed), so that

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Months as users write them: "YYYY-MM" (and "YYYY/MM" for issue months), the window's "MM/YYYY", nothing else.
 #include "base/Month.h"
 

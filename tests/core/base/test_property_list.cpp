@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Our property-list reader and writer against libplist: each reads what the other writes; odd files are read as libplist reads them.
 #include "base/BinaryPlistWriter.h"
 #include "base/PlistReader.h"

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Larchfield
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Reads a keyed archive with Python's own property-list reader and prints it as JSON, so that
 files written by Quillmere can be checked by code that shares nothing with its writer.
 

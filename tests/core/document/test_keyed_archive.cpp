@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keyed archives: refusal of graphs that could not be read back, and what Python's reader sees in a written file.
 #include "document/KeyedArchive.h"
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Damaged and hostile files are refused with a message, never crash and never exhaust memory.
 #include "document/KeyedArchive.h"
 #include "document/PortfolioArchive.h"

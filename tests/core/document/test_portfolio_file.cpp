@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Portfolio files: save and read back, unknown people, graphs of the wrong shape, failures that change nothing.
 #include "../PeopleFixture.h"
 #include "../QtPrinters.h"

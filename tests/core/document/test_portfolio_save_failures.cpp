@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A failed save says why and leaves the old file as it was; stale temporary copies go on the next good save.
 #include "../PortfolioFixture.h"
 #include "document/DocumentFileWriter.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the portfolio records for undo, under the action names the Edit menu shows.
 #include "../PeopleFixture.h"
 #include "../QtPrinters.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What views rely on: holdings shown for chosen people, list-change announcements, refresh on a new range.
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"

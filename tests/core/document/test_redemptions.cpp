@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cashing bonds: redemptions kept in the portfolio and undone as one step, their place in the
 // file, and what each owner reports for a tax year (known answers from the shipped database).
 #include "../PeopleFixture.h"

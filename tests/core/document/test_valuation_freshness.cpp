@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Values installed while a document is open, by this process or another, show at the very next read.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"

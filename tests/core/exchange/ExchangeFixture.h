@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A portfolio on a small hand-made value table, valued January 2000, with its own people store.
 #include "../PortfolioFixture.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list a household saved from the Treasury's Savings Bond Calculator: a page rebuilt from the
 // calculator's documented hidden fields, with the markup's usual variations.
 #include "../PeopleFixture.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Automatic checks: at most daily, never when off, only while a series lacks this month's official values.
 #include "../QtPrinters.h"
 #include "PriceUpdateTestData.h"

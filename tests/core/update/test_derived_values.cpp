@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Derived values give way to official files that cover them, and reach every new latest month.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Updates from a Fiscal Data stand-in: what is asked for, pages followed, what is installed, and failures that install nothing.
 #include "../QtPrinters.h"
 #include "FiscalDataTestServer.h"

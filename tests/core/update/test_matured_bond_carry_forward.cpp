@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Matured bonds keep their final value: carried into months no official file lists, never over one.
 #include "PriceUpdateTestData.h"
 #include "update/sources/MaturedBondCarryForward.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The updater against an HTTP server on 127.0.0.1: checks, installations, failures, and the database afterwards.
 #include "../QtPrinters.h"
 #include "LocalHttpServer.h"

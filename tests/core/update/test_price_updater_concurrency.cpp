@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Readers keep reading during an installation; one killed halfway leaves the file wholly installed or not at all.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The update catalogue in every form it may come in, and where the updater looks for its files.
 #include "../QtPrinters.h"
 #include "HandMadePlist.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Packed value histories read exactly like the bond_value rows they stand for, before and after plain-SQL changes.
 #include "PriceUpdateTestData.h"
 #include "TestSupport.h"

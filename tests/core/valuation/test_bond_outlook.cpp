@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What each bond is doing as of a month, read against the shipped database: final maturity, the
 // next month its value rises, the Treasury's note, its rate, and the year's interest.
 #include "TestSupport.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A computed value says which rule made it: the shipped database holds all three kinds.
 #include "TestSupport.h"
 #include "document/HoldingPresentation.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The figures of one holding and the totals of several, and why a bond without pricing data has none.
 #include "../QtPrinters.h"
 #include "../PortfolioFixture.h"

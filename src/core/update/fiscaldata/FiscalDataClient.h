@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reads what the Fiscal Data service holds for a list of requests, page by page, until the page
 // count the service announces; it never assumes that the page size it asked for was honoured.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One page of the Treasury Fiscal Data "Savings Bonds Value Files" data set (sb_value), read into
 // the same records the Treasury value-file reader makes. Every field of the service is a JSON

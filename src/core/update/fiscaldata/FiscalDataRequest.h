@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What to ask the Fiscal Data service for: the redemption months each series lacks official
 // values for, grouped so that series lacking the same months share one query. A series lacks the

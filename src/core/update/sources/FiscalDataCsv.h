@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reader of the Treasury Fiscal Data savings bond value export: one comma-separated line per
 // series, redemption month and issue month, under the header

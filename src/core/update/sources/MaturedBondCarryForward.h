@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A bond earns nothing after its final maturity, so its value stays what it was at maturity for
 // good. The official sources stop listing matured bonds after a while and have a gap

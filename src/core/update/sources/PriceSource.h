@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading any kind of redemption value source into price data records: the Treasury value files
 // (sbYYYYMM.asc) and the Fiscal Data CSV export. Used to build the shipped database, to publish

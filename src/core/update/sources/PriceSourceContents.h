@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What reading one redemption value source yields: its price data records, or the reason it was
 // refused. A refused source yields no records at all, so nothing of it can be installed.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Builds the shipped redemption value database from the official sources, through the same
 // installation code the updater uses: each source becomes one price data file recorded in

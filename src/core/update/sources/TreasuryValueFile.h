@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Larchfield
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reader of the Treasury's savings bond value files (sbYYYYMM.asc): one fixed-width line per
 // series, redemption month and issue year, holding the values of the twelve issue months.
