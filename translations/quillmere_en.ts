@@ -1817,10 +1817,6 @@ a price list, and a list of your portfolio holdings.</source>
 <context>
     <name>MaturityNoticeBar</name>
     <message>
-        <source>Close</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>1 bond reaches final maturity in %1 and stops earning interest; %2 of interest becomes reportable for %1, even if not cashed.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1837,6 +1833,13 @@ a price list, and a list of your portfolio holdings.</source>
     <name>Money</name>
     <message>
         <source>Value (%1) does not respond to -doubleValue.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBarLook</name>
+    <message>
+        <source>Close</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3323,10 +3326,6 @@ a price list, and a list of your portfolio holdings.</source>
     <name>UpdateAvailableBar</name>
     <message>
         <source>Update Now…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Close</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MaturityNoticeBar.h"
 
+#include "NoticeBarLook.h"
+
 #include "base/Series.h"
 #include "document/BondPortfolio.h"
 #include "document/TaxYearReport.h"
@@ -17,21 +19,10 @@ MaturityNoticeBar::MaturityNoticeBar(BondPortfolio &portfolio, QWidget *parent)
     , m_portfolio(portfolio)
 {
     setObjectName(QStringLiteral("MaturityNoticeBar"));
-    setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::ToolTipBase);
-    setForegroundRole(QPalette::ToolTipText);
-    m_message = new QLabel(this);
-    m_message->setWordWrap(true);
+    const NoticeBarLook::Parts parts = NoticeBarLook::apply(this);
+    m_message = parts.message;
     m_message->setTextFormat(Qt::RichText);
-    m_close = new QToolButton(this);
-    m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
-    m_close->setAutoRaise(true);
-    m_close->setToolTip(tr("Close"));
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 4, 4, 4);
-    layout->addWidget(m_message, 1);
-    layout->addWidget(m_close);
+    m_close = parts.close;
 
     connect(m_message, &QLabel::linkActivated, this, &MaturityNoticeBar::taxReportRequested);
     connect(m_close, &QToolButton::clicked, this, [this] {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "UpdateAvailableBar.h"
 
+#include "NoticeBarLook.h"
+
 #include "base/Month.h"
 #include "UpdateCheckScheduler.h"
 #include "valuation/MonthIndex.h"
@@ -16,22 +18,10 @@ UpdateAvailableBar::UpdateAvailableBar(QWidget *parent)
     : QFrame(parent)
 {
     setObjectName(QStringLiteral("UpdateAvailableBar"));
-    setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::ToolTipBase);
-    setForegroundRole(QPalette::ToolTipText);
-    m_message = new QLabel(this);
-    m_message->setWordWrap(true);
     m_update = new QPushButton(tr("Update Now…"), this);
-    m_close = new QToolButton(this);
-    m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
-    m_close->setAutoRaise(true);
-    m_close->setToolTip(tr("Close"));
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 4, 4, 4);
-    layout->addWidget(m_message, 1);
-    layout->addWidget(m_update);
-    layout->addWidget(m_close);
+    const NoticeBarLook::Parts parts = NoticeBarLook::apply(this, {m_update});
+    m_message = parts.message;
+    m_close = parts.close;
 
     connect(m_update, &QPushButton::clicked, this, &UpdateAvailableBar::updateRequested);
     connect(m_close, &QToolButton::clicked, this, &QWidget::hide);
