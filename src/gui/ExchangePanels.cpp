@@ -124,6 +124,13 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseQifExportDirectory(Q
     return panel.runExport(offerSelection, row);
 }
 
+std::optional<QString> ExchangePanels::chooseFinanceExportDirectory(QWidget *parent)
+{
+    const QString path = QFileDialog::getExistingDirectory(
+        parent, QApplication::translate("ExchangePanels", "Choose a Directory for the GnuCash and KMyMoney Files"));
+    return path.isEmpty() ? std::nullopt : std::optional<QString>(path);
+}
+
 std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvImportFile(QWidget *parent, int row)
 {
     OptionPanel panel(parent, QApplication::translate("ExchangePanels", "Choose File to Import"),

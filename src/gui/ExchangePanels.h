@@ -27,6 +27,8 @@ public:
     virtual std::optional<Choice> chooseCsvExportFile(QWidget *parent, bool offerSelection, int row);
     // The directory panel of the QIF export, with the same control under the same rule.
     virtual std::optional<Choice> chooseQifExportDirectory(QWidget *parent, bool offerSelection, int row);
+    // The directory panel of the export for GnuCash and KMyMoney (always of every holding).
+    virtual std::optional<QString> chooseFinanceExportDirectory(QWidget *parent);
     // The open panel of the import, always with the format control (row 0 own format).
     virtual std::optional<Choice> chooseCsvImportFile(QWidget *parent, int row);
     // The open panel for a list saved from the Treasury's Savings Bond Calculator (an HTML page).

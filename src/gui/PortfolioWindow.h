@@ -40,7 +40,7 @@ public:
     enum class ActionId {
         New, Open, Close, Save, SaveAs, Revert, Print, PrintPreview, ExportPdf, Quit,
         Undo, Redo, Cut, Copy, Paste, Delete,
-        AddBond, RemoveBond, Redeem, TaxReport, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, ImportCalculator, Help, About
+        AddBond, RemoveBond, Redeem, TaxReport, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, ImportCalculator, ExportFinance, Help, About
     };
     static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
 
@@ -82,6 +82,7 @@ public:
     void setExchangePanels(std::unique_ptr<ExchangePanels> panels);
     void exportCsv();
     void exportQif();
+    void exportForFinancePrograms();
     void importCsv();
     void importCalculatorList();
     void print();

@@ -82,6 +82,8 @@ const ActionEntry ActionTable[] = {
      "stopped-earning", QT_TRANSLATE_NOOP("PortfolioWindow", "Show only the bonds past final maturity, which no longer earn interest")},
     {Id::ImportCalculator, QT_TRANSLATE_NOOP("PortfolioWindow", "Import Treasury Calculator List…"), QKeySequence::UnknownKey,
      nullptr, nullptr},
+    {Id::ExportFinance, QT_TRANSLATE_NOOP("PortfolioWindow", "For &GnuCash or KMyMoney…"), QKeySequence::UnknownKey,
+     nullptr, nullptr},
     {Id::Help, QT_TRANSLATE_NOOP("PortfolioWindow", "Quillmere &Help"), QKeySequence::HelpContents, nullptr, nullptr},
     {Id::About, QT_TRANSLATE_NOOP("PortfolioWindow", "&About Quillmere"), QKeySequence::UnknownKey, nullptr, nullptr},
 };
@@ -166,6 +168,7 @@ void PortfolioWindow::createActions()
     connect(action(Id::ExportQif), &QAction::triggered, this, &PortfolioWindow::exportQif);
     connect(action(Id::ImportCsv), &QAction::triggered, this, &PortfolioWindow::importCsv);
     connect(action(Id::ImportCalculator), &QAction::triggered, this, &PortfolioWindow::importCalculatorList);
+    connect(action(Id::ExportFinance), &QAction::triggered, this, &PortfolioWindow::exportForFinancePrograms);
     connect(action(Id::ValueChart), &QAction::triggered, this, &PortfolioWindow::showValueChart);
     action(Id::StoppedEarning)->setCheckable(true);
     connect(action(Id::StoppedEarning), &QAction::toggled, m_filterModel, &HoldingsFilterModel::setStoppedEarningOnly);
@@ -204,10 +207,13 @@ void PortfolioWindow::createMenus()
     file->addAction(action(Id::SaveAs));
     file->addAction(action(Id::Revert));
     file->addSeparator();
-    file->addAction(action(Id::ImportCsv));
-    file->addAction(action(Id::ImportCalculator));
-    file->addAction(action(Id::ExportCsv));
-    file->addAction(action(Id::ExportQif));
+    QMenu *import = file->addMenu(tr("&Import"));
+    import->addAction(action(Id::ImportCsv));
+    import->addAction(action(Id::ImportCalculator));
+    QMenu *exportMenu = file->addMenu(tr("&Export"));
+    exportMenu->addAction(action(Id::ExportCsv));
+    exportMenu->addAction(action(Id::ExportQif));
+    exportMenu->addAction(action(Id::ExportFinance));
     file->addSeparator();
     file->addAction(action(Id::Print));
     file->addAction(action(Id::PrintPreview));
@@ -348,6 +354,7 @@ void PortfolioWindow::updateActions()
     action(Id::ImportCsv)->setEnabled(true);
     action(Id::ExportCsv)->setEnabled(hasHoldings);
     action(Id::ExportQif)->setEnabled(hasHoldings);
+    action(Id::ExportFinance)->setEnabled(hasHoldings);
     action(Id::AddPerson)->setEnabled(true);
     action(Id::Revert)->setEnabled(!m_portfolio->fileName().isEmpty() && m_portfolio->isEdited());
 }

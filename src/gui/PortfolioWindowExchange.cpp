@@ -9,6 +9,7 @@
 #include "exchange/CsvImportFormat.h"
 #include "exchange/ExchangeAlerts.h"
 #include "exchange/ExportChoice.h"
+#include "exchange/FinanceExport.h"
 #include "exchange/HoldingCsv.h"
 #include "exchange/PortfolioCsvImport.h"
 #include "exchange/PortfolioQuicken.h"
@@ -57,6 +58,20 @@ void PortfolioWindow::exportQif()
     }
     const ExchangeAlert alert = ExchangeAlerts::of(outcome);
     m_panels->alert(this, alert, !outcome.succeeded);
+}
+
+void PortfolioWindow::exportForFinancePrograms()
+{
+    const std::optional<QString> directory = m_panels->chooseFinanceExportDirectory(this);
+    if (!directory)
+        return;
+    const FinanceExport::Outcome outcome = FinanceExport::exportToDirectory(
+        m_portfolio->displayName(), m_portfolio->holdings(), m_portfolio->valuationContext(), *directory);
+    if (!outcome.succeeded) {
+        qWarning().noquote() << "Export for GnuCash and KMyMoney failed:" << outcome.detail;
+        m_panels->beep();
+    }
+    m_panels->alert(this, ExchangeAlerts::of(outcome), !outcome.succeeded);
 }
 
 void PortfolioWindow::importCsv()

@@ -51,7 +51,8 @@ TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)
         {"export-csv", emptyPortfolio},
         {"export-csv", emptyPortfolio, x, "--as-of", "2000-13"},
         {"export-csv", emptyPortfolio, dir + QStringLiteral("/no/x.csv")},
-        {"export-qif", emptyPortfolio, dir + QStringLiteral("/no")}};
+        {"export-qif", emptyPortfolio, dir + QStringLiteral("/no")},
+        {"export-finance", emptyPortfolio, dir + QStringLiteral("/no")}};
     for (const QStringList &arguments : invocations) {
         const auto result = run(arguments);
         EXPECT_NE(result.exitCode, 0) << arguments.join(QLatin1Char(' ')).toStdString();
@@ -101,6 +102,9 @@ TEST_F(ExchangeCommands, EveryCommandFindsThePeopleBesideThePortfolioAndNoneAreD
     EXPECT_TRUE(contents(dir + QStringLiteral("/out.csv")).contains(",Margaret Whitfield,Thomas Whitfield,"));
     ASSERT_EQ(run({"export-qif", sample, dir}).exitCode, 0);
     EXPECT_TRUE(contents(dir + QStringLiteral("/Positions.qif")).contains(" Margaret Whitfield OR Thomas Whitfield\r"));
+    const auto finance = run({"export-finance", sample, dir, "--as-of", "2025-12"});
+    EXPECT_TRUE(finance.standardOutput.contains("Securities: 9; prices in each file: 2259\n")) << finance.standardOutput.toStdString();
+    EXPECT_TRUE(contents(dir + QStringLiteral("/BondPrices.csv")).contains("12/31/2025,1582.00,NONCURRENCY,I-201001-1000E,USD\n"));
 
     const QByteArray before = contents(lonely);
     const auto refused = run(import + QStringList{lonely, csv});

@@ -6,7 +6,9 @@
 #include "ExchangePanels.h"
 
 #include <QAction>
+#include <QDate>
 #include <QDir>
+#include <QFileInfo>
 
 // Answers every panel with a prepared path and row, and keeps what the window asked and said.
 struct ScriptedPanels : ExchangePanels
@@ -26,6 +28,7 @@ struct ScriptedPanels : ExchangePanels
     std::optional<Choice> chooseQifExportDirectory(QWidget *, bool offer, int) override { return answer(offer); }
     std::optional<Choice> chooseCsvImportFile(QWidget *, int) override { return answer(false); }
     std::optional<QString> chooseCalculatorPage(QWidget *) override { return path; }
+    std::optional<QString> chooseFinanceExportDirectory(QWidget *) override { return path; }
     void alert(QWidget *, const ExchangeAlert &shown, bool) override
     {
         alerts << shown.title + QLatin1Char('|') + shown.message;
@@ -126,6 +129,41 @@ private slots:
         m_panels->path = GuiTest::writeFile("other.html", "<html>no list</html>");
         m_window->action(PortfolioWindow::ActionId::ImportCalculator)->trigger();
         QVERIFY(m_panels->alerts.last().startsWith(QStringLiteral("Import Failed|This is not a list saved from")));
+    }
+
+    // The files for GnuCash and KMyMoney price the bonds at the window's value to the penny: each
+    // purchase's quantity times its security's price on the valuation month's last day.
+    void financeExportPricesTheBondsAtTheirValue()
+    {
+        m_panels->path = QFileInfo(GuiTest::path(QStringLiteral("x"))).absolutePath();
+        m_window->action(PortfolioWindow::ActionId::ExportFinance)->trigger();
+        QCOMPARE(m_panels->alerts, QStringList{QStringLiteral("Export complete|Wrote Bonds.qif and BondPrices.csv in %1.")
+                                                   .arg(QDir(m_panels->path).absolutePath())});
+        const Month month = m_window->portfolio()->valuationContext().month;
+        const QString day = QDate(month.year(), month.month(), 1).addMonths(1).addDays(-1).toString(QStringLiteral("MM/dd/yyyy"));
+        QHash<QString, double> price; // by symbol
+        for (const QByteArray &line : GuiTest::readFile(m_panels->path + QStringLiteral("/BondPrices.csv")).split('\n')) {
+            const QList<QByteArray> cells = line.split(',');
+            if (cells.size() == 5 && cells[0] == day.toLatin1())
+                price[QString::fromLatin1(cells[3])] = cells[1].toDouble();
+        }
+        QHash<QString, QString> symbol; // by security name
+        QString name;
+        double worth = 0;
+        for (const QByteArray &line : GuiTest::readFile(m_panels->path + QStringLiteral("/Bonds.qif")).split('\n')) {
+            const QString field = QString::fromUtf8(line.mid(1));
+            if (line.startsWith('N') || line.startsWith('Y'))
+                name = field;
+            else if (line.startsWith('S'))
+                symbol[name] = field;
+            else if (line.startsWith('Q'))
+                worth += field.toDouble() * price.value(symbol.value(name));
+        }
+        Pennies value = 0;
+        for (const HoldingRef &holding : m_window->portfolio()->holdings())
+            value += m_window->portfolio()->figuresOf(*holding).value();
+        QVERIFY(value > 0);
+        QCOMPARE(qRound64(worth * 100), value);
     }
 };
 

@@ -3,6 +3,7 @@
 #include "exchange/ExchangeAlerts.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace ExchangeAlerts {
 
@@ -68,6 +69,20 @@ ExchangeAlert of(const QuickenFileSet::Outcome &outcome)
                                    "You may now import your portfolio positions and pricelist from the files in %1"))
                 .arg(outcome.directory),
             {}};
+}
+
+ExchangeAlert of(const FinanceExport::Outcome &outcome)
+{
+    if (!outcome.succeeded)
+        return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Alert")),
+                text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Unable to export data")), {}};
+    return {text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Export complete")),
+            text(QT_TRANSLATE_NOOP("ExchangeAlerts", "Wrote %1 and %2 in %3."))
+                .arg(QFileInfo(outcome.paths.qif).fileName(), QFileInfo(outcome.paths.priceCsv).fileName(), outcome.directory),
+            text(QT_TRANSLATE_NOOP("ExchangeAlerts",
+                                   "In GnuCash or KMyMoney, import %1 with File ▸ Import ▸ QIF. GnuCash skips the prices "
+                                   "of a QIF: import %2 afterwards with File ▸ Import ▸ Import Prices from a CSV File."))
+                .arg(QFileInfo(outcome.paths.qif).fileName(), QFileInfo(outcome.paths.priceCsv).fileName())};
 }
 
 } // namespace ExchangeAlerts

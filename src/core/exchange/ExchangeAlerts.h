@@ -3,6 +3,7 @@
 #pragma once
 // The alert that ends an import or export, in the words the window shows and the command line
 // prints: the outcomes are values, and their words are chosen here once for both.
+#include "exchange/FinanceExport.h"
 #include "exchange/PortfolioCsvImport.h"
 #include "exchange/PortfolioQuicken.h"
 
@@ -21,4 +22,6 @@ namespace ExchangeAlerts {
 ExchangeAlert of(const CsvImportOutcome &outcome);
 // "Export complete" naming the directory, or "Alert": "Unable to export data".
 ExchangeAlert of(const QuickenFileSet::Outcome &outcome);
+// "Export complete" naming both files, with how to import them in each program.
+ExchangeAlert of(const FinanceExport::Outcome &outcome);
 }
