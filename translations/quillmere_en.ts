@@ -890,6 +890,22 @@ the version, &apos;quillmere-cli --man&apos; the manual page.</source>
         <source>import-calculator FILE HTML [--people FILE]   add the bonds of a saved Treasury calculator list</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Writes Bonds.qif (securities, purchases with their cost, monthly prices) and BondPrices.csv (the prices again, for GnuCash&apos;s price import) for a portfolio into a directory; numbered names (Bonds-1.qif, ...) when either is already there. Prices run from each bond&apos;s issue to the valuation month.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>export-finance needs a portfolio file and a directory (see --help)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Securities: %1; prices in each file: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>export-finance FILE DIR [--as-of YYYY-MM] [--people FILE]   write a QIF and price CSV for GnuCash and KMyMoney</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CsvHoldingReader</name>
@@ -1046,6 +1062,14 @@ the version, &apos;quillmere-cli --man&apos; the manual page.</source>
         <source>Its columns are those of a Quillmere file: import it as one.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Wrote %1 and %2 in %3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In GnuCash or KMyMoney, import %1 with File ▸ Import ▸ QIF. GnuCash skips the prices of a QIF: import %2 afterwards with File ▸ Import ▸ Import Prices from a CSV File.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ExchangePanels</name>
@@ -1117,6 +1141,10 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Web pages (*.html *.htm);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a Directory for the GnuCash and KMyMoney Files</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2569,6 +2597,18 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>The bonds cashed, with what was received and the interest to report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For &amp;GnuCash or KMyMoney…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Export</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -48,6 +48,10 @@ NOT_SHOWN_IN_FILE = {
     "CalculatorListImport.cpp": {"SeriesList", "IssueDateList", "DenominationList", "SerialNumList"},
     "PortfolioQuicken.cpp": {"PriceList.qif", "Positions.qif", "PriceList-%1.qif", "Positions-%1.qif"},
     "PortfolioQuicken.h": {"Generated with Quillmere"},
+    # The records, file names and security names of the export for GnuCash and KMyMoney.
+    "FinanceExport.cpp": {"D%1\\nNXIn\\nPOpening Balance\\nT%2\\nL[%3]\\n^\\n", "Date,Amount,Namespace,Symbol,Currency\\n",
+                          "Bonds.qif", "BondPrices.csv", "Bonds-%1.qif", "BondPrices-%1.csv"},
+    "FinanceSecurities.cpp": {" electronic"},
     "TreasuryValueFile.cpp": {"January", "February", "March", "April", "May", "June", "July", "August",
                               "September", "October", "November", "December", "NO PAY"},
     "FiscalDataPage.cpp": {"NO PAY"},

@@ -70,7 +70,6 @@ QList<Security> securitiesOf(const QList<HoldingRef> &holdings, const ValuationC
         if (bond.issueMonth.isNull() || bond.countedQuantity() == 0)
             continue;
         const qint64 quantity = bond.countedQuantity();
-        bond.quantity = 1;
         Security candidate = securityFor(bond);
         auto found = indexOfSymbol.constFind(candidate.symbol);
         if (found == indexOfSymbol.constEnd()) {
