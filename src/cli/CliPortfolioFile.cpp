@@ -113,3 +113,27 @@ QString saveFailureText(const QString &path, const PortfolioSaveFailure &failure
     const QString kept = QFileInfo::exists(path) ? CliText::tr("; the file is unchanged") : QString();
     return CliText::tr("%1: cannot save the portfolio: %2%3").arg(path, saveFailureReason(failure), kept);
 }
+
+int runDirectoryExport(const QStringList &arguments, const QString &description, const QString &usageComplaint,
+                       const DirectoryExport &exportInto)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(description);
+    const QCommandLineOption asOf = valuationMonthOption();
+    const QCommandLineOption peopleOption = peopleFileOption();
+    parser.addOptions({asOf, peopleOption});
+    parser.addPositionalArgument(QStringLiteral("FILE"), CliText::tr("The portfolio document."));
+    parser.addPositionalArgument(QStringLiteral("DIR"), CliText::tr("An existing directory to write into."));
+    int status = 0;
+    if (!parseArguments(parser, arguments, PositionalCount::exactly(2, usageComplaint), {}, &status))
+        return status;
+    const QStringList paths = parser.positionalArguments();
+    if (!QFileInfo(paths.at(1)).isDir())
+        return cliFail(CliText::tr("%1: no such directory").arg(paths.at(1)));
+    QString error;
+    PeopleStore people(peopleFilePath(parser, peopleOption, paths.at(0)));
+    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error, people);
+    if (!portfolio)
+        return cliFail(error);
+    return exportInto(*portfolio, paths.at(1));
+}

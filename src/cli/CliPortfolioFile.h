@@ -8,6 +8,7 @@
 
 #include <QCommandLineOption>
 #include <QString>
+#include <functional>
 #include <memory>
 
 class QCommandLineParser;
@@ -44,3 +45,10 @@ bool readValuationMonth(const QCommandLineParser &parser, const QCommandLineOpti
 std::unique_ptr<ValuedPortfolio> openValuedPortfolio(const QString &path, const QCommandLineParser &parser,
                                                    const QCommandLineOption &valuationMonth, QString *error,
                                                    PeopleStore &people);
+
+// The body of the commands that export a portfolio into a directory, "COMMAND FILE DIR [--as-of]
+// [--people FILE]": parses the arguments, checks the directory, opens the valued portfolio and
+// hands both to the export, whose exit status it returns.
+using DirectoryExport = std::function<int(const ValuedPortfolio &portfolio, const QString &directory)>;
+int runDirectoryExport(const QStringList &arguments, const QString &description, const QString &usageComplaint,
+                       const DirectoryExport &exportInto);

@@ -4,54 +4,33 @@
 // directory, as the portfolio window's export for them does for all holdings.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
-#include "model/PeopleStore.h"
 #include "exchange/ExchangeAlerts.h"
 #include "exchange/FinanceExport.h"
-
-#include <QCommandLineParser>
-#include <QFileInfo>
 
 namespace {
 
 int run(const QStringList &arguments)
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(CliText::tr("Writes Bonds.qif (securities, purchases with their cost, "
-                                                    "monthly prices) and BondPrices.csv (the prices again, for GnuCash's "
-                                                    "price import) for a portfolio into a directory; numbered names "
-                                                    "(Bonds-1.qif, ...) when either is already there. Prices run from "
-                                                    "each bond's issue to the valuation month."));
-    const QCommandLineOption asOf = valuationMonthOption();
-    const QCommandLineOption peopleOption = peopleFileOption();
-    parser.addOptions({asOf, peopleOption});
-    parser.addPositionalArgument(QStringLiteral("FILE"), CliText::tr("The portfolio document."));
-    parser.addPositionalArgument(QStringLiteral("DIR"), CliText::tr("An existing directory to write into."));
-    int status = 0;
-    if (!parseArguments(parser, arguments,
-                        PositionalCount::exactly(2, CliText::tr("export-finance needs a portfolio file and a directory (see --help)")),
-                        {}, &status))
-        return status;
-    const QStringList paths = parser.positionalArguments();
-    if (!QFileInfo(paths.at(1)).isDir())
-        return cliFail(CliText::tr("%1: no such directory").arg(paths.at(1)));
-
-    QString error;
-    PeopleStore people(peopleFilePath(parser, peopleOption, paths.at(0)));
-    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error, people);
-    if (!portfolio)
-        return cliFail(error);
-
-    const FinanceExport::Outcome outcome = FinanceExport::exportToDirectory(
-        portfolio->displayName(), portfolio->holdings(), portfolio->valuationContext(), paths.at(1));
-    const ExchangeAlert alert = ExchangeAlerts::of(outcome);
-    if (!outcome.succeeded)
-        return cliFail(QStringLiteral("%1 (%2)").arg(alert.message, outcome.detail));
-    cliOut() << alert.title << ": " << alert.message << '\n'
-             << "  " << outcome.paths.qif << '\n'
-             << "  " << outcome.paths.priceCsv << '\n'
-             << CliText::tr("Securities: %1; prices in each file: %2").arg(outcome.securities).arg(outcome.prices) << '\n'
-             << alert.informative << '\n';
-    return 0;
+    return runDirectoryExport(
+        arguments,
+        CliText::tr("Writes Bonds.qif (securities, purchases with their cost, monthly prices) and BondPrices.csv "
+                    "(the prices again, for GnuCash's price import) for a portfolio into a directory; numbered "
+                    "names (Bonds-1.qif, ...) when either is already there. Prices run from each bond's issue to "
+                    "the valuation month."),
+        CliText::tr("export-finance needs a portfolio file and a directory (see --help)"),
+        [](const ValuedPortfolio &portfolio, const QString &directory) {
+            const FinanceExport::Outcome outcome = FinanceExport::exportToDirectory(
+                portfolio.displayName(), portfolio.holdings(), portfolio.valuationContext(), directory);
+            const ExchangeAlert alert = ExchangeAlerts::of(outcome);
+            if (!outcome.succeeded)
+                return cliFail(QStringLiteral("%1 (%2)").arg(alert.message, outcome.detail));
+            cliOut() << alert.title << ": " << alert.message << '\n'
+                     << "  " << outcome.paths.qif << '\n'
+                     << "  " << outcome.paths.priceCsv << '\n'
+                     << CliText::tr("Securities: %1; prices in each file: %2").arg(outcome.securities).arg(outcome.prices)
+                     << '\n' << alert.informative << '\n';
+            return 0;
+        });
 }
 
 const CliCommand::Registration registration({QStringLiteral("export-finance"),

@@ -4,53 +4,32 @@
 // directory, as the portfolio window's QIF export does for all holdings.
 #include "CliCommand.h"
 #include "CliPortfolioFile.h"
-#include "model/PeopleStore.h"
 #include "exchange/ExchangeAlerts.h"
 #include "exchange/PortfolioQuicken.h"
-
-#include <QCommandLineParser>
-#include <QFileInfo>
 
 namespace {
 
 int run(const QStringList &arguments)
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(CliText::tr("Writes PriceList.qif and Positions.qif for a portfolio into a "
-                                                    "directory; numbered names (PriceList-1.qif, ...) when a price list "
-                                                    "is already there."));
-    const QCommandLineOption asOf = valuationMonthOption();
-    const QCommandLineOption peopleOption = peopleFileOption();
-    parser.addOptions({asOf, peopleOption});
-    parser.addPositionalArgument(QStringLiteral("FILE"), CliText::tr("The portfolio document."));
-    parser.addPositionalArgument(QStringLiteral("DIR"), CliText::tr("An existing directory to write into."));
-    int status = 0;
-    if (!parseArguments(parser, arguments,
-                        PositionalCount::exactly(2, CliText::tr("export-qif needs a portfolio file and a directory (see --help)")),
-                        {}, &status))
-        return status;
-    const QStringList paths = parser.positionalArguments();
-    if (!QFileInfo(paths.at(1)).isDir())
-        return cliFail(CliText::tr("%1: no such directory").arg(paths.at(1)));
-
-    // The price history does not depend on the valuation month, but the option is accepted
-    // (and checked) so that the export commands take the same arguments.
-    QString error;
-    PeopleStore people(peopleFilePath(parser, peopleOption, paths.at(0)));
-    const auto portfolio = openValuedPortfolio(paths.at(0), parser, asOf, &error, people);
-    if (!portfolio)
-        return cliFail(error);
-
-    const QuickenFileSet::Outcome outcome =
-        QuickenFileSet::exportToQuickenFileSet(portfolio->displayName(), portfolio->holdings(), portfolio->holdings(),
-                                              portfolio->valuationContext(), paths.at(1));
-    const ExchangeAlert alert = ExchangeAlerts::of(outcome);
-    if (!outcome.succeeded)
-        return cliFail(QStringLiteral("%1 (%2)").arg(alert.message, outcome.detail));
-    cliOut() << alert.title << ": " << alert.message << '\n'
-             << "  " << outcome.paths.priceList << '\n'
-             << "  " << outcome.paths.positions << '\n';
-    return 0;
+    // The price history does not depend on the valuation month, but the option is accepted (and
+    // checked) so that the export commands take the same arguments.
+    return runDirectoryExport(
+        arguments,
+        CliText::tr("Writes PriceList.qif and Positions.qif for a portfolio into a directory; numbered names "
+                    "(PriceList-1.qif, ...) when a price list is already there."),
+        CliText::tr("export-qif needs a portfolio file and a directory (see --help)"),
+        [](const ValuedPortfolio &portfolio, const QString &directory) {
+            const QuickenFileSet::Outcome outcome = QuickenFileSet::exportToQuickenFileSet(
+                portfolio.displayName(), portfolio.holdings(), portfolio.holdings(), portfolio.valuationContext(),
+                directory);
+            const ExchangeAlert alert = ExchangeAlerts::of(outcome);
+            if (!outcome.succeeded)
+                return cliFail(QStringLiteral("%1 (%2)").arg(alert.message, outcome.detail));
+            cliOut() << alert.title << ": " << alert.message << '\n'
+                     << "  " << outcome.paths.priceList << '\n'
+                     << "  " << outcome.paths.positions << '\n';
+            return 0;
+        });
 }
 
 const CliCommand::Registration registration({QStringLiteral("export-qif"),
