@@ -42,11 +42,6 @@ QString memo(const Holding &holding)
     return plainText(text);
 }
 
-QString quantityText(qint64 quantity)
-{
-    return QString::number(quantity);
-}
-
 using Securities = QList<FinanceSecurities::Security>;
 
 QByteArray qifOf(const QString &accountName, const Securities &securities)
@@ -75,7 +70,7 @@ QByteArray qifOf(const QString &accountName, const Securities &securities)
         for (const auto &purchase : security.purchases) {
             out += QStringLiteral("D%1\nNBuy\nY%2\nI%3\nQ%4\nT%5\nM%6\n^\n")
                        .arg(lastDayOf(security.issueMonth), security.name, plainDollars(purchase.pricePerBond),
-                            quantityText(purchase.quantity), plainDollars(purchase.cost), memo(*purchase.holding));
+                            QString::number(purchase.quantity), plainDollars(purchase.cost), memo(*purchase.holding));
         }
     }
     out += QStringLiteral("!Type:Prices\n");
