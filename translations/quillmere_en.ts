@@ -1067,7 +1067,7 @@ the version, &apos;quillmere-cli --man&apos; the manual page.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>In GnuCash or KMyMoney, import %1 with File ▸ Import ▸ QIF. GnuCash skips the prices of a QIF: import %2 afterwards with File ▸ Import ▸ Import Prices from a CSV File.</source>
+        <source>In GnuCash or KMyMoney, import %1 with File ▸ Import ▸ QIF. GnuCash skips the prices of a QIF: import %2 afterwards with File ▸ Import ▸ Import Prices from a CSV file.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

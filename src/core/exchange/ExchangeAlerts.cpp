@@ -81,7 +81,7 @@ ExchangeAlert of(const FinanceExport::Outcome &outcome)
                 .arg(QFileInfo(outcome.paths.qif).fileName(), QFileInfo(outcome.paths.priceCsv).fileName(), outcome.directory),
             text(QT_TRANSLATE_NOOP("ExchangeAlerts",
                                    "In GnuCash or KMyMoney, import %1 with File ▸ Import ▸ QIF. GnuCash skips the prices "
-                                   "of a QIF: import %2 afterwards with File ▸ Import ▸ Import Prices from a CSV File."))
+                                   "of a QIF: import %2 afterwards with File ▸ Import ▸ Import Prices from a CSV file."))
                 .arg(QFileInfo(outcome.paths.qif).fileName(), QFileInfo(outcome.paths.priceCsv).fileName())};
 }
 
