@@ -178,9 +178,11 @@ bool InventoryPrint::print(QPagedPaintDevice &device) const
     for (const InventoryGroup &group : m_report.groups) {
         const QString owner = ownerName(group);
         const QString continued = wideRow(tr("%1 (continued)").arg(owner));
-        pieces << Piece{wideRow(owner), opening, {}};
-        for (const InventoryLine &line : group.lines)
-            pieces << Piece{lineRow(line), opening, continued};
+        // The heading goes with the group's first line, so that no page ends on a heading alone.
+        for (const InventoryLine &line : group.lines) {
+            const bool first = &line == &group.lines.constFirst();
+            pieces << Piece{(first ? wideRow(owner) : QString()) + lineRow(line), opening, first ? QString() : continued};
+        }
         pieces << Piece{totalRow(group.owner ? tr("Subtotal: %1").arg(group.owner->name()) : tr("Subtotal: no owner named"),
                                  group.subtotal),
                         opening, continued};
