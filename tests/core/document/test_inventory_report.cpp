@@ -13,33 +13,17 @@
 
 namespace {
 
-struct GroupFigures
-{
-    QString owner; // empty: no owner named
-    QStringList serials;
-    qint64 bonds;
-    Pennies face, price, interest, value;
-};
+// Owner ("" for none), serial numbers of its lines, then its subtotal: bonds, face, price, interest, value.
+using GroupFigures = std::tuple<QString, QStringList, qint64, Pennies, Pennies, Pennies, Pennies>;
 
 GroupFigures figuresOf(const InventoryGroup &group)
 {
-    GroupFigures figures{group.owner ? group.owner->name() : QString(), {}, group.subtotal.quantity, group.subtotal.faceValue,
-                         group.subtotal.issuePrice, group.subtotal.interestEarned, group.subtotal.value};
+    QStringList serials;
     for (const InventoryLine &line : group.lines)
-        figures.serials << line.holding->serialNumber();
-    return figures;
-}
-
-bool operator==(const GroupFigures &a, const GroupFigures &b)
-{
-    return std::tie(a.owner, a.serials, a.bonds, a.face, a.price, a.interest, a.value)
-        == std::tie(b.owner, b.serials, b.bonds, b.face, b.price, b.interest, b.value);
-}
-
-void PrintTo(const GroupFigures &g, std::ostream *out)
-{
-    *out << g.owner.toStdString() << " [" << g.serials.join(u' ').toStdString() << "] " << g.bonds << " bonds, face " << g.face
-         << ", price " << g.price << ", interest " << g.interest << ", value " << g.value;
+        serials << line.holding->serialNumber();
+    const HoldingTotals &sum = group.subtotal;
+    return {group.owner ? group.owner->name() : QString(), serials, sum.quantity, sum.faceValue, sum.issuePrice,
+            sum.interestEarned, sum.value};
 }
 
 class SampleInventory : public ::testing::Test
@@ -98,7 +82,7 @@ TEST_F(SampleInventory, GroupsByOwnerWithSubtotalsToTheCent)
             face += line.faceValue, price += line.issuePrice, interest += line.interest, value += line.value;
         EXPECT_EQ(std::tie(face, price, interest, value),
                   std::tie(group.subtotal.faceValue, group.subtotal.issuePrice, group.subtotal.interestEarned, group.subtotal.value))
-            << figuresOf(group).owner.toStdString();
+            << std::get<0>(figuresOf(group)).toStdString();
     }
 }
 
