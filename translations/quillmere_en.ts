@@ -906,6 +906,38 @@ the version, &apos;quillmere-cli --man&apos; the manual page.</source>
         <source>export-finance FILE DIR [--as-of YYYY-MM] [--people FILE]   write a QIF and price CSV for GnuCash and KMyMoney</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Writes the inventory of a portfolio as a PDF: every bond grouped by owner with its figures, notes and the people named on it, a subtotal per owner and the household&apos;s total.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The paper, letter or a4 (default: letter).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The PDF file to write.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>inventory needs a portfolio file and a PDF file to write (see --help)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the paper must be letter or a4, not &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: cannot write the inventory: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wrote the inventory of %1 bonds to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>inventory FILE OUT.pdf [--as-of YYYY-MM] [--people FILE] [--paper letter|a4]   write the household&apos;s inventory as PDF</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CsvHoldingReader</name>
@@ -1579,6 +1611,137 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
 </context>
 <context>
+    <name>InventoryPrint</name>
+    <message>
+        <source>Series</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issued</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Issue price</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Final maturity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next increase</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>People named</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Owner: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No owner named</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no pricing data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not yet redeemable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>computed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>quantity below 1: counts as no bonds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 bond without pricing data is not in these totals.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 bonds without pricing data are not in these totals.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Savings Bond Inventory: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Valued as of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Printed %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (continued)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subtotal: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subtotal: no owner named</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Household total</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face value and issue price are for all the bonds of a line; * marks electronic bonds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>computed: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, valued as of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the pages could not be painted</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KeyedArchiveDecoder</name>
     <message>
         <source>The file is not a Quillmere portfolio.</source>
@@ -1903,6 +2066,13 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>%1: %2, issue month %3-%4, redemption month %5-%6: %7 differs from the installed official value %8</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PagedHtml</name>
+    <message>
+        <source>Page %1 of %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2611,6 +2781,26 @@ a price list, and a list of your portfolio holdings.</source>
         <source>&amp;Export</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Export Inventory as PDF</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 inventory.pdf</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The inventory could not be written to %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print Inven&amp;tory…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Inventor&amp;y as PDF…</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PreferencesDialog</name>
@@ -3156,10 +3346,6 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Printed %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Page %1 of %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

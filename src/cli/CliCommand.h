@@ -25,6 +25,9 @@ struct CliCommand
     const char *synopsis; // one line for the usage text, marked with QT_TRANSLATE_NOOP("CliText", ...)
     // Receives the arguments after the sub-command name (argument 0 is "quillmere-cli NAME").
     std::function<int(const QStringList &arguments)> run;
+    // Whether the command paints pages (fonts, PDF), which needs a graphical application; the
+    // others run on a core one, with no display or platform plugin at all.
+    bool paints = false;
 
     static QList<CliCommand> &all();
     static const CliCommand *find(const QString &name);

@@ -5,9 +5,11 @@
 #include "base/UserDefaults.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 
 static QList<CliCommand> sortedCommands()
 {
@@ -69,7 +71,14 @@ static int manualPage()
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    // A command that paints gets a graphical application, drawn off screen unless a platform is named.
+    const CliCommand *named = argc > 1 ? CliCommand::find(QString::fromLocal8Bit(argv[1])) : nullptr;
+    const bool paints = named && named->paints;
+    if (paints && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> application = paints ? std::make_unique<QGuiApplication>(argc, argv)
+                                                                  : std::make_unique<QCoreApplication>(argc, argv);
+    QCoreApplication &app = *application;
     QCoreApplication::setOrganizationName(QString::fromLatin1(UserDefaults::Organization));
     QCoreApplication::setApplicationName(QString::fromLatin1(UserDefaults::Application));
     QCoreApplication::setApplicationVersion(QStringLiteral(QUILLMERE_VERSION));

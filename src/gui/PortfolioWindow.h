@@ -40,7 +40,7 @@ public:
     enum class ActionId {
         New, Open, Close, Save, SaveAs, Revert, Print, PrintPreview, ExportPdf, Quit,
         Undo, Redo, Cut, Copy, Paste, Delete,
-        AddBond, RemoveBond, Redeem, TaxReport, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, ImportCalculator, ExportFinance, Help, About
+        AddBond, RemoveBond, Redeem, TaxReport, ExportCsv, ExportQif, ImportCsv, AddPerson, Preferences, UpdatePrices, InstallTreasuryFile, ValueChart, StoppedEarning, ImportCalculator, ExportFinance, PrintInventory, ExportInventoryPdf, Help, About
     };
     static constexpr const char *ToolbarName = "larchfield.QuillmereToolbar";
 
@@ -94,6 +94,10 @@ public:
     // The window's one tax report, opened or raised.
     TaxYearDialog *showTaxReport();
     void exportPdf();
+    // The household's inventory of every held bond, grouped by owner (in PortfolioWindowPrinting.cpp).
+    void printInventory();
+    // Asks where to write when no path is given; false when nothing was written.
+    bool exportInventoryPdf(QString path = QString());
 
     bool save();
     bool saveAs(const QString &path = QString());

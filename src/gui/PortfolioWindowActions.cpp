@@ -51,6 +51,10 @@ const ActionEntry ActionTable[] = {
      nullptr},
     {Id::ExportPdf, QT_TRANSLATE_NOOP("PortfolioWindow", "Export as P&DF…"), QKeySequence::UnknownKey, nullptr,
      nullptr},
+    {Id::PrintInventory, QT_TRANSLATE_NOOP("PortfolioWindow", "Print Inven&tory…"), QKeySequence::UnknownKey, nullptr,
+     nullptr},
+    {Id::ExportInventoryPdf, QT_TRANSLATE_NOOP("PortfolioWindow", "Export Inventor&y as PDF…"), QKeySequence::UnknownKey,
+     nullptr, nullptr},
     {Id::Quit, QT_TRANSLATE_NOOP("PortfolioWindow", "&Quit"), QKeySequence::Quit, nullptr, nullptr},
     {Id::Cut, QT_TRANSLATE_NOOP("PortfolioWindow", "Cu&t"), QKeySequence::Cut, nullptr, nullptr},
     {Id::Copy, QT_TRANSLATE_NOOP("PortfolioWindow", "&Copy"), QKeySequence::Copy, nullptr, nullptr},
@@ -174,6 +178,8 @@ void PortfolioWindow::createActions()
     connect(action(Id::StoppedEarning), &QAction::toggled, m_filterModel, &HoldingsFilterModel::setStoppedEarningOnly);
     connect(action(Id::PrintPreview), &QAction::triggered, this, &PortfolioWindow::printPreview);
     connect(action(Id::ExportPdf), &QAction::triggered, this, &PortfolioWindow::exportPdf);
+    connect(action(Id::PrintInventory), &QAction::triggered, this, &PortfolioWindow::printInventory);
+    connect(action(Id::ExportInventoryPdf), &QAction::triggered, this, [this] { exportInventoryPdf(); });
     connect(action(Id::AddPerson), &QAction::triggered, this, &PortfolioWindow::addPeople);
     if (action(Id::Help)->shortcut().isEmpty()) // desktops without a standard key for it
         action(Id::Help)->setShortcut(QKeySequence(Qt::Key_F1));
@@ -218,6 +224,8 @@ void PortfolioWindow::createMenus()
     file->addAction(action(Id::Print));
     file->addAction(action(Id::PrintPreview));
     file->addAction(action(Id::ExportPdf));
+    file->addAction(action(Id::PrintInventory));
+    file->addAction(action(Id::ExportInventoryPdf));
     file->addSeparator();
     file->addAction(action(Id::Quit));
 
@@ -351,6 +359,8 @@ void PortfolioWindow::updateActions()
     action(Id::Print)->setEnabled(hasHoldings);
     action(Id::PrintPreview)->setEnabled(hasHoldings);
     action(Id::ExportPdf)->setEnabled(hasHoldings);
+    action(Id::PrintInventory)->setEnabled(hasHoldings);
+    action(Id::ExportInventoryPdf)->setEnabled(hasHoldings);
     action(Id::ImportCsv)->setEnabled(true);
     action(Id::ExportCsv)->setEnabled(hasHoldings);
     action(Id::ExportQif)->setEnabled(hasHoldings);

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Printing the holdings the bond table shows, in its order: on a printer, in a preview, or to a
-// PDF file.
+// PDF file; and the inventory of all held bonds, on a printer or to a PDF file.
 #include "HoldingsFilterModel.h"
 #include "HoldingsTableModel.h"
+#include "InventoryPrint.h"
 #include "PortfolioPrintLayout.h"
 #include "PortfolioWindow.h"
 #include "base/UserDefaults.h"
@@ -12,6 +13,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
@@ -26,11 +28,16 @@ const QMarginsF PrintMargins(72, 90, 72, 90);
 // The paper the user last chose in the print dialog; Letter, the household's paper, until then.
 constexpr const char *PaperKey = "printPaperSize";
 
-void preparePage(QPrinter &printer)
+QPageSize chosenPaper()
 {
     const QVariant chosen = UserDefaults::value(QString::fromLatin1(PaperKey));
     const QPageSize paper(chosen.isValid() ? QPageSize::PageSizeId(chosen.toInt()) : QPageSize::Letter);
-    printer.setPageSize(paper.isValid() ? paper : QPageSize(QPageSize::Letter));
+    return paper.isValid() ? paper : QPageSize(QPageSize::Letter);
+}
+
+void preparePage(QPrinter &printer)
+{
+    printer.setPageSize(chosenPaper());
     printer.setPageMargins(PrintMargins, QPageLayout::Point);
 }
 
@@ -97,4 +104,39 @@ void PortfolioWindow::exportPdf()
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(path);
     printOn(printer);
+}
+
+// The whole household, whatever the table shows: an inventory that leaves bonds out misleads.
+void PortfolioWindow::printInventory()
+{
+    const InventoryReport report = InventoryReport::of(m_portfolio->holdings(), m_portfolio->valuationContext());
+    const InventoryPrint inventory(report, m_portfolio->displayName(), QDate::currentDate());
+    QPrinter printer;
+    printer.setPageLayout(InventoryPrint::pageLayout(chosenPaper()));
+    printer.setDocName(inventory.title());
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    rememberPaper(printer);
+    if (!inventory.print(printer))
+        QApplication::beep();
+}
+
+bool PortfolioWindow::exportInventoryPdf(QString path)
+{
+    if (path.isEmpty()) {
+        path = QFileDialog::getSaveFileName(this, tr("Export Inventory as PDF"),
+                                            tr("%1 inventory.pdf").arg(m_portfolio->displayName()), tr("PDF documents (*.pdf)"));
+        if (path.isEmpty())
+            return false;
+        if (QFileInfo(path).suffix().isEmpty())
+            path += QStringLiteral(".pdf");
+    }
+    const InventoryReport report = InventoryReport::of(m_portfolio->holdings(), m_portfolio->valuationContext());
+    QString error;
+    if (InventoryPrint(report, m_portfolio->displayName(), QDate::currentDate()).writePdf(path, chosenPaper(), &error))
+        return true;
+    QApplication::beep();
+    QMessageBox::warning(this, tr("Export Inventory as PDF"), tr("The inventory could not be written to %1: %2").arg(path, error));
+    return false;
 }

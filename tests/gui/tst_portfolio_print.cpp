@@ -4,6 +4,7 @@
 #include "GuiTestMain.h"
 #include "PortfolioPrintLayout.h"
 
+#include <QMenuBar>
 #include <QPdfWriter>
 #include <QProcess>
 #include <QStandardPaths>
@@ -78,6 +79,25 @@ private slots:
         QVERIFY(!text.contains(QStringLiteral("$0.00")));
     }
 
+    // The File menu's inventory lists the whole household, whatever the table's filter shows.
+    void inventoryFromTheFileMenuListsEveryHeldBond()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        QVERIFY(window);
+        QVERIFY(window->portfolio()->setValueOfDate(QDateTime(QDate(2026, 11, 1), QTime(0, 0, 1))));
+        window->action(PortfolioWindow::ActionId::StoppedEarning)->setChecked(true);
+        QAction *exportAction = window->action(PortfolioWindow::ActionId::ExportInventoryPdf);
+        QVERIFY(exportAction->isEnabled());
+        QVERIFY(window->menuBar()->actions().constFirst()->menu()->actions().contains(exportAction));
+        const QString pdf = GuiTest::path(QStringLiteral("inventory.pdf"));
+        QVERIFY(window->exportInventoryPdf(pdf));
+        GuiTest::discardWindows();
+
+        const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        QVERIFY(text.startsWith(QStringLiteral("Savings Bond Inventory: sample\n")));
+        QVERIFY(text.contains(QRegularExpression(QStringLiteral("Household total +13 +\\$1,700\\.00 +\\$1,584\\.25 +\\$1,957\\.96 +\\$3,417\\.21\\n"))));
+        QVERIFY(text.contains(QStringLiteral("Page 1 of 1")));
+    }
 };
 
 QUILLMERE_GUI_TEST_MAIN(PortfolioPrintTest)

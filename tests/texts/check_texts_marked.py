@@ -83,6 +83,14 @@ NOT_SHOWN_IN_FILE = {
                          "<th align=\\\"left\\\" colspan=\\\"2\\\">%1</th></tr>",
                          "<tr><td width=\\\"50%\\\">%1</td><td>%2</td></tr>"},
     "MaturityNoticeBar.cpp": {" <a href=\\\"tax\\\">%1</a>"},
+    # The markup of the printed inventory around its translated words.
+    "InventoryPrint.cpp": {"<table width=\\\"100%\\\" cellspacing=\\\"0\\\" cellpadding=\\\"2\\\" border=\\\"0.5\\\"><tr>",
+                           " width=\\\"%1%\\\"", "<th align=\\\"%1\\\" bgcolor=\\\"#e8e8e8\\\"%2>%3</th>",
+                           "<td style=\\\"white-space:nowrap\\\">%1</td>",
+                           "<td align=\\\"right\\\" style=\\\"white-space:nowrap\\\">%1</td>",
+                           "<tr><td colspan=\\\"%1\\\" bgcolor=\\\"#f4f4f4\\\"><b>%2</b></td></tr>",
+                           "<tr style=\\\"font-weight:bold\\\"><td colspan=\\\"%1\\\">%2</td>",
+                           "<td colspan=\\\"%1\\\"></td></tr>"},
 }
 # Files that hold statements for the database and no words: their literals are all SQL.
 NO_TEXTS = {"ValueHistoryPacking.cpp"}
