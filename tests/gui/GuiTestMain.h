@@ -13,6 +13,8 @@
 #include <QApplication>
 #include <QFile>
 #include <QMessageBox>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -84,6 +86,26 @@ inline void discardWindows()
         window->portfolio()->markSaved();
         delete window;
     }
+}
+
+// What a program prints on its standard output.
+inline QString output(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+// What poppler reads in a PDF: its text as laid out ("-layout") or its words' boxes ("-bbox"); its pages.
+inline QString pdfText(const QString &pdf, const QString &form = QStringLiteral("-layout"))
+{
+    return output(QStringLiteral("pdftotext"), {form, pdf, QStringLiteral("-")});
+}
+inline int pdfPages(const QString &pdf)
+{
+    static const QRegularExpression pages(QStringLiteral("Pages:\\s+(\\d+)"));
+    return pages.match(output(QStringLiteral("pdfinfo"), {pdf})).captured(1).toInt();
 }
 
 inline void useRunFolders()

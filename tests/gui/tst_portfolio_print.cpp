@@ -1,25 +1,33 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The printed portfolio as PDF read back by poppler: pages for H and H + 1 holdings, headers, page numbers, 0s.
+// The printed portfolio as PDF read back by poppler: pages for H and H + 1 holdings, headers, page numbers, 0s,
+// and amounts that never overlap.
 #include "GuiTestMain.h"
 #include "PortfolioPrintLayout.h"
 
 #include <QMenuBar>
 #include <QPdfWriter>
-#include <QProcess>
 #include <QStandardPaths>
+
+struct Word
+{
+    double left, top, right;
+    QString text;
+};
+
+QList<Word> wordsOf(const QString &pdf)
+{
+    static const QRegularExpression word(
+        QStringLiteral(R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="[\d.]+">([^<]*)</word>)re"));
+    QList<Word> words;
+    for (const QRegularExpressionMatch &m : word.globalMatch(GuiTest::pdfText(pdf, QStringLiteral("-bbox"))))
+        words.append({m.captured(1).toDouble(), m.captured(2).toDouble(), m.captured(3).toDouble(), m.captured(4)});
+    return words;
+}
 
 class PortfolioPrintTest : public QObject
 {
     Q_OBJECT
-
-    static QString run(const QString &program, const QStringList &arguments)
-    {
-        QProcess process;
-        process.start(program, arguments);
-        process.waitForFinished();
-        return QString::fromUtf8(process.readAllStandardOutput());
-    }
 
     // Letter with a 90-point top margin: (792 - 180) / 40 gives 15 bands a page.
     static QPageLayout letter(qreal topMargin)
@@ -34,6 +42,7 @@ private slots:
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
             QSKIP("poppler-utils (pdfinfo, pdftotext) are not installed");
     }
+    void cleanup() { GuiTest::discardWindows(); }
 
     void pagesHoldBandsOfFortyPoints_data()
     {
@@ -46,8 +55,7 @@ private slots:
     {
         QFETCH(int, holdings);
         QFETCH(int, pages);
-        PortfolioWindow *window = DocumentManager::instance().newDocument();
-        BondPortfolio &portfolio = *window->portfolio();
+        BondPortfolio &portfolio = *DocumentManager::instance().newDocument()->portfolio();
         for (int k = 0; k < holdings; ++k)
             portfolio.addNewHolding(k);
         // One priced bond; the others keep a face value of 0, which prints as nothing.
@@ -63,11 +71,10 @@ private slots:
         const PortfolioPrintLayout layout(portfolio.holdings(), portfolio.valuationContext(), writer.pageLayout());
         QCOMPARE(layout.holdingsPerPage(), 15);
         QVERIFY(layout.print(writer));
-        portfolio.markSaved();
-        delete window;
+        GuiTest::discardWindows();
 
-        QVERIFY(run(QStringLiteral("pdfinfo"), {pdf}).contains(QRegularExpression(QStringLiteral("Pages:\\s+%1\\n").arg(pages))));
-        const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        QCOMPARE(GuiTest::pdfPages(pdf), pages);
+        const QString text = GuiTest::pdfText(pdf);
         QCOMPARE(text.count(QRegularExpression(QStringLiteral("Series +Quantity +Issue Date +Face Value +Issue Price +Interest Earned +Value"))), pages);
         QCOMPARE(text.count(QRegularExpression(QStringLiteral("Serial Number +Registration"))), pages);
         for (int page = 1; page <= pages; ++page)
@@ -77,6 +84,52 @@ private slots:
         // The unpriced bonds: label and quantity, and nothing where the amounts would stand.
         QCOMPARE(text.count(QRegularExpression(QStringLiteral("EE Bond +1 *\\n"))), holdings - 1);
         QVERIFY(!text.contains(QStringLiteral("$0.00")));
+    }
+
+    // A wide amount moves later columns and titles right (poppler's word boxes).
+    void amountsKeepApart_data()
+    {
+        QTest::addColumn<int>("quantity");
+        QTest::addColumn<Pennies>("faceValue");
+        QTest::newRow("sample-size amounts") << 1 << Pennies(5000);
+        QTest::newRow("wide amounts") << 500 << Pennies(1000000);
+    }
+    void amountsKeepApart()
+    {
+        QFETCH(int, quantity);
+        QFETCH(Pennies, faceValue);
+        BondPortfolio &portfolio = *DocumentManager::instance().newDocument()->portfolio();
+        HoldingRef bond = portfolio.addNewHolding(0);
+        bond->setSeries(Series::eeBond());
+        bond->setIssueDate(Month(1990, 1));
+        bond->setPaper(true);
+        bond->setFaceValue(faceValue);
+        bond->setQuantity(quantity);
+        QVERIFY(portfolio.setValueOfDate(Month(2021, 11).toDateTime()));
+        const QString pdf = GuiTest::path(QStringLiteral("amounts.pdf"));
+        {
+            QPdfWriter writer(pdf);
+            writer.setPageLayout(letter(90));
+            QVERIFY(PortfolioPrintLayout(portfolio.holdings(), portfolio.valuationContext(), writer.pageLayout()).print(writer));
+        }
+        const QList<Word> words = wordsOf(pdf);
+        QList<Word> amounts;
+        for (const Word &w : words) {
+            if (w.text.startsWith(u'$'))
+                amounts << w;
+        }
+        QCOMPARE(amounts.size(), 4);
+        for (qsizetype i = 1; i < amounts.size(); ++i)
+            QVERIFY2(amounts.at(i - 1).right + 5 < amounts.at(i).left,
+                     qPrintable(amounts.at(i - 1).text + QLatin1Char(' ') + amounts.at(i).text));
+        // The last title ("Value", not "Face Value") stands over its amount, however far the amounts moved.
+        Word value{};
+        for (const Word &w : words) {
+            if (w.text == QLatin1String("Value") && w.left > value.left)
+                value = w;
+        }
+        QVERIFY(value.left > amounts.at(2).right);
+        QVERIFY(value.right > amounts.at(3).left && value.left < amounts.at(3).right);
     }
 
     // The File menu's inventory lists the whole household, whatever the table's filter shows.
@@ -93,7 +146,7 @@ private slots:
         QVERIFY(window->exportInventoryPdf(pdf));
         GuiTest::discardWindows();
 
-        const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        const QString text = GuiTest::pdfText(pdf);
         QVERIFY(text.startsWith(QStringLiteral("Savings Bond Inventory: sample\n")));
         QVERIFY(text.contains(QRegularExpression(QStringLiteral("Household total +13 +\\$1,700\\.00 +\\$1,584\\.25 +\\$1,957\\.96 +\\$3,417\\.21\\n"))));
         QVERIFY(text.contains(QStringLiteral("Page 1 of 1")));

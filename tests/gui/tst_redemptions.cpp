@@ -18,14 +18,15 @@
 
 #include <QLabel>
 #include <QListWidget>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTableView>
 #include <QToolButton>
 #include <QUndoStack>
+
+// Bonds held, month typed, bonds redeemed, amount typed (empty: as offered), amount offered, the refusal, amount kept.
+using RedeemCase = std::tuple<int, QString, int, QString, qint64, QString, qint64>;
 
 class RedemptionsTest : public QObject
 {
@@ -65,13 +66,6 @@ class RedemptionsTest : public QObject
             rows << window->summaryModel()->index(row, 0).data().toString() + ' ' + window->summaryModel()->index(row, 1).data().toString();
         return rows.join('\n');
     }
-    static QString run(const QString &program, const QStringList &arguments)
-    {
-        QProcess process;
-        process.start(program, arguments);
-        process.waitForFinished();
-        return QString::fromUtf8(process.readAllStandardOutput());
-    }
 
 private slots:
     void init()
@@ -91,32 +85,21 @@ private slots:
     // refused month says why and keeps OK off; some bonds of a holding leave the rest held.
     void redeemThroughTheDialog_data()
     {
-        QTest::addColumn<int>("quantity");
-        QTest::addColumn<QString>("typedMonth");
-        QTest::addColumn<int>("redeemed");
-        QTest::addColumn<QString>("typedAmount");
-        QTest::addColumn<qint64>("defaultAmount");
-        QTest::addColumn<QString>("refusal");
-        QTest::addColumn<qint64>("received");
-        QTest::newRow("as offered") << 1 << "" << 1 << "" << qint64(10416) << "" << qint64(10416);
-        QTest::newRow("two of three") << 3 << "" << 2 << "" << qint64(3 * 10416) << "" << qint64(2 * 10416);
-        QTest::newRow("one of three, as paid") << 3 << "" << 1 << "$110.00" << qint64(3 * 10416) << "" << qint64(11000);
-        QTest::newRow("before issue") << 1 << "04/2019" << 1 << "" << qint64(10416)
-                                      << "The redemption month cannot be before the issue month, 05/2019." << qint64(0);
-        QTest::newRow("within the first year") << 1 << "04/2020" << 1 << "" << qint64(10416)
-                                               << "These bonds cannot be cashed before 05/2020." << qint64(0);
-        QTest::newRow("no amount") << 1 << "" << 1 << "a lot" << qint64(10416)
-                                   << "Type the amount received in dollars, such as 1,234.56." << qint64(0);
+        QTest::addColumn<RedeemCase>("c");
+        QTest::newRow("as offered") << RedeemCase{1, "", 1, "", 10416, "", 10416};
+        QTest::newRow("two of three") << RedeemCase{3, "", 2, "", 3 * 10416, "", 2 * 10416};
+        QTest::newRow("one of three, as paid") << RedeemCase{3, "", 1, "$110.00", 3 * 10416, "", 11000};
+        QTest::newRow("before issue")
+            << RedeemCase{1, "04/2019", 1, "", 10416, "The redemption month cannot be before the issue month, 05/2019.", 0};
+        QTest::newRow("within the first year")
+            << RedeemCase{1, "04/2020", 1, "", 10416, "These bonds cannot be cashed before 05/2020.", 0};
+        QTest::newRow("no amount")
+            << RedeemCase{1, "", 1, "a lot", 10416, "Type the amount received in dollars, such as 1,234.56.", 0};
     }
     void redeemThroughTheDialog()
     {
-        QFETCH(int, quantity);
-        QFETCH(QString, typedMonth);
-        QFETCH(int, redeemed);
-        QFETCH(QString, typedAmount);
-        QFETCH(qint64, defaultAmount);
-        QFETCH(QString, refusal);
-        QFETCH(qint64, received);
+        QFETCH(RedeemCase, c);
+        const auto &[quantity, typedMonth, redeemed, typedAmount, defaultAmount, refusal, received] = c;
         valueAsOf(2021, 8);
         const HoldingRef held = bond("I", Month(2019, 5), 10000, quantity, alice);
         portfolio->undoStack()->clear();
@@ -336,10 +319,9 @@ private slots:
         dialog->setYear(2021);
         const QString pdf = GuiTest::path(QStringLiteral("tax.pdf"));
         QVERIFY(dialog->exportPdf(pdf));
-        const QString info = run(QStringLiteral("pdfinfo"), {pdf});
-        const int pages = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(info).captured(1).toInt();
-        QVERIFY2(extraBonds ? pages > 1 : pages == 1, qPrintable(info));
-        const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        const int pages = GuiTest::pdfPages(pdf);
+        QVERIFY2(extraBonds ? pages > 1 : pages == 1, qPrintable(QString::number(pages)));
+        const QString text = GuiTest::pdfText(pdf);
         for (const QString &expected : {QStringLiteral("Savings Bond Interest for Tax Year 2021"), QStringLiteral("Portfolio: Untitled"),
                                         QStringLiteral("Owner"), QStringLiteral("Total for Alice Able"),
                                         QStringLiteral("Savings bond interest is exempt"), QStringLiteral("Plan for next year")})
