@@ -1,14 +1,17 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The portfolio window: filtering by people, adding, naming and pasting bonds, undo names, toolbar, closing.
+// The portfolio window: filtering by people, adding, naming and pasting bonds, undo names, toolbar, keys the
+// platform's table lacks, typing a month, yields and summary rows that say what they cover, closing.
 #include "GuiTestMain.h"
 #include "BondTableView.h"
 #include "HoldingColumns.h"
+#include "InterestSummaryModel.h"
 #include "ValuationMonthPicker.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QClipboard>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QTimer>
@@ -235,6 +238,94 @@ private slots:
             QVERIFY2(window->action(ids.at(k))->isEnabled() == enabled.at(k), qPrintable(window->action(ids.at(k))->text()));
     }
 
+    void commandsHaveTheirKeys_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QKeySequence>("key");
+        QTest::newRow("Save As") << "Save As…" << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+        QTest::newRow("Redo") << "Redo" << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+        QTest::newRow("Redo, the other key") << "Redo" << QKeySequence(Qt::CTRL | Qt::Key_Y);
+        QTest::newRow("Undo") << "Undo" << QKeySequence(Qt::CTRL | Qt::Key_Z);
+        QTest::newRow("Save") << "Save" << QKeySequence(Qt::CTRL | Qt::Key_S);
+        QTest::newRow("Help") << "Quillmere Help" << QKeySequence(Qt::Key_F1);
+    }
+
+    void commandsHaveTheirKeys()
+    {
+        QFETCH(QString, command);
+        QFETCH(QKeySequence, key);
+        PortfolioWindow *window = GuiTest::openSample();
+        QAction *found = nullptr;
+        for (QAction *menu : window->menuBar()->actions()) {
+            for (QAction *item : menu->menu()->actions()) {
+                if (item->text().remove(QLatin1Char('&')) == command)
+                    found = item;
+            }
+        }
+        QVERIFY2(found, qPrintable(command));
+        QVERIFY2(found->shortcuts().contains(key), qPrintable(found->shortcut().toString()));
+        QVERIFY(!found->shortcut().isEmpty()); // the menu shows one
+    }
+
+    void typingAMonthIntoThePickerSetsIt()
+    {
+        PortfolioWindow *window = GuiTest::openSample();
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        ValuationMonthPicker *picker = window->valuationPicker();
+        picker->setFocus();
+        QTRY_VERIFY(picker->hasFocus());
+        QTest::keyClicks(picker, QStringLiteral("05"));
+        QTRY_COMPARE(window->portfolio()->valueOfMonth(), Month(2026, 5));
+    }
+
+    // At 10/2026 (period 05-11/2026) the 03/2026 I bond lacked a start value; the 01/1997 I bond has none at all.
+    void aYieldWithoutDataIsBlankAndSortsLast_data()
+    {
+        QTest::addColumn<Qt::SortOrder>("order");
+        QTest::newRow("ascending") << Qt::AscendingOrder;
+        QTest::newRow("descending") << Qt::DescendingOrder;
+    }
+
+    void aYieldWithoutDataIsBlankAndSortsLast()
+    {
+        QFETCH(Qt::SortOrder, order);
+        PortfolioWindow *window = GuiTest::openSample();
+        QVERIFY(window->portfolio()->setValueOfDate(Month(2026, 10).toDateTime()));
+        window->bondTable()->sortByColumn(HoldingColumns::CurrentYield, order);
+        QAbstractItemModel *shown = window->shownHoldingsModel();
+        QStringList yields;
+        for (int row = 0; row < shown->rowCount(); ++row)
+            yields << shown->index(row, HoldingColumns::CurrentYield).data().toString();
+        QCOMPARE(yields.count(QString()), 2);
+        QCOMPARE(yields.mid(yields.size() - 2), QStringList({QString(), QString()}));
+        QVERIFY(yields.first().endsWith(QLatin1Char('%')));
+        const double first = yields.first().chopped(1).toDouble(), next = yields.at(1).chopped(1).toDouble();
+        QVERIFY(order == Qt::AscendingOrder ? first <= next : first >= next);
+    }
+
+    void summaryRowsSayWhatTheyCover()
+    {
+        PortfolioWindow *window = DocumentManager::instance().newDocument();
+        // An E bond whose six-month period 09/2001 to 02/2002 has no official value at all.
+        HoldingRef bond = Holding::create();
+        bond->setSeries(Series::seriesForCode(QStringLiteral("E")));
+        bond->setIssueDate(Month(1975, 9));
+        bond->setFaceValue(10000);
+        window->portfolio()->appendHolding(bond);
+        InterestSummaryModel *summary = window->summaryModel();
+        QTRY_VERIFY(summary->rowCount() > 0);
+        QCOMPARE(summary->index(0, InterestSummaryModel::TaxYear).data().toString(), QStringLiteral("1992 and before"));
+        QStringList incomplete;
+        for (int row = 0; row < summary->rowCount(); ++row) {
+            const QModelIndex interest = summary->index(row, InterestSummaryModel::Interest);
+            if (interest.data().toString().endsWith(QLatin1String(" (incomplete)")))
+                incomplete << summary->index(row, InterestSummaryModel::TaxYear).data().toString();
+            QCOMPARE(interest.data(Qt::ToolTipRole).isValid(), interest.data().toString().endsWith(QLatin1String(" (incomplete)")));
+        }
+        QCOMPARE(incomplete, QStringList{QStringLiteral("2001")});
+    }
+
     void closingAnEditedWindowAsks_data()
     {
         QTest::addColumn<QString>("answer");
@@ -289,7 +380,6 @@ private slots:
         QCOMPARE(GuiTest::readFile(path), before);
         QVERIFY(window->portfolio()->isEdited());
     }
-
 };
 
 #include "tst_portfolio_window.moc"
