@@ -63,6 +63,14 @@ inline HoldingRef holdingAt(const QAbstractItemModel *model, int row)
     return model->index(row, 0).data(HoldingsTableModel::HoldingRole).value<HoldingRef>();
 }
 
+inline QStringList columnTexts(const QAbstractItemModel *model, int column)
+{
+    QStringList texts;
+    for (int row = 0; row < model->rowCount(); ++row)
+        texts << model->index(row, column).data().toString();
+    return texts;
+}
+
 inline void selectRows(QAbstractItemView *view, const QList<int> &rows)
 {
     view->selectionModel()->clearSelection();

@@ -45,6 +45,9 @@ struct ValueCase
     QColor colour;
 };
 
+// Valuation month, the filter on, the issue months shown, the totals' last sentence.
+using FilterCase = std::tuple<QDate, bool, QStringList, QString>;
+
 class BondTableTest : public QObject
 {
     Q_OBJECT
@@ -192,10 +195,7 @@ private slots:
         QFETCH(QStringList, shown);
         BondTableView *table = GuiTest::openSample()->bondTable();
         table->sortByColumn(column, order);
-        QStringList texts;
-        for (int row = 0; row < table->model()->rowCount(); ++row)
-            texts << table->model()->index(row, column).data().toString();
-        QCOMPARE(texts, shown);
+        QCOMPARE(GuiTest::columnTexts(table->model(), column), shown);
     }
 
     // One row per column the other tables leave out; the rules themselves are the core's to pin.
@@ -225,27 +225,21 @@ private slots:
     // count them; without it the totals still say how many stopped earning.
     void theStoppedEarningFilter_data()
     {
-        QTest::addColumn<QDate>("valuedAsOf");
-        QTest::addColumn<bool>("filtered");
-        QTest::addColumn<QStringList>("issued");
-        QTest::addColumn<QString>("sentence");
+        QTest::addColumn<FilterCase>("c");
         const QStringList matured{"01/1990", "06/1980", "05/1967"};
-        QTest::newRow("all, 11/2026") << QDate(2026, 11, 1) << false
-                                      << QStringList{"01/1990", "05/2005", "06/1980", "01/2010", "09/1998", "05/1967", "01/1997", "03/2026"}
-                                      << "4 bonds no longer earn interest: $833.13";
-        QTest::newRow("filtered, 11/2026") << QDate(2026, 11, 1) << true << matured << "4 bonds no longer earn interest: $833.13";
-        QTest::newRow("filtered, 11/2021") << QDate(2021, 11, 1) << true << matured << "4 bonds no longer earn interest: $833.13";
-        QTest::newRow("filtered, 12/2019") << QDate(2019, 12, 1) << true << QStringList{"06/1980", "05/1967"}
-                                           << "2 bonds no longer earn interest: $418.41";
-        QTest::newRow("filtered, 06/1997") << QDate(1997, 6, 1) << true << QStringList{"05/1967"}
-                                           << "1 bond no longer earns interest: $306.66";
+        const QString four = QStringLiteral("4 bonds no longer earn interest: $833.13");
+        QTest::newRow("all, 11/2026") << FilterCase{{2026, 11, 1}, false, {"01/1990", "05/2005", "06/1980", "01/2010", "09/1998",
+                                                                          "05/1967", "01/1997", "03/2026"}, four};
+        QTest::newRow("filtered, 11/2026") << FilterCase{{2026, 11, 1}, true, matured, four};
+        QTest::newRow("filtered, 11/2021") << FilterCase{{2021, 11, 1}, true, matured, four};
+        QTest::newRow("filtered, 12/2019")
+            << FilterCase{{2019, 12, 1}, true, {"06/1980", "05/1967"}, "2 bonds no longer earn interest: $418.41"};
+        QTest::newRow("filtered, 06/1997") << FilterCase{{1997, 6, 1}, true, {"05/1967"}, "1 bond no longer earns interest: $306.66"};
     }
     void theStoppedEarningFilter()
     {
-        QFETCH(QDate, valuedAsOf);
-        QFETCH(bool, filtered);
-        QFETCH(QStringList, issued);
-        QFETCH(QString, sentence);
+        QFETCH(FilterCase, c);
+        const auto &[valuedAsOf, filtered, issued, sentence] = c;
         PortfolioWindow *window = GuiTest::openSample();
         QAction *filter = window->action(PortfolioWindow::ActionId::StoppedEarning);
         QVERIFY(filter->isCheckable());
@@ -253,11 +247,7 @@ private slots:
         filter->setChecked(filtered);
         window->valuationPicker()->setDate(valuedAsOf);
         QCOMPARE(window->shownHoldingsModel()->isStoppedEarningOnly(), filtered);
-        const QAbstractItemModel *model = window->bondTable()->model();
-        QStringList shown;
-        for (int row = 0; row < model->rowCount(); ++row)
-            shown << model->index(row, HoldingColumns::IssueDate).data().toString();
-        QCOMPARE(shown, issued);
+        QCOMPARE(GuiTest::columnTexts(window->bondTable()->model(), HoldingColumns::IssueDate), issued);
         QTRY_VERIFY2(window->totalsText().endsWith(u'\n' + sentence), qPrintable(window->totalsText()));
     }
 

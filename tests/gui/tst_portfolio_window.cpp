@@ -95,13 +95,7 @@ private slots:
         QFETCH(TotalsCase, c);
         PortfolioWindow *window = GuiTest::openSample();
         new QAbstractItemModelTester(window->peopleTable()->model(), window);
-        auto summaryText = [window] {
-            QStringList cells;
-            const QAbstractItemModel *summary = window->summaryTable()->model();
-            for (int row = 0; row < summary->rowCount(); ++row)
-                cells << summary->index(row, 1).data().toString();
-            return cells.join(u' ');
-        };
+        auto summaryText = [window] { return GuiTest::columnTexts(window->summaryTable()->model(), 1).join(u' '); };
         window->portfolio()->holdings().at(6)->setQuantity(c.quantityOf1997Bond);
         window->valuationPicker()->setDate(c.valuedAsOf);
         const QString allSummary = summaryText();
@@ -293,10 +287,7 @@ private slots:
         PortfolioWindow *window = GuiTest::openSample();
         QVERIFY(window->portfolio()->setValueOfDate(Month(2026, 10).toDateTime()));
         window->bondTable()->sortByColumn(HoldingColumns::CurrentYield, order);
-        QAbstractItemModel *shown = window->shownHoldingsModel();
-        QStringList yields;
-        for (int row = 0; row < shown->rowCount(); ++row)
-            yields << shown->index(row, HoldingColumns::CurrentYield).data().toString();
+        const QStringList yields = GuiTest::columnTexts(window->shownHoldingsModel(), HoldingColumns::CurrentYield);
         QCOMPARE(yields.count(QString()), 2);
         QCOMPARE(yields.mid(yields.size() - 2), QStringList({QString(), QString()}));
         QVERIFY(yields.first().endsWith(QLatin1Char('%')));
