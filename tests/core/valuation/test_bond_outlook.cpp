@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What each bond is doing as of a month, read against the shipped database: final maturity, the
-// next month its value rises, the Treasury's note, its rate, and the year's interest.
+// next month its value rises, the Treasury's note, its rate, the year's interest, and which rule computed its value.
 #include "TestSupport.h"
 #include "document/HoldingPresentation.h"
 #include "base/Series.h"
@@ -100,5 +100,34 @@ TEST(OutlookFigures, YearToDateInterestAndYieldFromTheRate)
     EXPECT_EQ(HoldingPresentation::stoppedEarningText(1, 2500), QStringLiteral("1 bond no longer earns interest: $25.00"));
     EXPECT_EQ(HoldingPresentation::stoppedEarningText(0, 0), QString());
 }
+
+// A computed value says which rule made it: the shipped database holds all three kinds.
+struct RuleCase
+{
+    const char *series;
+    Month issued, valuedAsOf;
+    const char *says; // what the note says after "computed by this program, not published by the Treasury"
+};
+
+void PrintTo(const RuleCase &c, std::ostream *out) { *out << c.series << ' ' << text(c.valuedAsOf); }
+
+class DerivedRules : public ::testing::TestWithParam<RuleCase> {};
+
+TEST_P(DerivedRules, TheNoteNamesTheRule)
+{
+    const RuleCase &c = GetParam();
+    const HoldingFigures figures({&shipped(), c.valuedAsOf}, bond(c.series, c.issued, 10000));
+    const QString intro = QStringLiteral("computed by this program, not published by the Treasury");
+    EXPECT_EQ(HoldingPresentation::derivedValueNote(figures), *c.says ? intro + QStringLiteral(": ") + QLatin1String(c.says)
+                                                                       : HoldingPresentation::derivedValueNote());
+    EXPECT_EQ(figures.isValueDerived(), *c.says != 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, DerivedRules, ::testing::Values(
+    RuleCase{"N", Month(1990, 1), Month(2001, 9), "the Treasury's files lack 09/2001 to 02/2002; filled between the official "
+                                                  "months by the rule of the bond's interest period"},
+    RuleCase{"N", Month(1990, 1), Month(2022, 6), "the bond stopped earning at final maturity in 01/2020 and keeps that value"},
+    RuleCase{"N", Month(2005, 5), Month(2026, 11), "from the fixed rate this Series EE bond earns for life"},
+    RuleCase{"N", Month(1990, 1), Month(2010, 6), ""}));
 
 } // namespace
