@@ -1,11 +1,140 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The people file: vCards read and written as address books have them, families, and which file a portfolio uses.
 #include "../QtPrinters.h"
 #include "../PeopleFixture.h"
 #include "model/Holding.h"
+#include "model/VCard.h"
 
 #include <QMap>
 #include <gtest/gtest.h>
+
+// Found by argument-dependent lookup for failure messages.
+void PrintTo(const LabelledEmail &email, std::ostream *out)
+{
+    *out << email.label.toStdString() << ':' << email.address.toStdString();
+}
+void PrintTo(const PersonRecord &r, std::ostream *out)
+{
+    *out << '{' << r.uniqueId.toStdString() << ", " << r.firstName.toStdString() << ", " << r.lastName.toStdString() << ", "
+         << testing::PrintToString(r.emails) << ", " << r.otherNameParts.join(u'|').toStdString() << ", "
+         << r.otherLines.join(u'|').toStdString() << '}';
+}
+
+// Exports of several address books: names, identifier and labelled emails.
+TEST(VCard, ReadsNamesIdentifierAndEmails)
+{
+    const struct
+    {
+        const char *name;
+        QByteArray text;
+        QString uid, first, last;
+        QList<LabelledEmail> emails;
+    } cases[] = {
+        {"v3_crlf_typed_emails",
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:abc-1\r\nN:Smith;Anna;;;\r\nFN:Anna Smith\r\n"
+         "EMAIL;TYPE=INTERNET,HOME:anna@example.org\r\nEMAIL;TYPE=work;TYPE=pref:a.smith@corp.example\r\n"
+         "END:VCARD\r\n",
+         "abc-1", "Anna", "Smith",
+         {{"home", "anna@example.org"}, {"work", "a.smith@corp.example"}}},
+        {"v4_lf_quoted_parameters",
+         "BEGIN:VCARD\nVERSION:4.0\nUID:urn:uuid:0c5b\nN:O'Neil;Brendan;;;\n"
+         "EMAIL;PID=1.1;TYPE=\"home,x-sc:ratch\";PREF=1:b@example.net\nEND:VCARD\n",
+         "urn:uuid:0c5b", "Brendan", "O'Neil", {{"home", "b@example.net"}}},
+        {"escaped_structured_name",
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:e\\,1\r\nN:Dupont\\; fils;Jean\\, Paul;;;\r\nEND:VCARD\r\n",
+         "e,1", "Jean, Paul", "Dupont; fils", {}},
+        {"folded_lines_with_blank_and_tab",
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:fold\r\nN:Gonz\r\n \xc3\xa1lez;Mar\r\n\tia;;;\r\n"
+         "EMAIL:maria@exa\r\n mple.com\r\nEND:VCARD\r\n",
+         "fold", QString::fromUtf8("Maria"), QString::fromUtf8("Gonz\xc3\xa1lez"),
+         {{"other", "maria@example.com"}}},
+        {"apple_grouped_label_and_bom",
+         "\xEF\xBB\xBF" "BEGIN:VCARD\rVERSION:3.0\rUID:apple\rN:Lee;Kim;;;\r"
+         "item1.EMAIL;type=INTERNET:kim@example.com\ritem1.X-ABLabel:_$!<Other>!$_\rEND:VCARD\r",
+         "apple", "Kim", "Lee", {{"other", "kim@example.com"}}},
+        {"label_without_quotes_or_commas",
+         "BEGIN:VCARD\nUID:q\nN:Q;R;;;\nitem2.EMAIL:q@example.org\nitem2.X-ABLabel:My \"Best\", Friend\n"
+         "EMAIL;TYPE=\"Pref,  Old  Home\":o@example.org\nEND:VCARD\n",
+         "q", "R", "Q", {{"my best friend", "q@example.org"}, {"old home", "o@example.org"}}},
+        {"bare_version_2_1_types",
+         "BEGIN:VCARD\nVERSION:2.1\nUID:old\nN:Ng;Li\nEMAIL;WORK;INTERNET:li@work.example\nEND:VCARD\n",
+         "old", "Li", "Ng", {{"work", "li@work.example"}}}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const VCard::ReadResult result = VCard::read(c.text);
+        EXPECT_EQ(result.records.size(), 1) << result.warnings.join(u'\n').toStdString();
+        const PersonRecord r = result.records.value(0);
+        EXPECT_EQ(std::tie(r.uniqueId, r.firstName, r.lastName, r.emails), std::tie(c.uid, c.first, c.last, c.emails));
+    }
+}
+
+TEST(VCard, CardWithoutIdentifierGetsTheSameOneOnEveryRead)
+{
+    const QByteArray text = "BEGIN:VCARD\nVERSION:3.0\nN:Nouid;Pat;;;\nEND:VCARD\n";
+    const QString first = VCard::read(text).records.value(0).uniqueId;
+    EXPECT_FALSE(first.isEmpty());
+    EXPECT_EQ(VCard::read(text).records.value(0).uniqueId, first);
+    EXPECT_NE(VCard::read("BEGIN:VCARD\nN:Other;Pat;;;\nEND:VCARD\n").records.value(0).uniqueId, first);
+}
+
+TEST(VCard, WrittenCardsReadBackUnchangedAndFoldAtSeventyFiveOctets)
+{
+    const PersonRecord a{QStringLiteral("id;with,specials\\"), QString::fromUtf8("J\xc3\xb6rg"),
+                         QStringLiteral("M\u00fcller-L\u00fcdenscheidt, von der Hohen Hochebene im Sauerland und anderswo"),
+                         {{"work", "j@example.de"}, {"my own label", "x@example.de"}}, {QStringLiteral("Q."), QStringLiteral("Dr.")},
+                         {QStringLiteral("TEL;TYPE=CELL:+49 170 000000"), QStringLiteral("NOTE:") + QString(200, u'\u00e9')}};
+    const PersonRecord b{"plain", "Only", {}, {}, {}, {}};
+    const QByteArray written = VCard::write({a, b});
+    for (const QByteArray &line : written.split('\n'))
+        EXPECT_LE(line.size(), 76) << line.constData(); // 75 octets plus the CR
+    EXPECT_FALSE(written.contains("\n\r"));
+    const VCard::ReadResult back = VCard::read(written);
+    EXPECT_EQ(VCard::write(back.records), written) << "a second round changes nothing";
+    EXPECT_TRUE(back.warnings.isEmpty());
+    EXPECT_EQ(back.records, (QList<PersonRecord>{a, b})); // the generated FN is not kept
+}
+
+// What address books export as they are: Android and Outlook (2.1, quoted-printable with soft
+// line breaks, CHARSET), Windows-1252 bytes, a fold inside a multi-byte character, Thunderbird and
+// Google (FN without N), a list-valued given name (iOS), Evolution's 3.0.
+TEST(VCard, ReadsAddressBookExportsAsWritten)
+{
+    const struct
+    {
+        const char *name;
+        QByteArray text;
+        QString first, last;
+    } cases[] = {
+        {"android_21_quoted_printable",
+         "BEGIN:VCARD\r\nVERSION:2.1\r\nN;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:Whitfield;=C3=89l=C3=A9onore;;;\r\nEND:VCARD\r\n",
+         QStringLiteral("Éléonore"), "Whitfield"},
+        {"outlook_21_soft_line_break",
+         "BEGIN:VCARD\r\nVERSION:2.1\r\nN;ENCODING=QUOTED-PRINTABLE;CHARSET=windows-1252:Fran=E7ois-Marie=\r\n"
+         "-Delacroix;Ren=E9e\r\nEND:VCARD\r\n",
+         QStringLiteral("Renée"), QStringLiteral("François-Marie-Delacroix")},
+        {"windows_1252_without_charset", "BEGIN:VCARD\r\nVERSION:3.0\r\nN:M\xfcller;J\xf6rg\x96Peter;;;\r\nEND:VCARD\r\n",
+         QStringLiteral("Jörg–Peter"), QStringLiteral("Müller")},
+        {"fold_inside_a_character", "BEGIN:VCARD\nVERSION:3.0\nN:Gonz\xc3\n \xa1lez;Ana;;;\nEND:VCARD\n", "Ana", QStringLiteral("González")},
+        {"thunderbird_fn_only", "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:Rosa Maria Delgado\r\nEMAIL:rosa@example.org\r\nEND:VCARD\r\n",
+         "Rosa Maria", "Delgado"},
+        {"ios_list_valued_given_name", "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Whitfield;Margaret,Anne;;;\r\nEND:VCARD\r\n",
+         "Margaret Anne", "Whitfield"},
+        {"evolution_30", "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:pas-id-1\r\nN:Whitfield;Thomas;;;\r\nX-EVOLUTION-FILE-AS:Whitfield\\, Thomas\r\n"
+         "END:VCARD\r\n", "Thomas", "Whitfield"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const VCard::ReadResult result = VCard::read(c.text);
+        ASSERT_EQ(result.records.size(), 1) << result.warnings.join(u'\n').toStdString();
+        EXPECT_EQ(result.records.first().firstName, c.first);
+        EXPECT_EQ(result.records.first().lastName, c.last);
+        // Written again, nothing of the transfer encoding is left to mangle the text next time.
+        const QByteArray written = VCard::write({result.records.first()});
+        EXPECT_FALSE(written.toUpper().contains("QUOTED-PRINTABLE")) << written.toStdString();
+        EXPECT_EQ(VCard::read(written).records.first().lastName, c.last);
+    }
+}
 
 TEST(PeopleStore, FamilyIsEveryLastNameStartingWithMineIgnoringCase)
 {
