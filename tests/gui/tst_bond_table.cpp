@@ -370,76 +370,56 @@ private slots:
         }
     }
 
-    // A point per priced month from issue to the latest month; the marked point is the table's value.
+    // A point per priced month from issue to the latest month, the marked point the table's value; months computed past
+    // the database's latest a dashed line joined to the published one; the end of the penalty and final maturity marked
+    // where the chart reaches; named as the household knows the bond, years and dollars on round steps.
+    void theValueChartFollowsTheSelectedBond_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QStringList>("names");
+        QTest::newRow("EE of 1990, matured") << 0 << "$100 EE bond issued 01/1990, 2 bonds"
+                                             << QStringList{"Redemption value", "Value as of 11/2026", "Final maturity 01/2020"};
+        QTest::newRow("I of 1998, earning") << 4 << "$50 I bond issued 09/1998, 2 bonds"
+                                            << QStringList{"Redemption value", "Computed ahead", "Value as of 11/2026",
+                                                           "Penalty ends 09/2003"};
+    }
     void theValueChartFollowsTheSelectedBond()
     {
+        QFETCH(int, row);
+        QFETCH(QString, title);
+        QFETCH(QStringList, names);
         PortfolioWindow *window = GuiTest::openSample();
         QAction *item = window->action(PortfolioWindow::ActionId::ValueChart);
         QVERIFY(!item->isEnabled());
-        GuiTest::selectRows(window->bondTable(), {0});
+        GuiTest::selectRows(window->bondTable(), {row});
         QVERIFY(item->isEnabled());
         item->trigger();
         auto *dialog = window->findChild<ValueChartDialog *>();
         QVERIFY(dialog);
+        QCOMPARE(dialog->chart()->title(), title);
         const auto series = dialog->chart()->series();
-        QCOMPARE(series.size(), 3); // and the line at final maturity
+        QStringList shown;
+        for (QAbstractSeries *each : series)
+            shown << each->name();
+        QCOMPARE(shown, names);
         auto *values = qobject_cast<QLineSeries *>(series.at(0));
-        auto *marked = qobject_cast<QScatterSeries *>(series.at(1));
+        auto *marked = qobject_cast<QScatterSeries *>(series.at(names.size() - 2));
         QVERIFY(values && marked);
+        const HoldingRef bond = window->selectedHoldings().constFirst();
         const QDate latest = window->portfolio()->assessor().maximumRedemptionDate().date();
-        const int months = Month::of(latest).index() - window->selectedHoldings().constFirst()->issueDate().index() + 1;
-        QVERIFY(values->count() > 0 && values->count() <= months);
-        QCOMPARE(values->at(values->count() - 1).x(), qreal(QDateTime(latest.addDays(1 - latest.day()), QTime(0, 0)).toMSecsSinceEpoch()));
+        QVERIFY(values->count() > 0 && values->count() <= Month::of(latest).index() - bond->issueDate().index() + 1);
+        const qreal last = values->at(values->count() - 1).x();
+        QCOMPARE(last, qreal(QDateTime(latest.addDays(1 - latest.day()), QTime(0, 0)).toMSecsSinceEpoch()));
         for (const QPointF &point : values->points())
             QVERIFY(point.y() > 0);
         QCOMPARE(marked->count(), 1);
-        QCOMPARE(qRound64(marked->at(0).y() * 100), window->portfolio()->figuresOf(*window->selectedHoldings().constFirst()).value());
-        // Named as the household knows the bond; years and dollars on round steps.
-        QCOMPARE(dialog->chart()->title(), QStringLiteral("$100 EE bond issued 01/1990, 2 bonds"));
-        auto *years = qobject_cast<QDateTimeAxis *>(dialog->chart()->axes(Qt::Horizontal).constFirst());
-        QVERIFY(years && years->min().date() == QDate(1990, 1, 1) && years->max().date().dayOfYear() == 1);
-        const int span = years->max().date().year() - 1990, ticks = years->tickCount() - 1;
-        QCOMPARE(span % ticks, 0);
-        const qint64 from = years->min().toMSecsSinceEpoch(), to = years->max().toMSecsSinceEpoch();
-        for (int k = 0; k <= ticks; ++k) // every tick on the first days of its year
-            QCOMPARE(QDateTime::fromMSecsSinceEpoch(from + (to - from) * k / ticks).date().year(), 1990 + span / ticks * k);
-        auto *dollars = qobject_cast<QValueAxis *>(dialog->chart()->axes(Qt::Vertical).constFirst());
-        const double step = (dollars->max() - dollars->min()) / (dollars->tickCount() - 1);
-        QCOMPARE(step, double(qRound64(step)));
-    }
-
-    // Months the program computed past the database's latest are a dashed line joined to the
-    // published one; the end of the penalty and final maturity are marked where the chart reaches.
-    void theValueChartMarksComputedMonthsAndTurningPoints_data()
-    {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QStringList>("names");
-        QTest::newRow("EE of 1990, matured") << 0 << QStringList{"Redemption value", "Value as of 11/2026", "Final maturity 01/2020"};
-        QTest::newRow("I of 1998, earning") << 4 << QStringList{"Redemption value", "Computed ahead", "Value as of 11/2026",
-                                                                 "Penalty ends 09/2003"};
-    }
-    void theValueChartMarksComputedMonthsAndTurningPoints()
-    {
-        QFETCH(int, row);
-        QFETCH(QStringList, names);
-        PortfolioWindow *window = GuiTest::openSample();
-        GuiTest::selectRows(window->bondTable(), {row});
-        window->showValueChart();
-        auto *dialog = window->findChild<ValueChartDialog *>();
-        QVERIFY(dialog);
-        QStringList shown;
-        for (QAbstractSeries *series : dialog->chart()->series())
-            shown << series->name();
-        QCOMPARE(shown, names);
-        const auto series = dialog->chart()->series();
-        auto *values = qobject_cast<QLineSeries *>(series.at(0));
-        const qreal latest = values->at(values->count() - 1).x();
-        QCOMPARE(latest, qreal(window->portfolio()->assessor().maximumRedemptionDate().addSecs(-1).toMSecsSinceEpoch()));
+        QCOMPARE(qRound64(marked->at(0).y() * 100), window->portfolio()->figuresOf(*bond).value());
         if (names.contains("Computed ahead")) {
             auto *ahead = qobject_cast<QLineSeries *>(series.at(1));
             QCOMPARE(ahead->pen().style(), Qt::DashLine);
             QCOMPARE(ahead->at(0), values->at(values->count() - 1));
-            QVERIFY(ahead->count() > 1 && ahead->at(ahead->count() - 1).x() > latest);
+            QVERIFY(ahead->count() > 1 && ahead->at(ahead->count() - 1).x() > last);
         }
         // A marker stands upright at the first day of its month.
         auto *marker = qobject_cast<QLineSeries *>(series.constLast());
@@ -448,8 +428,19 @@ private slots:
         QCOMPARE(marker->at(0).x(), qreal(QDateTime(month, QTime(0, 0)).toMSecsSinceEpoch()));
         QCOMPARE(marker->at(1).x(), marker->at(0).x());
         QVERIFY(!dialog->chart()->legend()->markers(marker).constFirst()->isVisible());
+        // Years from the issue year's first day, every tick on a year's first day; dollars on round steps.
+        auto *years = qobject_cast<QDateTimeAxis *>(dialog->chart()->axes(Qt::Horizontal).constFirst());
+        const int first = bond->issueDate().year();
+        QVERIFY(years && years->min().date() == QDate(first, 1, 1) && years->max().date().dayOfYear() == 1);
+        const int span = years->max().date().year() - first, ticks = years->tickCount() - 1;
+        QCOMPARE(span % ticks, 0);
+        const qint64 from = years->min().toMSecsSinceEpoch(), to = years->max().toMSecsSinceEpoch();
+        for (int k = 0; k <= ticks; ++k)
+            QCOMPARE(QDateTime::fromMSecsSinceEpoch(from + (to - from) * k / ticks).date().year(), first + span / ticks * k);
+        auto *dollars = qobject_cast<QValueAxis *>(dialog->chart()->axes(Qt::Vertical).constFirst());
+        const double step = (dollars->max() - dollars->min()) / (dollars->tickCount() - 1);
+        QCOMPARE(step, double(qRound64(step)));
     }
-
 };
 
 QUILLMERE_GUI_TEST_MAIN(BondTableTest)
