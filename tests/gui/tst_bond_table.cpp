@@ -180,7 +180,7 @@ private slots:
                                                     << QStringList(months.crbegin(), months.crend());
         QTest::newRow("face values") << int(HoldingColumns::FaceValue) << Qt::AscendingOrder
                                      << QStringList{"$25.00", "$25.00", "$50.00", "$50.00", "$50.00", "$100.00", "$100.00", "$1,000.00"};
-        // By hand: an I rate is fixed + 2 × inflation + fixed × inflation; YTD is November's value less December 2025's.
+        // By hand: I rate = fixed + 2 × inflation + fixed × inflation; YTD = November's value less December 2025's.
         QTest::newRow("rates, none last") << int(HoldingColumns::Rate) << Qt::AscendingOrder
                                           << QStringList{"0.00%", "0.00%", "0.00%", "3.50% fixed", "3.65%", "4.26%", "6.80%", ""};
         QTest::newRow("final maturities") << int(HoldingColumns::FinalMaturity) << Qt::AscendingOrder
@@ -206,7 +206,8 @@ private slots:
         const QDate latest(2026, 11, 1);
         QTest::newRow("matured: note") << FactCase{0, {}, latest, Note, "MA matured, no longer earning"};
         QTest::newRow("matured: no next increase") << FactCase{0, {}, latest, NextIncrease, ""};
-        QTest::newRow("fixed-rate EE under 20 years") << FactCase{1, {}, {2021, 11, 1}, Rate, "3.50% fixed, doubles at 20 years"};
+        QTest::newRow("fixed-rate EE under 20 years")
+            << FactCase{1, {}, {2021, 11, 1}, Rate, "3.50% fixed, doubles at 20 years"};
         QTest::newRow("I year to date: $1,633.20 − $1,582.00") << FactCase{3, {}, latest, YtdInterest, "$51.20"};
         QTest::newRow("I: next month") << FactCase{4, {}, latest, NextIncrease, "12/2026"};
         QTest::newRow("I under five years: penalty") << FactCase{4, {2023, 1, 1}, latest, Note,
@@ -228,13 +229,14 @@ private slots:
         QTest::addColumn<FilterCase>("c");
         const QStringList matured{"01/1990", "06/1980", "05/1967"};
         const QString four = QStringLiteral("4 bonds no longer earn interest: $833.13");
-        QTest::newRow("all, 11/2026") << FilterCase{{2026, 11, 1}, false, {"01/1990", "05/2005", "06/1980", "01/2010", "09/1998",
-                                                                          "05/1967", "01/1997", "03/2026"}, four};
+        QTest::newRow("all, 11/2026") << FilterCase{{2026, 11, 1}, false, {"01/1990", "05/2005", "06/1980", "01/2010",
+                                                    "09/1998", "05/1967", "01/1997", "03/2026"}, four};
         QTest::newRow("filtered, 11/2026") << FilterCase{{2026, 11, 1}, true, matured, four};
         QTest::newRow("filtered, 11/2021") << FilterCase{{2021, 11, 1}, true, matured, four};
         QTest::newRow("filtered, 12/2019")
             << FilterCase{{2019, 12, 1}, true, {"06/1980", "05/1967"}, "2 bonds no longer earn interest: $418.41"};
-        QTest::newRow("filtered, 06/1997") << FilterCase{{1997, 6, 1}, true, {"05/1967"}, "1 bond no longer earns interest: $306.66"};
+        QTest::newRow("filtered, 06/1997")
+            << FilterCase{{1997, 6, 1}, true, {"05/1967"}, "1 bond no longer earns interest: $306.66"};
     }
     void theStoppedEarningFilter()
     {
@@ -378,8 +380,9 @@ private slots:
         QTest::addColumn<int>("row");
         QTest::addColumn<QString>("title");
         QTest::addColumn<QStringList>("names");
-        QTest::newRow("EE of 1990, matured") << 0 << "$100 EE bond issued 01/1990, 2 bonds"
-                                             << QStringList{"Redemption value", "Value as of 11/2026", "Final maturity 01/2020"};
+        QTest::newRow("EE of 1990, matured")
+            << 0 << "$100 EE bond issued 01/1990, 2 bonds"
+            << QStringList{"Redemption value", "Value as of 11/2026", "Final maturity 01/2020"};
         QTest::newRow("I of 1998, earning") << 4 << "$50 I bond issued 09/1998, 2 bonds"
                                             << QStringList{"Redemption value", "Computed ahead", "Value as of 11/2026",
                                                            "Penalty ends 09/2003"};
@@ -435,8 +438,10 @@ private slots:
         const int span = years->max().date().year() - first, ticks = years->tickCount() - 1;
         QCOMPARE(span % ticks, 0);
         const qint64 from = years->min().toMSecsSinceEpoch(), to = years->max().toMSecsSinceEpoch();
-        for (int k = 0; k <= ticks; ++k)
-            QCOMPARE(QDateTime::fromMSecsSinceEpoch(from + (to - from) * k / ticks).date().year(), first + span / ticks * k);
+        for (int k = 0; k <= ticks; ++k) {
+            const int year = QDateTime::fromMSecsSinceEpoch(from + (to - from) * k / ticks).date().year();
+            QCOMPARE(year, first + span / ticks * k);
+        }
         auto *dollars = qobject_cast<QValueAxis *>(dialog->chart()->axes(Qt::Vertical).constFirst());
         const double step = (dollars->max() - dollars->min()) / (dollars->tickCount() - 1);
         QCOMPARE(step, double(qRound64(step)));

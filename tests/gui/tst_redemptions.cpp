@@ -90,7 +90,8 @@ private slots:
         QTest::newRow("two of three") << RedeemCase{3, "", 2, "", 3 * 10416, "", 2 * 10416};
         QTest::newRow("one of three, as paid") << RedeemCase{3, "", 1, "$110.00", 3 * 10416, "", 11000};
         QTest::newRow("before issue")
-            << RedeemCase{1, "04/2019", 1, "", 10416, "The redemption month cannot be before the issue month, 05/2019.", 0};
+            << RedeemCase{1, "04/2019", 1, "", 10416, "The redemption month cannot be before the issue month, 05/2019.",
+                          0};
         QTest::newRow("within the first year")
             << RedeemCase{1, "04/2020", 1, "", 10416, "These bonds cannot be cashed before 05/2020.", 0};
         QTest::newRow("no amount")
