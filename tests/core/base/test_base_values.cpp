@@ -16,8 +16,7 @@ struct Reading
     Month expected; // null: refused
 };
 
-class MonthReading : public ::testing::TestWithParam<Reading>
-{};
+class MonthReading : public ::testing::TestWithParam<Reading> {};
 
 TEST_P(MonthReading, ReadsOnlyItsOwnForm)
 {

@@ -126,11 +126,8 @@ TEST_P(QuantityBelowOne, CountsAsNoBondsInEveryTotal)
         EXPECT_EQ(figures.compoundAnnualGrowthRate(), 0.0f);
         EXPECT_EQ(each->interestSummary(), summary);
         const HoldingTotals totals = HoldingTotals::of(each->valuationContext(), each->holdings());
-        EXPECT_EQ(totals.quantity, alone.quantity);
-        EXPECT_EQ(totals.faceValue, alone.faceValue);
-        EXPECT_EQ(totals.issuePrice, alone.issuePrice);
-        EXPECT_EQ(totals.interestEarned, alone.interestEarned);
-        EXPECT_EQ(totals.value, alone.value);
+        EXPECT_EQ(std::tuple(totals.quantity, totals.faceValue, totals.issuePrice, totals.interestEarned, totals.value),
+                  std::tuple(alone.quantity, alone.faceValue, alone.issuePrice, alone.interestEarned, alone.value));
     }
     EXPECT_EQ(alone.quantity, 1);
     EXPECT_GT(alone.value, 0);

@@ -1,13 +1,16 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What views rely on: holdings shown for chosen people, list-change announcements, refresh on a new range.
+// What views rely on: holdings shown for chosen people, list-change announcements, refresh on a new range, and
+// values installed while a document is open, by this process or another, shown at the very next read.
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
+#include "PriceUpdateTestData.h"
 #include "document/BondPortfolio.h"
 #include "model/HoldingFilter.h"
 #include "valuation/RedemptionDateRangeNotifier.h"
 
 #include <QDeadlineTimer>
+#include <QProcess>
 #include <gtest/gtest.h>
 
 class PortfolioViews : public ::testing::Test
@@ -93,3 +96,64 @@ TEST_F(PortfolioViews, ANewDatabaseRangeRefreshesEveryFigure)
     EXPECT_EQ(figures, 1);
     EXPECT_GE(summaries, 1);
 }
+
+using namespace PriceUpdateTestData;
+
+// I bonds issued 2001 onwards; stored value = base + (issue year − 2001) × 12 + issue month − 1.
+struct OpenPortfolio
+{
+    QString database = TestSupport::emptyDatabase();
+    PeopleStore people{TestSupport::temporaryDirectory() + QStringLiteral("/people.vcf")};
+    std::unique_ptr<BondPortfolio> document;
+    HoldingRef holding = Holding::create();
+
+    HoldingFigures figures() const { return document->figuresOf(*holding); }
+
+    OpenPortfolio()
+    {
+        EXPECT_TRUE(install(database, {{QStringLiteral("jan.bin"), priceFile('I', 2030, 1, 2001, 2, 3000)}}));
+        document = std::make_unique<BondPortfolio>(&people, database);
+        document->adopt(*holding);
+        holding->setSeries(Series::seriesForCode(QStringLiteral("I")));
+        holding->setIssueDate(Month(2001, 3));
+        holding->setFaceValue(5000);
+        holding->setQuantity(2);
+        document->setHoldings({holding});
+        document->setValueOfDate(BondAssessor::monthDate(2030, 1));
+    }
+};
+
+enum class Installer { ThisProcess, AnotherProcess };
+
+class ValuesInstalledWhileOpen : public testing::TestWithParam<Installer> {};
+
+TEST_P(ValuesInstalledWhileOpen, ShowAtTheNextRead)
+{
+    OpenPortfolio open;
+    ASSERT_EQ(open.figures().value(), 2 * (3000 + 2) * 2);
+    const QDateTime february = BondAssessor::monthDate(2030, 2);
+    EXPECT_FALSE(open.document->validateValueOfDate(february));
+    EXPECT_EQ(open.figures().absoluteValueAsOfMonth(Month::of(february)), 0); // read once: nothing yet
+
+    if (GetParam() == Installer::ThisProcess) {
+        ASSERT_TRUE(install(open.database, {{QStringLiteral("feb.bin"), priceFile('I', 2030, 2, 2001, 2, 4000)}}));
+    } else {
+        // The sqlite3 shell stands for any other program writing the same working database.
+        const QString sql = QStringLiteral(
+            "insert into bond_value values ('I', 2030, 2, 2001, 3, 4002);"
+            "delete from max_rdate; insert into max_rdate values (2030, 2);");
+        QProcess shell;
+        shell.start(QStringLiteral("sqlite3"), {open.database, sql});
+        ASSERT_TRUE(shell.waitForFinished(60000));
+        ASSERT_EQ(shell.exitCode(), 0) << shell.readAllStandardError().constData();
+    }
+
+    EXPECT_TRUE(open.document->validateValueOfDate(february));
+    EXPECT_EQ(open.document->assessor().maximumRedemptionDate(), february);
+    EXPECT_EQ(open.figures().absoluteValueAsOfMonth(Month::of(february)), (4000 + 2) * 2);
+    ASSERT_TRUE(open.document->setValueOfDate(february));
+    EXPECT_EQ(open.figures().value(), 2 * (4000 + 2) * 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Installers, ValuesInstalledWhileOpen,
+                         testing::Values(Installer::ThisProcess, Installer::AnotherProcess));

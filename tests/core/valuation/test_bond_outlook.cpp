@@ -36,9 +36,7 @@ struct OutlookCase
     const char *finalMaturity, *nextIncrease, *note, *rate;
 };
 
-class Outlook : public testing::TestWithParam<OutlookCase>
-{
-};
+class Outlook : public testing::TestWithParam<OutlookCase> {};
 
 TEST_P(Outlook, FinalMaturityNextIncreaseNoteAndRate)
 {

@@ -68,9 +68,7 @@ struct BadTable
     const char *message;
 };
 
-class EeFixedRateTableRefusal : public testing::TestWithParam<BadTable>
-{
-};
+class EeFixedRateTableRefusal : public testing::TestWithParam<BadTable> {};
 
 TEST_P(EeFixedRateTableRefusal, NamesTheLine)
 {
@@ -87,9 +85,6 @@ INSTANTIATE_TEST_SUITE_P(
                     BadTable{"2005-11,2006-04,3.205\n", "rates.csv:3: the rate must be a percentage with at most two decimals"},
                     BadTable{"2005-11,2006-04\n", "rates.csv:3: 3 columns expected"}));
 
-} // namespace
-
-namespace {
 
 // Every official Series I value the program ships (Treasury files and Fiscal Data) comes out of
 // the two rate tables to the cent; the first difference stops the proof and names the bond.
@@ -126,9 +121,7 @@ struct CompositeCase
 {
     int fixed, inflation, composite;
 };
-class CompositeRate : public testing::TestWithParam<CompositeCase>
-{
-};
+class CompositeRate : public testing::TestWithParam<CompositeCase> {};
 
 // The published composite rates, including the floor at zero (May 2009 and May 2015 deflation).
 TEST_P(CompositeRate, IsTheTreasurysRounding)
