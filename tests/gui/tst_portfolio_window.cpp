@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The portfolio window: filtering by people, adding, naming and pasting bonds, undo names, toolbar, keys the
-// platform's table lacks, typing a month, yields and summary rows that say what they cover, closing.
+// The portfolio window: filtering by people, adding, naming and pasting bonds, undo names, toolbar, the keys a
+// desktop program answers to, typing a month, yields and summary rows that say what they cover, closing.
 #include "GuiTestMain.h"
 #include "BondTableView.h"
 #include "HoldingColumns.h"
