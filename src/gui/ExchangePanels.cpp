@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
@@ -54,6 +55,15 @@ public:
         }
     }
 
+    // A check box under the rows; its state is read when the panel closes.
+    QCheckBox *addCheckBox(const QString &title, bool checked)
+    {
+        auto *box = new QCheckBox(title, &m_dialog);
+        box->setChecked(checked);
+        accessoryLayout()->addWidget(box);
+        return box;
+    }
+
     // An export panel: the all / selected rows only when bonds are selected; without them the
     // remembered row stands.
     std::optional<ExchangePanels::Choice> runExport(bool offerSelection, int row)
@@ -95,7 +105,8 @@ private:
 
 } // namespace
 
-std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidget *parent, bool offerSelection, int row)
+std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidget *parent, bool offerSelection, int row,
+                                                                          bool forSpreadsheets)
 {
     OptionPanel panel(parent, QApplication::translate("ExchangePanels", "Export to CSV file"),
                       QApplication::translate("ExchangePanels", "Export"));
@@ -105,7 +116,12 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidge
     dialog.setLabelText(QFileDialog::FileName, QApplication::translate("ExchangePanels", "Export To:"));
     dialog.setNameFilter(QApplication::translate("ExchangePanels", "Comma-separated values (*.csv)"));
     dialog.setDefaultSuffix(QStringLiteral("csv"));
-    return panel.runExport(offerSelection, row);
+    QCheckBox *spreadsheet = panel.addCheckBox(
+        QApplication::translate("ExchangePanels", "Dates and quoting for spreadsheets (LibreOffice, Excel)"), forSpreadsheets);
+    auto choice = panel.runExport(offerSelection, row);
+    if (choice)
+        choice->forSpreadsheets = spreadsheet->isChecked();
+    return choice;
 }
 
 std::optional<ExchangePanels::Choice> ExchangePanels::chooseQifExportDirectory(QWidget *parent, bool offerSelection,

@@ -125,6 +125,72 @@ const FieldReading fieldReadings[] = {
 INSTANTIATE_TEST_SUITE_P(Rules, CsvFieldReading, ::testing::ValuesIn(fieldReadings),
                          [](const ::testing::TestParamInfo<FieldReading> &row) { return std::string(row.param.rule); });
 
+// The spreadsheet form, and a spreadsheet's saving of it (no byte order mark, any day of the
+// month): one own-format bond line, what the new holding holds, or "rejected".
+struct SpreadsheetReading
+{
+    const char *rule;
+    bool marked;       // the file starts with the byte order mark
+    const char *bytes; // after the header line
+    const char *reads; // series|quantity|issue month|face value|serial
+};
+
+void PrintTo(const SpreadsheetReading &row, std::ostream *out) { *out << row.rule; }
+
+class CsvSpreadsheetReading : public ::testing::TestWithParam<SpreadsheetReading>, public ExchangeFixture {};
+
+TEST_P(CsvSpreadsheetReading, SetsTheNewHolding)
+{
+    const QByteArray text = QByteArray("Bond Series,Quantity,Issue Date,Face Value,Serial Number\n") + GetParam().bytes;
+    ASSERT_TRUE(PortfolioCsvImport::importCSVData(*portfolio, GetParam().marked ? "\xEF\xBB\xBF" + text : text, CsvImportFormat::Own)
+                    .succeeded);
+    QString reading = QStringLiteral("rejected");
+    if (const QList<HoldingRef> holdings = portfolio->holdings(); !holdings.isEmpty()) {
+        const Holding &bond = *holdings.first();
+        reading = QStringList{bond.series()->code(), QString::number(bond.quantity()), bond.issueDate().toString(Month::Style::Iso),
+                              QString::number(bond.faceValue()), bond.serialNumber()}.join(QLatin1Char('|'));
+    }
+    EXPECT_EQ(reading, QString::fromUtf8(GetParam().reads));
+}
+
+const SpreadsheetReading spreadsheetReadings[] = {
+    {"QuotedCommaAndDoubledQuotes", true, "EE Bond,2,2005-03-01,100.00,\"Q1,\"\"A\"\"\"\n", "N|2|2005-03|10000|Q1,\"A\""},
+    {"QuotedLineBreakAndQuotedLabel", true, "\"EE Bond\",1,2005-03-01,50.00,\"L1\nL2\"\n", "N|1|2005-03|5000|L1\nL2"},
+    {"CarriageReturnsEndLines", true, "EE Bond,1,2005-03-01,50.00,Q1\r\n", "N|1|2005-03|5000|Q1"},
+    {"FieldCountAfterQuoting", true, "EE Bond,1,2005-03-01,50.00,Q1,x\n", "rejected"},
+    {"UnmarkedByAnyDayOfTheMonth", false, "EE Bond,1,2005-03-17,50.00,\"Q,1\"\n", "N|1|2005-03|5000|Q,1"},
+    {"UnmarkedUtf8", false, "EE Bond,1,2005-03-01,50.00,Zo\xC3\xAB\n", "N|1|2005-03|5000|Zo\xC3\xAB"},
+    {"UnmarkedLatin1", false, "EE Bond,1,2005-03-01,50.00,Zo\xEB\n", "N|1|2005-03|5000|Zo\xC3\xAB"},
+    {"MarkedPlainMonth", true, "EE Bond,1,3/2005,50.00,\"Q,1\"\n", "N|1|2005-03|5000|Q,1"},
+    {"MarkedNoSuchDay", true, "EE Bond,1,2005-02-30,50.00,Q1\n", "N|1||5000|Q1"}};
+INSTANTIATE_TEST_SUITE_P(Forms, CsvSpreadsheetReading, ::testing::ValuesIn(spreadsheetReadings),
+                         [](const ::testing::TestParamInfo<SpreadsheetReading> &row) { return std::string(row.param.rule); });
+
+// Exported for spreadsheets and imported again: the same bonds, their people included, though
+// a serial and a name hold commas and quotes.
+TEST_F(CsvImport, SpreadsheetFormRoundTrip)
+{
+    const PersonRef ann = people.person(QStringLiteral("Ann"), QStringLiteral("Smith, Jr."));
+    const PersonRef zoe = people.person(QStringLiteral("Zo\u00EB \"Z\""), QStringLiteral("\u0141ukasz"));
+    const HoldingRef paper = make("N", 1995, 3, 5000, 2, QStringLiteral("Q1,\"A\""));
+    paper->setOwner(ann);
+    paper->setBeneficiary(zoe);
+    const HoldingRef electronic = make("I", 2003, 7, 2512, 1, QStringLiteral("L1\nL2"), false);
+    electronic->setCoOwner(zoe);
+    const QList<HoldingRef> exported{paper, electronic};
+    auto facts = [](const Holding &bond) {
+        auto id = [](const PersonRef &person) { return person ? person->uniqueId() : QString(); };
+        return std::tuple(bond.series(), bond.quantity(), bond.issueDate(), bond.faceValue(), bond.serialNumber(), bond.isPaper(),
+                          id(bond.owner()), id(bond.coOwner()), id(bond.beneficiary()));
+    };
+    const CsvImportOutcome outcome =
+        import(PortfolioCsv::csvRepresentation(portfolio->valuationContext(), exported, CsvForm::Spreadsheet), CsvImportFormat::Own);
+    EXPECT_EQ(std::tuple(outcome.importedCount, outcome.rejectedCount - 1, outcome.unmatchedNames), std::tuple(2, 0, 0));
+    ASSERT_EQ(portfolio->holdings().size(), 2);
+    for (int index = 0; index < 2; ++index)
+        EXPECT_EQ(facts(*portfolio->holdings().at(index)), facts(*exported.at(index))) << index;
+}
+
 TEST_F(CsvImport, WizardFile)
 {
     // The Wizard knew paper bonds only: its 2005 EE bond comes in paper though new bonds default to electronic.
