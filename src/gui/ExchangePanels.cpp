@@ -64,12 +64,16 @@ public:
         return box;
     }
 
-    // An export panel: the all / selected rows only when bonds are selected; without them the
-    // remembered row stands.
-    std::optional<ExchangePanels::Choice> runExport(bool offerSelection, int row)
+    // An export panel's all / selected rows, only when bonds are selected.
+    void addExportRows(bool offerSelection, int row)
     {
         if (offerSelection)
             addRows(exportRows(), row);
+    }
+
+    // Without the export rows the remembered row stands.
+    std::optional<ExchangePanels::Choice> runExport(bool offerSelection, int row)
+    {
         auto choice = run();
         if (choice && !offerSelection)
             choice->row = row;
@@ -116,6 +120,7 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidge
     dialog.setLabelText(QFileDialog::FileName, QApplication::translate("ExchangePanels", "Export To:"));
     dialog.setNameFilter(QApplication::translate("ExchangePanels", "Comma-separated values (*.csv)"));
     dialog.setDefaultSuffix(QStringLiteral("csv"));
+    panel.addExportRows(offerSelection, row);
     QCheckBox *spreadsheet = panel.addCheckBox(
         QApplication::translate("ExchangePanels", "Dates and quoting for spreadsheets (LibreOffice, Excel)"), forSpreadsheets);
     auto choice = panel.runExport(offerSelection, row);
@@ -137,6 +142,7 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseQifExportDirectory(Q
                                              "Choose or create a target directory for your export.\nThe directory "
                                              "will receive two QIF files:\na price list, and a list of your "
                                              "portfolio holdings."));
+    panel.addExportRows(offerSelection, row);
     return panel.runExport(offerSelection, row);
 }
 

@@ -165,7 +165,11 @@ std::optional<QList<QStringList>> spreadsheetRecords(const QByteArray &data)
     QList<QStringList> records = SpreadsheetCsv::records(text);
     if (marked)
         return records;
-    const qsizetype dateColumn = records.first().indexOf(QStringLiteral("Issue Date"));
+    qsizetype dateColumn = -1;
+    for (const CsvImportColumn &column : CsvImportFormats::csvColumnsForFormat(CsvImportFormat::Own)) {
+        if (column.field == CsvHoldingField::IssueDate)
+            dateColumn = records.first().indexOf(QLatin1String(column.name));
+    }
     if (dateColumn < 0)
         return std::nullopt;
     for (const QStringList &record : std::as_const(records)) {
