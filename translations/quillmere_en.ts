@@ -381,10 +381,6 @@ redemption months, its number of values and its installed files.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>export-csv FILE OUT [--as-of YYYY-MM] [--people FILE]   write a portfolio&apos;s holdings as CSV</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Writes PriceList.qif and Positions.qif for a portfolio into a directory; numbered names (PriceList-1.qif, ...) when a price list is already there.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -938,6 +934,14 @@ the version, &apos;quillmere-cli --man&apos; the manual page.</source>
         <source>inventory FILE OUT.pdf [--as-of YYYY-MM] [--people FILE] [--paper letter|a4]   write the household&apos;s inventory as PDF</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Write for spreadsheets (LibreOffice, Excel): UTF-8 with a byte order mark, dates as YYYY-MM-01, fields with commas or quotes quoted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>export-csv FILE OUT [--as-of YYYY-MM] [--people FILE] [--spreadsheet]   write a portfolio&apos;s holdings as CSV</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CsvHoldingReader</name>
@@ -1177,6 +1181,10 @@ a price list, and a list of your portfolio holdings.</source>
     </message>
     <message>
         <source>Choose a Directory for the GnuCash and KMyMoney Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dates and quoting for spreadsheets (LibreOffice, Excel)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

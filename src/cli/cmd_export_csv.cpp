@@ -18,7 +18,10 @@ int run(const QStringList &arguments)
                                                     "valuation month, to a CSV file (ISO Latin 1, line feeds)."));
     const QCommandLineOption asOf = valuationMonthOption();
     const QCommandLineOption peopleOption = peopleFileOption();
-    parser.addOptions({asOf, peopleOption});
+    const QCommandLineOption spreadsheetOption(QStringLiteral("spreadsheet"),
+                                               CliText::tr("Write for spreadsheets (LibreOffice, Excel): UTF-8 with a byte "
+                                                           "order mark, dates as YYYY-MM-01, fields with commas or quotes quoted."));
+    parser.addOptions({asOf, peopleOption, spreadsheetOption});
     parser.addPositionalArgument(QStringLiteral("FILE"), CliText::tr("The portfolio document."));
     parser.addPositionalArgument(QStringLiteral("OUT"), CliText::tr("The CSV file to write (replaced if it exists)."));
     int status = 0;
@@ -34,7 +37,9 @@ int run(const QStringList &arguments)
     if (!portfolio)
         return cliFail(error);
 
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(paths.at(1), portfolio->valuationContext(), portfolio->holdings());
+    const CsvForm form = parser.isSet(spreadsheetOption) ? CsvForm::Spreadsheet : CsvForm::Plain;
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(paths.at(1), portfolio->valuationContext(),
+                                                                               portfolio->holdings(), form);
     if (!outcome.succeeded)
         return cliFail(outcome.detail);
     cliOut() << CliText::tr("Exported %1 holdings as of %2 to %3\n")
@@ -44,7 +49,7 @@ int run(const QStringList &arguments)
 }
 
 const CliCommand::Registration registration({QStringLiteral("export-csv"),
-                                             QT_TRANSLATE_NOOP("CliText", "export-csv FILE OUT [--as-of YYYY-MM] [--people FILE]   write a portfolio's holdings as CSV"),
+                                             QT_TRANSLATE_NOOP("CliText", "export-csv FILE OUT [--as-of YYYY-MM] [--people FILE] [--spreadsheet]   write a portfolio's holdings as CSV"),
                                              run});
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
@@ -54,12 +55,25 @@ public:
         }
     }
 
-    // An export panel: the all / selected rows only when bonds are selected; without them the
-    // remembered row stands.
-    std::optional<ExchangePanels::Choice> runExport(bool offerSelection, int row)
+    // A check box under the rows; its state is read when the panel closes.
+    QCheckBox *addCheckBox(const QString &title, bool checked)
+    {
+        auto *box = new QCheckBox(title, &m_dialog);
+        box->setChecked(checked);
+        accessoryLayout()->addWidget(box);
+        return box;
+    }
+
+    // An export panel's all / selected rows, only when bonds are selected.
+    void addExportRows(bool offerSelection, int row)
     {
         if (offerSelection)
             addRows(exportRows(), row);
+    }
+
+    // Without the export rows the remembered row stands.
+    std::optional<ExchangePanels::Choice> runExport(bool offerSelection, int row)
+    {
         auto choice = run();
         if (choice && !offerSelection)
             choice->row = row;
@@ -95,7 +109,8 @@ private:
 
 } // namespace
 
-std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidget *parent, bool offerSelection, int row)
+std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidget *parent, bool offerSelection, int row,
+                                                                          bool forSpreadsheets)
 {
     OptionPanel panel(parent, QApplication::translate("ExchangePanels", "Export to CSV file"),
                       QApplication::translate("ExchangePanels", "Export"));
@@ -105,7 +120,13 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseCsvExportFile(QWidge
     dialog.setLabelText(QFileDialog::FileName, QApplication::translate("ExchangePanels", "Export To:"));
     dialog.setNameFilter(QApplication::translate("ExchangePanels", "Comma-separated values (*.csv)"));
     dialog.setDefaultSuffix(QStringLiteral("csv"));
-    return panel.runExport(offerSelection, row);
+    panel.addExportRows(offerSelection, row);
+    QCheckBox *spreadsheet = panel.addCheckBox(
+        QApplication::translate("ExchangePanels", "Dates and quoting for spreadsheets (LibreOffice, Excel)"), forSpreadsheets);
+    auto choice = panel.runExport(offerSelection, row);
+    if (choice)
+        choice->forSpreadsheets = spreadsheet->isChecked();
+    return choice;
 }
 
 std::optional<ExchangePanels::Choice> ExchangePanels::chooseQifExportDirectory(QWidget *parent, bool offerSelection,
@@ -121,6 +142,7 @@ std::optional<ExchangePanels::Choice> ExchangePanels::chooseQifExportDirectory(Q
                                              "Choose or create a target directory for your export.\nThe directory "
                                              "will receive two QIF files:\na price list, and a list of your "
                                              "portfolio holdings."));
+    panel.addExportRows(offerSelection, row);
     return panel.runExport(offerSelection, row);
 }
 

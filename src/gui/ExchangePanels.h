@@ -13,18 +13,21 @@ class QWidget;
 class ExchangePanels
 {
 public:
-    // What the user chose in a panel: a path and the row of its option control.
+    // What the user chose in a panel: a path, the row of its option control and, in the CSV
+    // export's panel, whether the file is written for spreadsheets.
     struct Choice
     {
         QString path;
         int row = 0;
+        bool forSpreadsheets = false;
     };
 
     virtual ~ExchangePanels() = default;
 
     // The save panel of the CSV export. The all/selected control is shown only when
-    // offerSelection is true; row is the row it starts on. Empty when cancelled.
-    virtual std::optional<Choice> chooseCsvExportFile(QWidget *parent, bool offerSelection, int row);
+    // offerSelection is true; row is the row it starts on. The spreadsheet check box is always
+    // shown, starting as forSpreadsheets says. Empty when cancelled.
+    virtual std::optional<Choice> chooseCsvExportFile(QWidget *parent, bool offerSelection, int row, bool forSpreadsheets);
     // The directory panel of the QIF export, with the same control under the same rule.
     virtual std::optional<Choice> chooseQifExportDirectory(QWidget *parent, bool offerSelection, int row);
     // The directory panel of the export for GnuCash and KMyMoney (always of every holding).

@@ -13,12 +13,18 @@
 #include "exchange/HoldingCsv.h"
 #include "exchange/PortfolioCsvImport.h"
 #include "exchange/PortfolioQuicken.h"
+#include "base/UserDefaults.h"
 #include "model/PeopleStore.h"
 
 #include <QDebug>
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
+
+namespace {
+// Whether the last CSV export was written for spreadsheets; the next one starts that way.
+constexpr const char *CsvForSpreadsheetsKey = "csvExportForSpreadsheets";
+}
 
 void PortfolioWindow::setExchangePanels(std::unique_ptr<ExchangePanels> panels)
 {
@@ -27,14 +33,18 @@ void PortfolioWindow::setExchangePanels(std::unique_ptr<ExchangePanels> panels)
 
 void PortfolioWindow::exportCsv()
 {
+    const QString spreadsheetKey = QString::fromLatin1(CsvForSpreadsheetsKey);
     const QList<HoldingRef> selected = selectedHoldings();
-    const auto choice = m_panels->chooseCsvExportFile(this, !selected.isEmpty(), m_exportRow);
+    const auto choice = m_panels->chooseCsvExportFile(this, !selected.isEmpty(), m_exportRow,
+                                                      UserDefaults::value(spreadsheetKey).toBool());
     if (!choice)
         return;
     if (!selected.isEmpty())
         m_exportRow = choice->row;
+    UserDefaults::setValue(spreadsheetKey, choice->forSpreadsheets);
     const QList<HoldingRef> holdings = ExportChoice::holdingsToExport(m_portfolio->holdings(), selected, choice->row);
-    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(choice->path, m_portfolio->valuationContext(), holdings);
+    const ExchangeOutcome outcome = PortfolioCsv::exportToCommaSeparatedValues(
+        choice->path, m_portfolio->valuationContext(), holdings, choice->forSpreadsheets ? CsvForm::Spreadsheet : CsvForm::Plain);
     if (!outcome.succeeded) {
         qWarning().noquote() << "CSV export failed:" << outcome.detail;
         m_panels->beep();

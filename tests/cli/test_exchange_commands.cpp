@@ -38,6 +38,10 @@ TEST_F(ExchangeCommands, ImportIntoNewPortfolioThenExport)
     ASSERT_EQ(lines.size(), 3);
     EXPECT_TRUE(lines.at(1).startsWith("\"EE Bond\",1,3/1995,50.00,100.00,")) << lines.at(1).toStdString();
     EXPECT_TRUE(lines.at(1).endsWith(",Q100,,,"));
+
+    ASSERT_EQ(run({"export-csv", bonds, out, "--as-of", "2000-01", "--spreadsheet"}).exitCode, 0);
+    EXPECT_TRUE(contents(out).startsWith("\xEF\xBB\xBF" "Bond Series,"));
+    EXPECT_TRUE(contents(out).contains("\nEE Bond,1,1995-03-01,50.00,100.00,")) << contents(out).toStdString();
 }
 
 TEST_F(ExchangeCommands, FailuresGoToStandardErrorAndChangeNothing)

@@ -4,17 +4,21 @@
 #include "GuiTestMain.h"
 #include "BondTableView.h"
 #include "ExchangePanels.h"
+#include "base/UserDefaults.h"
 
 #include <QAction>
 #include <QDate>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 // Answers every panel with a prepared path and row, and keeps what the window asked and said.
 struct ScriptedPanels : ExchangePanels
 {
     QString path;
     int row = 0;
+    bool forSpreadsheets = false;            // the answer
+    bool offeredSpreadsheets = false;        // how the panel's check box started
     bool offeredSelection = false;
     QStringList alerts; // "title|message"
     int beeps = 0;
@@ -22,9 +26,13 @@ struct ScriptedPanels : ExchangePanels
     std::optional<Choice> answer(bool offer)
     {
         offeredSelection = offer;
-        return Choice{path, row};
+        return Choice{path, row, forSpreadsheets};
     }
-    std::optional<Choice> chooseCsvExportFile(QWidget *, bool offer, int) override { return answer(offer); }
+    std::optional<Choice> chooseCsvExportFile(QWidget *, bool offer, int, bool spreadsheets) override
+    {
+        offeredSpreadsheets = spreadsheets;
+        return answer(offer);
+    }
     std::optional<Choice> chooseQifExportDirectory(QWidget *, bool offer, int) override { return answer(offer); }
     std::optional<Choice> chooseCsvImportFile(QWidget *, int) override { return answer(false); }
     std::optional<QString> chooseCalculatorPage(QWidget *) override { return path; }
@@ -36,8 +44,9 @@ struct ScriptedPanels : ExchangePanels
     void beep() override { ++beeps; }
 };
 
-// Rows selected, the row chosen in the panel, whether it offered the selection, only the selection written.
-using ExportCase = std::tuple<int, int, bool, bool>;
+// Rows selected, the row chosen in the panel, whether it offered the selection, only the selection
+// written, written for spreadsheets.
+using ExportCase = std::tuple<int, int, bool, bool, bool>;
 
 class PortfolioExchangeTest : public QObject
 {
@@ -59,14 +68,16 @@ private slots:
     void csvExportWritesWhatTheRowsChoose_data()
     {
         QTest::addColumn<ExportCase>("c");
-        QTest::newRow("no selection") << ExportCase{0, 1, false, false};
-        QTest::newRow("selection, all bonds") << ExportCase{2, 0, true, false};
-        QTest::newRow("selection, selected only") << ExportCase{2, 1, true, true};
+        QTest::newRow("no selection") << ExportCase{0, 1, false, false, false};
+        QTest::newRow("selection, all bonds") << ExportCase{2, 0, true, false, false};
+        QTest::newRow("selection, selected only, for spreadsheets") << ExportCase{2, 1, true, true, true};
     }
     void csvExportWritesWhatTheRowsChoose()
     {
         QFETCH(ExportCase, c);
-        const auto &[selected, row, offered, onlySelected] = c;
+        const auto &[selected, row, offered, onlySelected, spreadsheets] = c;
+        UserDefaults::remove(QStringLiteral("csvExportForSpreadsheets"));
+        m_panels->forSpreadsheets = spreadsheets;
         GuiTest::selectRows(m_window->bondTable(), selected ? QList<int>{0, 1} : QList<int>{});
         m_panels->path = GuiTest::path(QStringLiteral("export.csv"));
         m_panels->row = row;
@@ -74,8 +85,15 @@ private slots:
         QCOMPARE(m_panels->offeredSelection, offered);
         const qsizetype lines = GuiTest::readFile(m_panels->path).count('\n');
         QCOMPARE(lines - 1, onlySelected ? selected : m_window->portfolio()->holdings().size());
+        QCOMPARE(GuiTest::readFile(m_panels->path).startsWith("\xEF\xBB\xBF"), spreadsheets);
+        static const QRegularExpression isoIssueDate(QStringLiteral("\n[^,\n]*,[0-9]+,[0-9]{4}-[0-9]{2}-01,"));
+        QCOMPARE(isoIssueDate.match(QString::fromUtf8(GuiTest::readFile(m_panels->path))).hasMatch(), spreadsheets);
         QVERIFY(m_panels->alerts.isEmpty());
         QVERIFY(!m_window->portfolio()->isEdited());
+        // The next export's panel starts as this one was left; the spreadsheet form starts off.
+        QVERIFY(!m_panels->offeredSpreadsheets);
+        m_window->action(PortfolioWindow::ActionId::ExportCsv)->trigger();
+        QCOMPARE(m_panels->offeredSpreadsheets, spreadsheets);
     }
 
     void importIsOneEditWithItsAlert_data()

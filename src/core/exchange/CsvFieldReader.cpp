@@ -4,6 +4,7 @@
 
 #include "base/Series.h"
 
+#include <QDate>
 #include <QRegularExpression>
 #include <limits>
 
@@ -71,6 +72,15 @@ Month issueMonth(const QString &text)
     if (month < 1 || month > 12 || year < 1)
         return {};
     return Month(year, month);
+}
+
+Month isoIssueMonth(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^ *([0-9]{4})-([0-9]{2})-([0-9]{2}) *$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return {};
+    return Month::of(QDate(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt()));
 }
 
 const Series *series(QStringView text)

@@ -39,6 +39,9 @@ Pennies faceValue(QStringView text);
 // blank beside the slash). Anything else (another month number, a two-digit year, trailing
 // text) gives no month.
 Month issueMonth(const QString &text);
+// "YYYY-MM-DD", a real date, optionally surrounded by spaces: the month of that date. The
+// spreadsheet form writes the first of the month; a spreadsheet may save any day of it.
+Month isoIssueMonth(const QString &text);
 
 // The series a field names, its surrounding double quotes removed first; nullptr for none.
 const Series *series(QStringView text);

@@ -10,10 +10,14 @@
 #include <algorithm>
 
 CsvHoldingReader::CsvHoldingReader(QStringView headerLine, CsvImportFormat format)
-    : m_format(format)
+    : CsvHoldingReader(CsvFieldReader::fields(headerLine), format, CsvForm::Plain)
+{
+}
+
+CsvHoldingReader::CsvHoldingReader(const QList<QStringView> &names, CsvImportFormat format, CsvForm form)
+    : m_format(format), m_form(form)
 {
     const QList<CsvImportColumn> known = CsvImportFormats::csvColumnsForFormat(format);
-    const QList<QStringView> names = CsvFieldReader::fields(headerLine);
     m_fieldCount = names.size();
     for (qsizetype index = 0; index < names.size(); ++index) {
         const QStringView name = CsvFieldReader::withoutSurroundingQuotes(names.at(index));
@@ -26,10 +30,14 @@ CsvHoldingReader::CsvHoldingReader(QStringView headerLine, CsvImportFormat forma
 
 HoldingRef CsvHoldingReader::holdingForLine(QStringView line, QString *problem, Names *names) const
 {
-    const QList<QStringView> fields = CsvFieldReader::fields(line);
+    return holdingForFields(CsvFieldReader::fields(line), problem, names);
+}
+
+HoldingRef CsvHoldingReader::holdingForFields(const QList<QStringView> &fields, QString *problem, Names *names) const
+{
     if (fields.size() != m_fieldCount) {
         if (problem)
-            *problem = line.trimmed().isEmpty()
+            *problem = fields.size() == 1 && fields.first().trimmed().isEmpty()
                            ? QCoreApplication::translate("CsvHoldingReader", "empty line")
                            : QCoreApplication::translate("CsvHoldingReader", "wrong number of fields (%1 where the header has %2)")
                                  .arg(fields.size())
@@ -53,7 +61,7 @@ HoldingRef CsvHoldingReader::holdingForLine(QStringView line, QString *problem, 
             holding->setSerialNumber(text.toString());
             break;
         case CsvHoldingField::IssueDate:
-            holding->setIssueDate(CsvFieldReader::issueMonth(text.toString()));
+            holding->setIssueDate(issueMonth(text));
             break;
         case CsvHoldingField::Owner:
         case CsvHoldingField::CoOwner:
@@ -92,6 +100,13 @@ HoldingRef CsvHoldingReader::holdingForLine(QStringView line, QString *problem, 
         return nullptr;
     }
     return holding;
+}
+
+Month CsvHoldingReader::issueMonth(QStringView text) const
+{
+    const QString written = text.toString();
+    const Month iso = m_form == CsvForm::Spreadsheet ? CsvFieldReader::isoIssueMonth(written) : Month();
+    return iso.isNull() ? CsvFieldReader::issueMonth(written) : iso;
 }
 
 void CsvHoldingReader::decideKind(Holding &holding, std::optional<Pennies> issuePrice) const

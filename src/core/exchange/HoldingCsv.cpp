@@ -18,6 +18,27 @@ QString dollars(Pennies pennies)
     return ExportText::fixedPoint(ExportText::singlePrecisionDollars(pennies), 2);
 }
 
+// Every field quoted only where it needs to be, the month as the date of its first day.
+QString spreadsheetLine(const Holding &holding, const HoldingFigures &figures)
+{
+    const Month issued = holding.issueDate();
+    const QStringList fields{holding.series()->label(),
+                             QString::number(holding.quantity()),
+                             issued.isNull() ? QString() : issued.toString(Month::Style::Iso) + QStringLiteral("-01"),
+                             dollars(holding.issuePrice()),
+                             dollars(holding.faceValue()),
+                             dollars(figures.interestEarned()),
+                             dollars(figures.value()),
+                             holding.serialNumber(),
+                             nameOf(holding.owner()),
+                             nameOf(holding.coOwner()),
+                             nameOf(holding.beneficiary())};
+    QStringList quoted;
+    for (const QString &field : fields)
+        quoted << SpreadsheetCsv::quotedField(field);
+    return quoted.join(QLatin1Char(',')) + QLatin1Char('\n');
+}
+
 } // namespace
 
 namespace HoldingCsv {
@@ -28,9 +49,11 @@ QString csvHeader()
                           "Serial Number,Owner,Co-owner,Beneficiary\n");
 }
 
-QString asCSV(const Holding &holding, const ValuationContext &context)
+QString asCSV(const Holding &holding, const ValuationContext &context, CsvForm form)
 {
     const HoldingFigures figures(context, holding.facts());
+    if (form == CsvForm::Spreadsheet)
+        return spreadsheetLine(holding, figures);
     const Month issued = holding.issueDate();
     const int month = issued.isNull() ? 0 : issued.month();
     const int year = issued.isNull() ? 0 : issued.year();
@@ -53,32 +76,39 @@ QString asCSV(const Holding &holding, const ValuationContext &context)
 namespace PortfolioCsv {
 
 namespace {
-void appendCsv(QByteArray &buffer, const ValuationContext &context, const QList<HoldingRef> &holdings,
+QByteArray bytesOf(const QString &text, CsvForm form)
+{
+    return form == CsvForm::Spreadsheet ? text.normalized(QString::NormalizationForm_C).toUtf8() : ExportText::latin1Bytes(text);
+}
+
+void appendCsv(QByteArray &buffer, const ValuationContext &context, const QList<HoldingRef> &holdings, CsvForm form,
                const std::function<void()> &flushIfFull)
 {
     const BondAssessor::ReadBatch batch(*context.assessor);
     Portfolio::prefetchValues(*context.assessor, holdings);
-    buffer += ExportText::latin1Bytes(HoldingCsv::csvHeader());
+    if (form == CsvForm::Spreadsheet)
+        buffer += SpreadsheetCsv::ByteOrderMark;
+    buffer += bytesOf(HoldingCsv::csvHeader(), form);
     for (const HoldingRef &holding : holdings) {
-        buffer += ExportText::latin1Bytes(HoldingCsv::asCSV(*holding, context));
+        buffer += bytesOf(HoldingCsv::asCSV(*holding, context, form), form);
         flushIfFull();
     }
 }
 }
 
-QByteArray csvRepresentation(const ValuationContext &valuation, const QList<HoldingRef> &holdings)
+QByteArray csvRepresentation(const ValuationContext &valuation, const QList<HoldingRef> &holdings, CsvForm form)
 {
     QByteArray bytes;
-    appendCsv(bytes, valuation, holdings, [] {});
+    appendCsv(bytes, valuation, holdings, form, [] {});
     return bytes;
 }
 
 ExchangeOutcome exportToCommaSeparatedValues(const QString &path, const ValuationContext &valuation,
-                                             const QList<HoldingRef> &holdings)
+                                             const QList<HoldingRef> &holdings, CsvForm form)
 {
     ExchangeOutcome outcome;
     outcome.succeeded = ExportText::writeFileAtomically(
-        path, [&](QByteArray &buffer, const std::function<void()> &flushIfFull) { appendCsv(buffer, valuation, holdings, flushIfFull); },
+        path, [&](QByteArray &buffer, const std::function<void()> &flushIfFull) { appendCsv(buffer, valuation, holdings, form, flushIfFull); },
         &outcome.detail);
     return outcome;
 }

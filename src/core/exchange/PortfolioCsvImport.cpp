@@ -3,12 +3,14 @@
 #include "exchange/PortfolioCsvImport.h"
 
 #include "document/BondPortfolio.h"
+#include "exchange/CsvFieldReader.h"
 #include "exchange/CsvHoldingReader.h"
 #include "model/PeopleStore.h"
 
 #include <QMultiHash>
 
 #include <QFile>
+#include <QStringDecoder>
 #include <QCoreApplication>
 
 namespace PortfolioCsvImport {
@@ -77,32 +79,24 @@ CsvImportOutcome corruptFileOutcome(CsvImportFormat format, const QString &detai
     return outcome;
 }
 
-CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QStringList> &lines, CsvImportFormat format)
+namespace {
+
+// The data lines, read by the header's reader, become the new holdings: one change to the document.
+CsvImportOutcome importFieldLists(BondPortfolio &portfolio, const CsvHoldingReader &reader, qsizetype lineCount,
+                                  const std::function<QList<QStringView>(qsizetype)> &fieldsOfLine, CsvImportFormat format)
 {
-    if (!lines || lines->size() < 2)
-        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "fewer than two lines after splitting at the line separator"));
-    if (lines->size() > MaximumLineCount)
-        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "more than %1 lines").arg(MaximumLineCount));
-
-    const CsvHoldingReader reader(lines->first(), format);
-    const CsvImportFormat other = format == CsvImportFormat::Own ? CsvImportFormat::SavingsBondWizard : CsvImportFormat::Own;
-    if (!reader.readsSeries() && CsvHoldingReader(lines->first(), other).readsSeries()) {
-        CsvImportOutcome outcome = corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "the header is that of the other format"));
-        outcome.headerOfOtherFormat = true;
-        return outcome;
-    }
-
     QList<HoldingRef> added;
     int rejected = 0;
     QStringList skipped;
     PeopleByName people(portfolio.peopleStore(), portfolio.titleHolders());
-    for (qsizetype index = 1; index < lines->size(); ++index) {
+    for (qsizetype index = 1; index < lineCount; ++index) {
         QString problem;
         CsvHoldingReader::Names names;
-        HoldingRef holding = reader.holdingForLine(lines->at(index), &problem, &names);
+        const QList<QStringView> fields = fieldsOfLine(index);
+        HoldingRef holding = reader.holdingForFields(fields, &problem, &names);
         if (!holding) {
             ++rejected;
-            const bool lastAndEmpty = index == lines->size() - 1 && lines->at(index).trimmed().isEmpty();
+            const bool lastAndEmpty = index == lineCount - 1 && fields.size() == 1 && fields.first().trimmed().isEmpty();
             if (!lastAndEmpty)
                 skipped << QCoreApplication::translate("PortfolioCsvImport", "line %1: %2").arg(index + 1).arg(problem);
             continue;
@@ -135,6 +129,80 @@ CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QS
     return outcome;
 }
 
+// Before any holding is read: too few or too many lines, or the header of the other format.
+std::optional<CsvImportOutcome> refusal(qsizetype lineCount, const CsvHoldingReader &reader,
+                                        const CsvHoldingReader &asOtherFormat, CsvImportFormat format)
+{
+    if (lineCount < 2)
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "fewer than two lines after splitting at the line separator"));
+    if (lineCount > MaximumLineCount)
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "more than %1 lines").arg(MaximumLineCount));
+    if (!reader.readsSeries() && asOtherFormat.readsSeries()) {
+        CsvImportOutcome outcome = corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "the header is that of the other format"));
+        outcome.headerOfOtherFormat = true;
+        return outcome;
+    }
+    return std::nullopt;
+}
+
+QList<QStringView> views(const QStringList &fields)
+{
+    return {fields.cbegin(), fields.cend()};
+}
+
+// The records of an own-format file in the spreadsheet form, or none for a plain file. The form
+// is known by its byte order mark; without one (a spreadsheet saving the file again drops it) by
+// an issue date written YYYY-MM-DD, which the plain form never has. Such a file is UTF-8 when it
+// decodes as UTF-8, and ISO Latin 1 otherwise.
+std::optional<QList<QStringList>> spreadsheetRecords(const QByteArray &data)
+{
+    const bool marked = data.startsWith(SpreadsheetCsv::ByteOrderMark);
+    QStringDecoder utf8(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+    const QByteArray body = marked ? data.mid(qsizetype(sizeof SpreadsheetCsv::ByteOrderMark) - 1) : data;
+    QString text = utf8(body);
+    if (utf8.hasError())
+        text = QString::fromLatin1(body);
+    QList<QStringList> records = SpreadsheetCsv::records(text);
+    if (marked)
+        return records;
+    qsizetype dateColumn = -1;
+    for (const CsvImportColumn &column : CsvImportFormats::csvColumnsForFormat(CsvImportFormat::Own)) {
+        if (column.field == CsvHoldingField::IssueDate)
+            dateColumn = records.first().indexOf(QLatin1String(column.name));
+    }
+    if (dateColumn < 0)
+        return std::nullopt;
+    for (const QStringList &record : std::as_const(records)) {
+        if (!CsvFieldReader::isoIssueMonth(record.value(dateColumn)).isNull())
+            return records;
+    }
+    return std::nullopt;
+}
+
+CsvImportOutcome importSpreadsheetRecords(BondPortfolio &portfolio, const QList<QStringList> &records)
+{
+    const CsvImportFormat own = CsvImportFormat::Own;
+    const QList<QStringView> header = views(records.first());
+    const CsvHoldingReader reader(header, own, CsvForm::Spreadsheet);
+    if (auto refused = refusal(records.size(), reader, CsvHoldingReader(header, CsvImportFormat::SavingsBondWizard, CsvForm::Plain), own))
+        return *refused;
+    return importFieldLists(portfolio, reader, records.size(), [&](qsizetype index) { return views(records.at(index)); }, own);
+}
+
+} // namespace
+
+CsvImportOutcome importCSVLines(BondPortfolio &portfolio, const std::optional<QStringList> &lines, CsvImportFormat format)
+{
+    if (!lines || lines->isEmpty())
+        return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "fewer than two lines after splitting at the line separator"));
+    const CsvHoldingReader reader(lines->first(), format);
+    const CsvImportFormat other = format == CsvImportFormat::Own ? CsvImportFormat::SavingsBondWizard : CsvImportFormat::Own;
+    if (auto refused = refusal(lines->size(), reader, CsvHoldingReader(lines->first(), other), format))
+        return *refused;
+    return importFieldLists(portfolio, reader, lines->size(),
+                            [&](qsizetype index) { return CsvFieldReader::fields(lines->at(index)); }, format);
+}
+
 CsvImportOutcome importCSVData(BondPortfolio &portfolio, const QByteArray &data, CsvImportFormat format)
 {
     if (data.size() > MaximumFileSize)
@@ -144,6 +212,10 @@ CsvImportOutcome importCSVData(BondPortfolio &portfolio, const QByteArray &data,
     const QString separator = CsvImportFormats::lineSeparator(format);
     if (data.count(separator.toLatin1()) >= MaximumLineCount)
         return corruptFileOutcome(format, QCoreApplication::translate("PortfolioCsvImport", "more than %1 lines").arg(MaximumLineCount));
+    if (format == CsvImportFormat::Own) {
+        if (const auto records = spreadsheetRecords(data))
+            return importSpreadsheetRecords(portfolio, *records);
+    }
     return importCSVLines(portfolio, QString::fromLatin1(data).split(separator), format);
 }
 

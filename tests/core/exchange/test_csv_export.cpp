@@ -64,3 +64,37 @@ TEST_F(CsvExport, WritesAtomicallyWithoutTouchingTheDocument)
     EXPECT_FALSE(failed.succeeded);
     EXPECT_TRUE(failed.detail.contains(unwritable));
 }
+
+// An independent reader: LibreOffice Calc, left to find the character set itself, must see the
+// issue dates as date cells, the serial and the name with commas whole, and the columns in place.
+TEST_F(CsvExport, SpreadsheetFormOpensInLibreOfficeWithDates)
+{
+    const QString office = QStandardPaths::findExecutable(QStringLiteral("libreoffice"));
+    if (office.isEmpty())
+        GTEST_SKIP() << "libreoffice is not installed";
+    const HoldingRef named = make("N", 1995, 3, 5000, 2, QStringLiteral("Q1,\"A\""));
+    named->setOwner(people.person(QStringLiteral("Ann"), QStringLiteral("Smith, Jr.")));
+    named->setBeneficiary(people.person(QStringLiteral("Zo\u00EB"), QStringLiteral("Smith")));
+    const QString dir = TestSupport::temporaryDirectory();
+    ASSERT_TRUE(PortfolioCsv::exportToCommaSeparatedValues(dir + QStringLiteral("/export.csv"), portfolio->valuationContext(),
+                                                           {named, make("S", 0, 0, 2500), make("I", 1999, 7, 10000)},
+                                                           CsvForm::Spreadsheet).succeeded);
+    QProcess process;
+    // A profile of its own keeps LibreOffice out of the user's home.
+    process.start(office, {QStringLiteral("-env:UserInstallation=file://%1/profile").arg(dir), QStringLiteral("--headless"),
+                           QStringLiteral("--infilter=CSV:44,34,,1"), QStringLiteral("--convert-to"), QStringLiteral("fods"),
+                           QStringLiteral("--outdir"), dir + QStringLiteral("/out"), dir + QStringLiteral("/export.csv")});
+    ASSERT_TRUE(process.waitForFinished(300000));
+    const QString sheet = QString::fromUtf8(contents(dir + QStringLiteral("/out/export.fods")));
+    const auto row = [&](int index) { return sheet.section(QStringLiteral("<table:table-row"), index, index); };
+    const auto cellsBefore = [](const QString &row, const QString &text) {
+        return row.contains(text) ? row.left(row.indexOf(text)).count(QStringLiteral("<table:table-cell")) : -1;
+    };
+    ASSERT_TRUE(row(1).contains(QStringLiteral("<text:p>Bond Series</text:p>"))) << process.readAllStandardError().toStdString();
+    EXPECT_EQ(cellsBefore(row(2), QStringLiteral("office:date-value=\"1995-03-01\"")), 3);
+    EXPECT_EQ(cellsBefore(row(2), QStringLiteral("<text:p>Q1,&quot;A&quot;</text:p>")), 8);
+    EXPECT_EQ(cellsBefore(row(2), QStringLiteral("<text:p>Ann Smith, Jr.</text:p>")), 9);
+    EXPECT_EQ(cellsBefore(row(2), QStringLiteral("<text:p>Zo\u00EB Smith</text:p>")), 11);
+    EXPECT_FALSE(row(3).contains(QStringLiteral("office:date-value"))); // no issue date, no date
+    EXPECT_EQ(cellsBefore(row(4), QStringLiteral("office:date-value=\"1999-07-01\"")), 3);
+}

@@ -31,14 +31,19 @@ protected:
     }
 };
 
+// How an own-format file is written: plain, for spreadsheets (a byte order mark, carriage returns
+// and line feeds), or as a spreadsheet saves it again (no mark, the issue date 2005-03-01).
+enum class Written { Plain, Marked, Resaved };
+
 // One field of a valid bond line, replaced by the text under the named column, read through a whole import.
 struct FieldReading
 {
     const char *rule; // the rule of the format the row pins, then the case
     CsvImportFormat format;
     const char *column;
-    const char *text; // ISO Latin 1, like the files
+    const char *text; // ISO Latin 1, like the files, but where a spreadsheet form's row says otherwise
     const char *reads; // what the new holding holds for that column, or "rejected"
+    Written written = Written::Plain;
 };
 
 void PrintTo(const FieldReading &row, std::ostream *out) { *out << row.column << " \"" << row.text << '"'; }
@@ -70,15 +75,18 @@ TEST_P(CsvFieldReading, SetsTheNewHolding)
     // An own-format EE bond of 2005 may be electronic, so amounts no paper bond had still come in.
     QList<QByteArray> fields = own ? QList<QByteArray>{"EE Bond", "2", "3/2005", "100.00", "Q1"}
                                    : QList<QByteArray>{"EE", "100", "Q1", "03/1995"};
+    if (row.written == Written::Resaved)
+        fields[2] = "2005-03-01";
     if (const qsizetype at = columns.indexOf(row.column); at >= 0) {
         fields[at] = row.text;
     } else { // a column the format does not read
         columns << row.column;
         fields << row.text;
     }
-    const QByteArray separator = own ? "\n" : "\r\n";
+    const QByteArray separator = own && row.written != Written::Marked ? "\n" : "\r\n";
+    const QByteArray mark = row.written == Written::Marked ? "\xEF\xBB\xBF" : "";
     const CsvImportOutcome outcome =
-        PortfolioCsvImport::importCSVData(*portfolio, columns.join(',') + separator + fields.join(','), row.format);
+        PortfolioCsvImport::importCSVData(*portfolio, mark + columns.join(',') + separator + fields.join(','), row.format);
     ASSERT_TRUE(outcome.succeeded);
     const QList<HoldingRef> holdings = portfolio->holdings();
     EXPECT_EQ(holdings.isEmpty() ? QStringLiteral("rejected") : reading(*holdings.first(), QLatin1String(row.column)),
@@ -121,9 +129,50 @@ const FieldReading fieldReadings[] = {
     {"IssueMonthSurroundingBlanks", Own, "Issue Date", " 12/2001 ", "2001-12"},
     {"IssueMonthMalformedIsNone_Month13", Own, "Issue Date", "13/1995", "none"},
     {"IssueMonthMalformedIsNone_TwoDigitYear", Own, "Issue Date", "3/95", "none"},
-    {"IssueMonthMalformedIsNone_Quoted", Own, "Issue Date", "\"3/1995\"", "none"}};
+    {"IssueMonthMalformedIsNone_Quoted", Own, "Issue Date", "\"3/1995\"", "none"},
+    {"Spreadsheet_QuotedCommaAndDoubledQuotes", Own, "Serial Number", "\"Q1,\"\"A\"\"\"", "Q1,\"A\"", Written::Marked},
+    {"Spreadsheet_QuotedLineBreak", Own, "Serial Number", "\"L1\nL2\"", "L1\nL2", Written::Marked},
+    {"Spreadsheet_QuotedLabel", Own, "Bond Series", "\"EE Bond\"", "N", Written::Marked},
+    {"Spreadsheet_FieldCountAfterQuoting", Own, "Serial Number", "\"Q,1\",x", "rejected", Written::Marked},
+    {"Spreadsheet_IsoDate", Own, "Issue Date", "2001-12-01", "2001-12", Written::Marked},
+    {"Spreadsheet_IsoDateNoSuchDay", Own, "Issue Date", "2001-02-30", "none", Written::Marked},
+    {"Spreadsheet_PlainMonth", Own, "Issue Date", "12/2001", "2001-12", Written::Marked},
+    {"Spreadsheet_ResavedQuoted", Own, "Serial Number", "\"Q,1\"", "Q,1", Written::Resaved},
+    {"Spreadsheet_ResavedAnyDayOfTheMonth", Own, "Issue Date", "2001-12-17", "2001-12", Written::Resaved},
+    {"Spreadsheet_ResavedUtf8", Own, "Serial Number", "Zo\xC3\xAB", "Zo\xEB", Written::Resaved},
+    {"Spreadsheet_ResavedLatin1", Own, "Serial Number", "Zo\xEB", "Zo\xEB", Written::Resaved}};
 INSTANTIATE_TEST_SUITE_P(Rules, CsvFieldReading, ::testing::ValuesIn(fieldReadings),
                          [](const ::testing::TestParamInfo<FieldReading> &row) { return std::string(row.param.rule); });
+
+// Exported for spreadsheets, byte for byte, and imported again: the same bonds, their people
+// included, though serials and names hold commas, quotes and a line break.
+TEST_F(CsvImport, SpreadsheetFormRoundTrip)
+{
+    const PersonRef zoe = people.person(QStringLiteral("Zo\u00EB \"Z\""), QStringLiteral("\u0141ukasz"));
+    const HoldingRef named = make("N", 1995, 3, 5000, 2, QStringLiteral("Q1,\"A\""));
+    named->setOwner(people.person(QStringLiteral("Ann"), QStringLiteral("Smith, Jr.")));
+    named->setBeneficiary(zoe);
+    const HoldingRef electronic = make("I", 2003, 7, 2512, 1, QStringLiteral("L1\nL2"), false);
+    electronic->setCoOwner(zoe);
+    const QList<HoldingRef> exported{named, electronic};
+    const QByteArray bytes = PortfolioCsv::csvRepresentation(portfolio->valuationContext(), exported, CsvForm::Spreadsheet);
+    EXPECT_EQ(bytes, QByteArray("\xEF\xBB\xBF" "Bond Series,Quantity,Issue Date,Issue Price,Face Value,Interest Earned,Value,"
+                                "Serial Number,Owner,Co-owner,Beneficiary\n"
+                                "EE Bond,2,1995-03-01,25.00,50.00,70.00,120.00,\"Q1,\"\"A\"\"\",\"Ann Smith, Jr.\",,"
+                                "\"Zo\xC3\xAB \"\"Z\"\" \xC5\x81ukasz\"\n"
+                                "I Bond,1,2003-07-01,25.12,25.12,0.00,0.00,\"L1\nL2\",,\"Zo\xC3\xAB \"\"Z\"\" \xC5\x81ukasz\",\n"));
+
+    const CsvImportOutcome outcome = import(bytes, CsvImportFormat::Own);
+    EXPECT_EQ(std::tuple(outcome.importedCount, outcome.rejectedCount - 1, outcome.unmatchedNames), std::tuple(2, 0, 0));
+    auto facts = [](const Holding &bond) {
+        auto id = [](const PersonRef &person) { return person ? person->uniqueId() : QString(); };
+        return std::tuple(bond.series(), bond.quantity(), bond.issueDate(), bond.faceValue(), bond.serialNumber(), bond.isPaper(),
+                          id(bond.owner()), id(bond.coOwner()), id(bond.beneficiary()));
+    };
+    ASSERT_EQ(portfolio->holdings().size(), 2);
+    for (int index = 0; index < 2; ++index)
+        EXPECT_EQ(facts(*portfolio->holdings().at(index)), facts(*exported.at(index))) << index;
+}
 
 TEST_F(CsvImport, WizardFile)
 {
