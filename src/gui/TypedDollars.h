@@ -15,9 +15,3 @@ inline Pennies typedDollars(const QString &text)
     static const QRegularExpression dollars(QStringLiteral("^\\d{1,9}(\\.\\d{0,2})?$"));
     return dollars.match(plain).hasMatch() ? dollarsToPennies(leadingNumber(plain)) : -1;
 }
-
-// Dollars without sign or grouping, to type over.
-inline QString plainDollars(Pennies pennies)
-{
-    return QString::number(penniesToDollars(pennies), 'f', 2);
-}

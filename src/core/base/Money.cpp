@@ -121,6 +121,15 @@ Pennies dollarsToPennies(double dollars)
     return static_cast<Pennies>(rounded);
 }
 
+QString plainDollars(Pennies pennies)
+{
+    const Pennies magnitude = pennies < 0 ? -pennies : pennies;
+    return QStringLiteral("%1%2.%3")
+        .arg(pennies < 0 ? QStringLiteral("-") : QString())
+        .arg(magnitude / 100)
+        .arg(magnitude % 100, 2, 10, QLatin1Char('0'));
+}
+
 QString formatDollars(Pennies pennies)
 {
     static const QLocale english(QLocale::English, QLocale::UnitedStates);

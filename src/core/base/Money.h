@@ -42,3 +42,6 @@ Pennies dollarsToPennies(double dollars);
 
 // Currency text with two decimals and grouping, e.g. "$1,234.56" or "-$0.25".
 QString formatDollars(Pennies pennies);
+// Dollars, a point and two cents, no sign but a minus and no grouping: "1234.05", "-0.50"; exact
+// for every amount, for files and for text the user types over.
+QString plainDollars(Pennies pennies);

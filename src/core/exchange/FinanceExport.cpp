@@ -10,8 +10,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-using FinanceSecurities::plainDollars;
-
 namespace FinanceExport {
 
 namespace {

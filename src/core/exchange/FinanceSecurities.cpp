@@ -83,13 +83,4 @@ QList<Security> securitiesOf(const QList<HoldingRef> &holdings, const ValuationC
     return securities;
 }
 
-QString plainDollars(Pennies pennies)
-{
-    const Pennies magnitude = pennies < 0 ? -pennies : pennies;
-    return QStringLiteral("%1%2.%3")
-        .arg(pennies < 0 ? QStringLiteral("-") : QString())
-        .arg(magnitude / 100)
-        .arg(magnitude % 100, 2, 10, QLatin1Char('0'));
-}
-
 }

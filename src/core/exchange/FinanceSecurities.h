@@ -42,7 +42,4 @@ struct Security
 // first holding comes; prices run to the valuation month (none without one).
 QList<Security> securitiesOf(const QList<HoldingRef> &holdings, const ValuationContext &valuation);
 
-// Whole dollars, a point and two cents, no grouping: "1234.05", "-0.50".
-QString plainDollars(Pennies pennies);
-
 }
