@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QUndoStack>
 #include <cstdlib>
 #include <memory>
 
@@ -55,6 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return 0;
     BondPortfolio &portfolio = *environment->portfolio;
     portfolio.setHoldings({});
+    portfolio.undoStack()->clear(); // an import is one undo step; a million of them would fill memory
     const CsvImportFormat format = (data[0] & 1) ? CsvImportFormat::SavingsBondWizard : CsvImportFormat::Own;
     const QByteArray bytes(reinterpret_cast<const char *>(data) + 1, qsizetype(size - 1));
 
