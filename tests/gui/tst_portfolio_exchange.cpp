@@ -37,16 +37,14 @@ struct ScriptedPanels : ExchangePanels
     std::optional<Choice> chooseCsvImportFile(QWidget *, int) override { return answer(false); }
     std::optional<QString> chooseCalculatorPage(QWidget *) override { return path; }
     std::optional<QString> chooseFinanceExportDirectory(QWidget *) override { return path; }
-    void alert(QWidget *, const ExchangeAlert &shown, bool) override
-    {
-        alerts << shown.title + QLatin1Char('|') + shown.message;
-    }
+    void alert(QWidget *, const ExchangeAlert &shown, bool) override { alerts << shown.title + u'|' + shown.message; }
     void beep() override { ++beeps; }
 };
 
-// Rows selected, the row chosen in the panel, whether it offered the selection, only the selection
-// written, written for spreadsheets.
+// Rows selected, the panel's row chosen, the selection offered, only the selection written, written for spreadsheets.
 using ExportCase = std::tuple<int, int, bool, bool, bool>;
+// The panel's row chosen (own format, the Wizard's), bonds added, the alert.
+using ImportCase = std::tuple<int, int, QString>;
 
 class PortfolioExchangeTest : public QObject
 {
@@ -98,20 +96,15 @@ private slots:
 
     void importIsOneEditWithItsAlert_data()
     {
-        QTest::addColumn<int>("format");
-        QTest::addColumn<int>("added");
-        QTest::addColumn<QString>("alert");
-        QTest::newRow("own format") << 0 << 2 << "Import Complete|Imported 2 out of 2 bonds. (HH/H bonds not supported)";
-        QTest::newRow("read as the Wizard's")
-            << 1 << 0
-            << "Import file corrupt|The file you selected does not appear to be a CSV file produced by the Treasury "
-               "Department's Savings Bond Wizard.  Please verify your choice and try again.";
+        QTest::addColumn<ImportCase>("c");
+        QTest::newRow("own format") << ImportCase{0, 2, "Import Complete|Imported 2 out of 2 bonds. (HH/H bonds not supported)"};
+        QTest::newRow("read as the Wizard's") << ImportCase{1, 0, "Import file corrupt|The file you selected does not appear to be "
+            "a CSV file produced by the Treasury Department's Savings Bond Wizard.  Please verify your choice and try again."};
     }
     void importIsOneEditWithItsAlert()
     {
-        QFETCH(int, format);
-        QFETCH(int, added);
-        QFETCH(QString, alert);
+        QFETCH(ImportCase, c);
+        const auto &[format, added, alert] = c;
         m_panels->path = GuiTest::writeFile("import.csv", "Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
                                                           "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n");
         QVERIFY(!m_panels->path.isEmpty());

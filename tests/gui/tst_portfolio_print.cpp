@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The printed portfolio as PDF read back by poppler: pages for H and H + 1 holdings, headers, page numbers, 0s,
-// and amounts that never overlap.
+// The printed portfolio read back by poppler: H and H + 1 holdings' pages, headers, page numbers, 0s, apart amounts.
 #include "GuiTestMain.h"
+#include "../support/TaxYearPortfolio.h"
 #include "PortfolioPrintLayout.h"
 
 #include <QMenuBar>
@@ -99,12 +99,7 @@ private slots:
         QFETCH(int, quantity);
         QFETCH(Pennies, faceValue);
         BondPortfolio &portfolio = *DocumentManager::instance().newDocument()->portfolio();
-        HoldingRef bond = portfolio.addNewHolding(0);
-        bond->setSeries(Series::eeBond());
-        bond->setIssueDate(Month(1990, 1));
-        bond->setPaper(true);
-        bond->setFaceValue(faceValue);
-        bond->setQuantity(quantity);
+        TaxYearPortfolio::addBond(portfolio, "N", Month(1990, 1), faceValue, quantity);
         QVERIFY(portfolio.setValueOfDate(Month(2021, 11).toDateTime()));
         const QString pdf = GuiTest::path(QStringLiteral("amounts.pdf"));
         {

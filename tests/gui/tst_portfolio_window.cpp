@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The portfolio window: filtering by people, adding, naming and pasting bonds, undo names, toolbar, the keys a
-// desktop program answers to, typing a month, yields and summary rows that say what they cover, closing.
+// The portfolio window: people filter, naming by drops, undo names, toolbar, keys, typed months, yields, summaries, closing.
 #include "GuiTestMain.h"
+#include "../support/TaxYearPortfolio.h"
 #include "BondTableView.h"
 #include "HoldingColumns.h"
 #include "InterestSummaryModel.h"
@@ -29,6 +29,9 @@ struct TotalsCase
     QString stopped = QStringLiteral("4 bonds no longer earn interest: $833.13"); // the sample's three matured holdings
 };
 
+// The command, its name in Undo and Redo; for a drop on a person, how it drags and the column it names.
+using UndoCase = std::tuple<int, QString, Qt::DropAction, int>;
+
 class PortfolioWindowTest : public QObject
 {
     Q_OBJECT
@@ -46,6 +49,14 @@ class PortfolioWindowTest : public QObject
         for (const QString &name : names)
             rows << rowOfPerson(window, name);
         GuiTest::selectRows(window->peopleTable(), rows);
+    }
+
+    static QStringList everyCell(const QAbstractItemModel *model)
+    {
+        QStringList cells;
+        for (int column = 0; column < model->columnCount(); ++column)
+            cells << GuiTest::columnTexts(model, column);
+        return cells;
     }
 
     // Drags the data onto Rosa Delgado's row of the people table; true if the table takes it.
@@ -110,67 +121,30 @@ private slots:
         QCOMPARE(lines.mid(1), (QStringList{c.note, c.stopped}.filter(QRegularExpression(QStringLiteral(".")))));
     }
 
-    void droppingBondsNamesTheRole_data()
-    {
-        QTest::addColumn<Qt::DropAction>("action");
-        QTest::addColumn<HoldingProperty>("role");
-        QTest::newRow("plain drag: owner") << Qt::MoveAction << HoldingProperty::Owner;
-        QTest::newRow("link drag: co-owner") << Qt::LinkAction << HoldingProperty::CoOwner;
-        QTest::newRow("copy drag: beneficiary") << Qt::CopyAction << HoldingProperty::Beneficiary;
-    }
-    void droppingBondsNamesTheRole()
-    {
-        QFETCH(Qt::DropAction, action);
-        QFETCH(HoldingProperty, role);
-        PortfolioWindow *window = GuiTest::openSample();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-        QUndoStack *undo = window->portfolio()->undoStack();
-        const QList<int> rows{0, 2, 5};
-        QList<HoldingRef> bonds;
-        for (int row : rows)
-            bonds << GuiTest::holdingAt(window->bondTable()->model(), row);
-        const int stepsBefore = undo->count();
-        std::unique_ptr<QMimeData> data(window->bondTable()->mimeDataForRows(rows));
-        QVERIFY(dropOnRosa(window, data.get(), action));
-
-        auto named = [&role](const HoldingRef &bond) {
-            const PersonRef person = bond->value(role).value<PersonRef>();
-            return person ? person->name() : QString();
-        };
-        for (const HoldingRef &bond : bonds)
-            QCOMPARE(named(bond), QStringLiteral("Rosa Delgado"));
-        QCOMPARE(undo->count(), stepsBefore + 1);
-        QCOMPARE(undo->undoText(), QStringLiteral("Edit"));
-        undo->undo();
-        for (const HoldingRef &bond : bonds)
-            QVERIFY(named(bond) != QStringLiteral("Rosa Delgado"));
-        QVERIFY(!window->isWindowModified());
-    }
-
-    // Every command is one step, however many bonds or people it takes.
+    // Every command is one step, however many bonds or people it takes, and Undo puts every cell back.
     void undoAndRedoCarryTheActionNames_data()
     {
-        QTest::addColumn<int>("command");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("edit") << 0 << "Edit";
-        QTest::newRow("insert") << 1 << "Insert Holding";
-        QTest::newRow("paste") << 2 << "Insert Holding";
-        QTest::newRow("delete") << 3 << "Delete Holding";
-        QTest::newRow("people") << 4 << "Edit People";
+        QTest::addColumn<UndoCase>("c");
+        QTest::newRow("edit") << UndoCase{0, "Edit", {}, 0};
+        QTest::newRow("insert") << UndoCase{1, "Insert Holding", {}, 0};
+        QTest::newRow("paste") << UndoCase{2, "Insert Holding", {}, 0};
+        QTest::newRow("delete") << UndoCase{3, "Delete Holding", {}, 0};
+        QTest::newRow("people") << UndoCase{4, "Edit People", {}, 0};
+        QTest::newRow("plain drag: owner") << UndoCase{5, "Edit", Qt::MoveAction, HoldingColumns::Owner};
+        QTest::newRow("link drag: co-owner") << UndoCase{5, "Edit", Qt::LinkAction, HoldingColumns::CoOwner};
+        QTest::newRow("copy drag: beneficiary") << UndoCase{5, "Edit", Qt::CopyAction, HoldingColumns::Beneficiary};
     }
     void undoAndRedoCarryTheActionNames()
     {
-        QFETCH(int, command);
-        QFETCH(QString, name);
+        QFETCH(UndoCase, c);
+        const auto &[command, name, drag, role] = c;
         PortfolioWindow *window = GuiTest::openSample();
         for (int k = 0; k < 12; ++k)
             window->portfolio()->addNewHolding(8);
         window->portfolio()->undoStack()->clear();
         QVERIFY(!window->isWindowModified());
         QAbstractItemModel *bonds = window->bondTable()->model();
-        QCOMPARE(bonds->rowCount(), 20);
-        QList<int> all(20);
-        std::iota(all.begin(), all.end(), 0);
+        const QStringList cells = everyCell(bonds), people = GuiTest::columnTexts(window->peopleTable()->model(), 0);
         switch (command) {
         case 0:
             QVERIFY(bonds->setData(bonds->index(0, HoldingColumns::FaceValue), QStringLiteral("200"), Qt::EditRole));
@@ -186,7 +160,7 @@ private slots:
             QCOMPARE(bonds->rowCount(), 23);
             break;
         case 3:
-            GuiTest::selectRows(window->bondTable(), all);
+            window->bondTable()->selectAll();
             window->action(Id::RemoveBond)->trigger();
             QCOMPARE(bonds->rowCount(), 0);
             break;
@@ -196,6 +170,13 @@ private slots:
             QCOMPARE(rowOfPerson(window, "Rosa Delgado"), -1);
             QCOMPARE(rowOfPerson(window, "Samuel Whitfield"), -1);
             break;
+        case 5:
+            QVERIFY(QTest::qWaitForWindowExposed(window));
+            std::unique_ptr<QMimeData> data(window->bondTable()->mimeDataForRows({0, 2, 5}));
+            QVERIFY(dropOnRosa(window, data.get(), drag));
+            for (int row : {0, 2, 5})
+                QCOMPARE(bonds->index(row, role).data().toString(), QStringLiteral("Rosa Delgado"));
+            break;
         }
         QCOMPARE(window->portfolio()->undoStack()->count(), 1);
         QCOMPARE(window->action(Id::Undo)->text(), QStringLiteral("Undo ") + name);
@@ -203,9 +184,8 @@ private slots:
         window->action(Id::Undo)->trigger();
         QCOMPARE(window->action(Id::Redo)->text(), QStringLiteral("Redo ") + name);
         QVERIFY(!window->isWindowModified());
-        QCOMPARE(bonds->rowCount(), 20);
-        QVERIFY(rowOfPerson(window, "Rosa Delgado") >= 0);
-        QVERIFY(rowOfPerson(window, "Samuel Whitfield") >= 0);
+        QCOMPARE(everyCell(bonds), cells);
+        QCOMPARE(GuiTest::columnTexts(window->peopleTable()->model(), 0), people);
     }
 
     void toolbarEnabling_data()
@@ -258,7 +238,6 @@ private slots:
         }
         QVERIFY2(found, qPrintable(command));
         QVERIFY2(found->shortcuts().contains(key), qPrintable(found->shortcut().toString()));
-        QVERIFY(!found->shortcut().isEmpty()); // the menu shows one
     }
 
     void typingAMonthIntoThePickerSetsIt()
@@ -299,11 +278,7 @@ private slots:
     {
         PortfolioWindow *window = DocumentManager::instance().newDocument();
         // An E bond whose six-month period 09/2001 to 02/2002 has no official value at all.
-        HoldingRef bond = Holding::create();
-        bond->setSeries(Series::seriesForCode(QStringLiteral("E")));
-        bond->setIssueDate(Month(1975, 9));
-        bond->setFaceValue(10000);
-        window->portfolio()->appendHolding(bond);
+        TaxYearPortfolio::addBond(*window->portfolio(), "E", Month(1975, 9), 10000);
         InterestSummaryModel *summary = window->summaryModel();
         QTRY_VERIFY(summary->rowCount() > 0);
         QCOMPARE(summary->index(0, InterestSummaryModel::TaxYear).data().toString(), QStringLiteral("1992 and before"));

@@ -48,9 +48,7 @@ private slots:
     void init()
     {
         static int count = 0;
-        m_database = GuiTest::path(QStringLiteral("bondvalues-%1.bvdb").arg(++count));
-        QVERIFY(QFile::copy(QStringLiteral(QUILLMERE_TEST_DATABASE), m_database));
-        QFile::setPermissions(m_database, QFile::ReadOwner | QFile::WriteOwner);
+        m_database = GuiTest::copyOfDatabase(QStringLiteral("bondvalues-%1.bvdb").arg(++count));
         QVERIFY(PriceUpdateTestData::install(m_database, {{name(1), priceFile('I', 2027, 1, 2000, 25)}}));
         qputenv("QUILLMERE_DATABASE", m_database.toUtf8());
     }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Test programs run in a QCoreApplication with settings and data folders of their own, never the user's.
 #include <QCoreApplication>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
