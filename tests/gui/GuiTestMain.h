@@ -96,7 +96,6 @@ inline void discardWindows()
     }
 }
 
-// What a program prints on its standard output.
 inline QString output(const QString &program, const QStringList &arguments)
 {
     QProcess process;

@@ -25,9 +25,7 @@ HoldingRef bond(const QString &series, Month issue, bool paper, Pennies faceValu
 QString fields(const Holding &holding)
 {
     return QStringLiteral("%1 x%2 %3 %4 %5")
-        .arg(holding.series()->code())
-        .arg(holding.quantity())
-        .arg(holding.faceValue())
+        .arg(holding.series()->code()).arg(holding.quantity()).arg(holding.faceValue())
         .arg(holding.issueDate().toString(Month::Style::Iso), holding.isPaper() ? "paper" : "electronic");
 }
 

@@ -43,8 +43,8 @@ struct ScriptedPanels : ExchangePanels
 
 // Rows selected, the panel's row chosen, the selection offered, only the selection written, written for spreadsheets.
 using ExportCase = std::tuple<int, int, bool, bool, bool>;
-// The panel's row chosen (own format, the Wizard's), bonds added, the alert.
-using ImportCase = std::tuple<int, int, QString>;
+// The import chosen, the file's contents, the panel's row (own format, the Wizard's), bonds added, the alert.
+using ImportCase = std::tuple<PortfolioWindow::ActionId, QByteArray, int, int, QString>;
 
 class PortfolioExchangeTest : public QObject
 {
@@ -94,29 +94,39 @@ private slots:
         QCOMPARE(m_panels->offeredSpreadsheets, spreadsheets);
     }
 
+    // Each import is one undo step, its alert saying what was read and skipped.
     void importIsOneEditWithItsAlert_data()
     {
         QTest::addColumn<ImportCase>("c");
-        QTest::newRow("own format") << ImportCase{0, 2, "Import Complete|Imported 2 out of 2 bonds. (HH/H bonds not supported)"};
-        QTest::newRow("read as the Wizard's") << ImportCase{1, 0, "Import file corrupt|The file you selected does not appear to be "
-            "a CSV file produced by the Treasury Department's Savings Bond Wizard.  Please verify your choice and try again."};
+        const QByteArray csv = "Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
+                               "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n";
+        const QByteArray list = "<input type=hidden name=SeriesList value='EE;HH;'><input type=hidden name=IssueDateList "
+                                "value='585;600;'><input type=hidden name=DenominationList value='100;500;'>";
+        using Id = PortfolioWindow::ActionId;
+        QTest::newRow("own format") << ImportCase{Id::ImportCsv, csv, 0, 2,
+            "Import Complete|Imported 2 out of 2 bonds. (HH/H bonds not supported)"};
+        QTest::newRow("read as the Wizard's") << ImportCase{Id::ImportCsv, csv, 1, 0, "Import file corrupt|The file you "
+            "selected does not appear to be a CSV file produced by the Treasury Department's Savings Bond Wizard.  "
+            "Please verify your choice and try again."};
+        QTest::newRow("the calculator's list") << ImportCase{Id::ImportCalculator, list, 0, 1,
+            "Import Complete|Imported 1 of 2 bonds from the calculator's list, as paper bonds."};
+        QTest::newRow("another page") << ImportCase{Id::ImportCalculator, "<html>no list</html>", 0, 0, "Import Failed|"
+            "This is not a list saved from the Treasury's Savings Bond Calculator: it has no SeriesList field."};
     }
     void importIsOneEditWithItsAlert()
     {
         QFETCH(ImportCase, c);
-        const auto &[format, added, alert] = c;
-        m_panels->path = GuiTest::writeFile("import.csv", "Bond Series,Quantity,Issue Date,Face Value,Serial Number\n"
-                                                          "\"EE Bond\",1,3/1995,50.00,Q1\n\"I Bond\",2,5/2001,100.00,\n");
+        const auto &[action, contents, format, added, alert] = c;
+        m_panels->path = GuiTest::writeFile(QStringLiteral("import"), contents);
         QVERIFY(!m_panels->path.isEmpty());
         const qsizetype before = m_window->portfolio()->holdings().size();
         m_panels->row = format;
-        m_window->action(PortfolioWindow::ActionId::ImportCsv)->trigger();
+        m_window->action(action)->trigger();
         QCOMPARE(m_panels->alerts, QStringList{alert});
         QCOMPARE(m_window->portfolio()->holdings().size(), before + added);
         QCOMPARE(m_window->portfolio()->isEdited(), added > 0);
         if (added == 0)
             return;
-        // One undo takes the whole import back.
         QAction *undo = m_window->action(PortfolioWindow::ActionId::Undo);
         QCOMPARE(undo->text(), QStringLiteral("Undo Insert Holding"));
         undo->trigger();
@@ -126,24 +136,7 @@ private slots:
         QCOMPARE(m_window->portfolio()->holdings().size(), before + added);
     }
 
-    // The calculator's saved list: what was read and skipped is said, and it is one undo step.
-    void calculatorListImport()
-    {
-        m_panels->path = GuiTest::writeFile("calculator.html", "<input type=hidden name=SeriesList value='EE;HH;'>"
-                                                               "<input type=hidden name=IssueDateList value='585;600;'>"
-                                                               "<input type=hidden name=DenominationList value='100;500;'>");
-        const qsizetype before = m_window->portfolio()->holdings().size();
-        m_window->action(PortfolioWindow::ActionId::ImportCalculator)->trigger();
-        QCOMPARE(m_panels->alerts, QStringList{"Import Complete|Imported 1 of 2 bonds from the calculator's list, as paper bonds."});
-        QCOMPARE(m_window->portfolio()->holdings().size(), before + 1);
-        QCOMPARE(m_window->action(PortfolioWindow::ActionId::Undo)->text(), QStringLiteral("Undo Insert Holding"));
-        m_panels->path = GuiTest::writeFile("other.html", "<html>no list</html>");
-        m_window->action(PortfolioWindow::ActionId::ImportCalculator)->trigger();
-        QVERIFY(m_panels->alerts.last().startsWith(QStringLiteral("Import Failed|This is not a list saved from")));
-    }
-
-    // The files for GnuCash and KMyMoney price the bonds at the window's value to the penny: each
-    // purchase's quantity times its security's price on the valuation month's last day.
+    // GnuCash's and KMyMoney's files: the quantities times the prices on the month's last day make the window's value.
     void financeExportPricesTheBondsAtTheirValue()
     {
         m_panels->path = QFileInfo(GuiTest::path(QStringLiteral("x"))).absolutePath();

@@ -109,10 +109,8 @@ private slots:
         }
         const QList<Word> words = wordsOf(pdf);
         QList<Word> amounts;
-        for (const Word &w : words) {
-            if (w.text.startsWith(u'$'))
-                amounts << w;
-        }
+        std::copy_if(words.cbegin(), words.cend(), std::back_inserter(amounts),
+                     [](const Word &w) { return w.text.startsWith(u'$'); });
         QCOMPARE(amounts.size(), 4);
         for (qsizetype i = 1; i < amounts.size(); ++i)
             QVERIFY2(amounts.at(i - 1).right + 5 < amounts.at(i).left,

@@ -81,8 +81,8 @@ private slots:
         QApplication::clipboard()->clear();
     }
 
-    // Table, summary and totals cover the people chosen; totals count every bond's face and issue price,
-    // leave out the 1997 I bond (never sold) and the 2026 I bond before its issue, and count the stopped ones.
+    // Table, summary and totals cover the people chosen; the totals leave out and count the never sold 1997 I bond and
+    // the 2026 one valued before its issue.
     void filtersAndTotalsFollowThePeopleChosen_data()
     {
         QTest::addColumn<TotalsCase>("c");

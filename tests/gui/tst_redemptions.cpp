@@ -37,32 +37,16 @@ class RedemptionsTest : public QObject
     BondPortfolio *portfolio = nullptr;
     PersonRef alice, bob;
 
-    static PersonRef person(const char *first, const char *last)
-    {
-        PersonRecord fields;
-        fields.firstName = QString::fromLatin1(first);
-        fields.lastName = QString::fromLatin1(last);
-        return Person::create(PeopleStore::shared().createRecord(fields));
-    }
-    void valueAsOf(int year, int month)
-    {
-        QVERIFY(portfolio->setValueOfDate(Month(year, month).toDateTime()));
-    }
+    void valueAsOf(int year, int month) { QVERIFY(portfolio->setValueOfDate(Month(year, month).toDateTime())); }
     void makeTaxYearPortfolio() { QVERIFY(TaxYearPortfolio::make(*portfolio, alice, bob)); }
-    RedeemDialog *openRedeemDialog(const HoldingRef &holding)
-    {
-        GuiTest::selectRows(window->bondTable(), {int(window->arrangedHoldings().indexOf(holding))});
-        window->action(PortfolioWindow::ActionId::Redeem)->trigger();
-        return window->findChild<RedeemDialog *>();
-    }
 
 private slots:
     void init()
     {
         window = DocumentManager::instance().newDocument();
         portfolio = window->portfolio();
-        alice = person("Alice", "Able");
-        bob = person("Bob", "Baker");
+        alice = Person::create(PeopleStore::shared().createRecord({.firstName = "Alice", .lastName = "Able"}));
+        bob = Person::create(PeopleStore::shared().createRecord({.firstName = "Bob", .lastName = "Baker"}));
         portfolio->setTitleHolders({alice, bob});
     }
     void cleanup()
@@ -70,8 +54,7 @@ private slots:
         GuiTest::discardWindows();
     }
 
-    // The month starts at the valuation month and the amount at the database's value for it; a
-    // refused month says why and keeps OK off; some bonds of a holding leave the rest held.
+    // Month and amount start as valued; a refusal says why and keeps OK off; some bonds of a holding leave the rest held.
     void redeemThroughTheDialog_data()
     {
         QTest::addColumn<RedeemCase>("c");
@@ -93,7 +76,9 @@ private slots:
         valueAsOf(2021, 8);
         const HoldingRef held = addBond(*portfolio, "I", Month(2019, 5), 10000, quantity, alice);
         portfolio->undoStack()->clear();
-        RedeemDialog *dialog = openRedeemDialog(held);
+        GuiTest::selectRows(window->bondTable(), {int(window->arrangedHoldings().indexOf(held))});
+        window->action(PortfolioWindow::ActionId::Redeem)->trigger();
+        RedeemDialog *dialog = window->findChild<RedeemDialog *>();
         QVERIFY(dialog);
         QCOMPARE(dialog->month(), Month(2021, 8));
         QCOMPARE(dialog->amount(), defaultAmount);
@@ -141,8 +126,7 @@ private slots:
         QCOMPARE(portfolio->undoStack()->count(), 1);
     }
 
-    // The redeemed view lists the cashed bonds; the held bonds' totals line and the interest
-    // summary count none of them until they are put back.
+    // The redeemed view lists the cashed bonds; the held bonds' totals and summary count them only once put back.
     void redeemedViewAndHeldFigures_data()
     {
         QTest::addColumn<int>("row");
@@ -305,8 +289,7 @@ private slots:
             QVERIFY2(text.contains(QStringLiteral("Page %1 of %2").arg(page).arg(pages)), qPrintable(text));
     }
 
-    // In a year when held bonds reach final maturity, the notice says how many and what becomes
-    // reportable (Bob's, reported yearly, add nothing), and its link opens the tax report.
+    // The notice says how many held bonds mature this year and what becomes reportable; its link opens the tax report.
     void maturityNotice_data()
     {
         QTest::addColumn<int>("year");

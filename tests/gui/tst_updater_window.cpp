@@ -21,8 +21,8 @@
 
 using PriceUpdateTestData::priceFile;
 
-// Catalogue (empty: the Fiscal Data service), EE records of 12/2021 the service holds, its failing page, the
-// status after the check, the one the installation starts with (empty: nothing to install), the bar full.
+// Catalogue (empty: the Fiscal Data service), its 12/2021 EE records, its failing page, the status after the check and
+// after installing (empty: nothing to install), the bar full.
 using InstallCase = std::tuple<QStringList, int, int, QString, QString, bool>;
 
 class UpdaterWindowTest : public QObject

@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QRegularExpression>
 #include <QUrlQuery>
 #include <algorithm>
@@ -61,8 +62,6 @@ public:
     }
     static QJsonObject row(const PriceRecord &r, int line)
     {
-        static const char *const months[12] = {"jan", "feb", "mar", "apr", "may", "jun",
-                                               "jul", "aug", "sep", "oct", "nov", "dec"};
         static const char *const notRedeemable[3] = {"NO PAY", "0", "0.00"};
         QJsonObject o;
         o.insert("series_cd", QString(QLatin1Char(r.series)));
@@ -75,7 +74,8 @@ public:
             const QString text = v == -2 ? QStringLiteral("null")
                 : v == -1               ? QString::fromLatin1(notRedeemable[(line + k) % 3])
                                         : QStringLiteral("%1.%2").arg(v / 100).arg(v % 100, 2, 10, QLatin1Char('0'));
-            o.insert(QStringLiteral("issue_%1_amt").arg(QLatin1String(months[k])), text);
+            const QString month = QLocale::c().monthName(k + 1, QLocale::ShortFormat).toLower();
+            o.insert(QStringLiteral("issue_%1_amt").arg(month), text);
         }
         o.insert("src_line_nbr", QString::number(line + 1));
         return o;

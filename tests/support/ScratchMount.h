@@ -43,9 +43,7 @@ public:
     {
         const int fd = ::open(QFile::encodeName(path(QStringLiteral("filler"))).constData(), O_WRONLY | O_CREAT, 0600);
         const QByteArray block(4096, 'x');
-        while (::write(fd, block.constData(), size_t(block.size())) > 0) {
-        }
-        for (int size = 2048; size >= 1; size /= 2)
+        for (int size = 4096; size >= 1; size /= 2)
             while (::write(fd, block.constData(), size_t(size)) > 0) {
             }
         ::close(fd);

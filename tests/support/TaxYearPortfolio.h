@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-// The hand-made portfolio whose 2021 taxes are known, shared by the document's and the window's
-// tests. Alice defers; Bob reports every year; one bond has no owner. 2021: Alice $314.72 matured
-// (2 × $207.36 − $100) and $500.00 redeemed, Bob $33.60 + $4.08 earned, no owner $4.16; household
-// $856.56. Plan for 2022: Alice's EE of 03/1992, $76.64 so far.
+// The hand-made portfolio whose 2021 taxes are known. Alice defers; Bob reports every year; one bond has no owner.
+// 2021: Alice $314.72 matured (2 × $207.36 − $100) and $500.00 redeemed, Bob $33.60 + $4.08 earned, no owner $4.16;
+// household $856.56. Plan for 2022: Alice's EE of 03/1992, $76.64 so far.
 #include "document/BondPortfolio.h"
 #include "base/Series.h"
 
