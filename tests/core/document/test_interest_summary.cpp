@@ -65,8 +65,7 @@ TEST_F(InterestSummary, SkipsLeadingZeroYearsButKeepsLaterOnes)
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2000, 25}, {2001, 100}, {2002, -125}, {2003, 325}}));
 }
 
-// EE 1990 bond, database from 1996 without 12/1998: first row is since issue, dependent years are incomplete.
-// A bond in its first year, which files need not list yet, makes no year incomplete.
+// EE 1990 bond, no 12/1998: first row since issue, later years incomplete; a bond in its first year makes none so.
 TEST_F(InterestSummary, MissingDecembersAreNeverSilentlyLowerFigures)
 {
     ValueTable values;

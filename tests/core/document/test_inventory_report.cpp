@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The inventory of the bundled sample, valued on the shipped database as of 11/2026: its owners'
-// groups in name order, each group's lines and subtotal to the cent, bonds naming no owner last.
+// The bundled sample's inventory as of 11/2026: owners' groups by name, lines and subtotals to the cent, no owner last.
 #include "../QtPrinters.h"
 #include "TestSupport.h"
 #include "document/BondPortfolio.h"

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Portfolio files: save and read back, unknown people, graphs of the wrong shape, failures that change nothing; a
-// failed save says why and leaves the old file as it was; stale temporary copies go on the next good save.
+// Portfolio files read back, refused or failing to save without harm; stale temporary copies go on the next good save.
 #include "../PortfolioFixture.h"
 #include "../QtPrinters.h"
 #include "document/BondPortfolio.h"
@@ -199,11 +198,7 @@ protected:
     QString folder;
 };
 
-struct InjectedCase
-{
-    int systemError;
-    FileWriteFailure expected;
-};
+struct InjectedCase { int systemError; FileWriteFailure expected; };
 
 class InjectedWriteFailure : public PortfolioSaveFailure_, public ::testing::WithParamInterface<InjectedCase> {};
 

@@ -31,11 +31,7 @@ protected:
 };
 
 // Each value edit is one "Edit" that undoes and redoes; the same edit again records nothing.
-struct EditCase
-{
-    HoldingProperty property;
-    void (*edit)(Holding &, const PersonRef &ann, const PersonRef &bob);
-};
+struct EditCase { HoldingProperty property; void (*edit)(Holding &, const PersonRef &ann, const PersonRef &bob); };
 
 void PrintTo(const EditCase &c, std::ostream *out) { *out << HoldingKey::of(c.property); }
 

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What views rely on: holdings shown for chosen people, list-change announcements, refresh on a new range, and
-// values installed while a document is open, by this process or another, shown at the very next read.
+// What views rely on: filters by person, announcements, refresh on a new range, values installed while open.
 #include "../PeopleFixture.h"
 #include "../ValueTableFixture.h"
 #include "PriceUpdateTestData.h"

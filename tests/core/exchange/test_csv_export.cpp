@@ -65,8 +65,7 @@ TEST_F(CsvExport, WritesAtomicallyWithoutTouchingTheDocument)
     EXPECT_TRUE(failed.detail.contains(unwritable));
 }
 
-// An independent reader: LibreOffice Calc, left to find the character set itself, must see the
-// issue dates as date cells, the serial and the name with commas whole, and the columns in place.
+// LibreOffice Calc, guessing the character set, sees dates as dates, serial and name with commas whole, columns in place.
 TEST_F(CsvExport, SpreadsheetFormOpensInLibreOfficeWithDates)
 {
     const QString office = QStandardPaths::findExecutable(QStringLiteral("libreoffice"));

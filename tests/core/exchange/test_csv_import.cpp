@@ -31,8 +31,7 @@ protected:
     }
 };
 
-// How an own-format file is written: plain, for spreadsheets (a byte order mark, carriage returns
-// and line feeds), or as a spreadsheet saves it again (no mark, the issue date 2005-03-01).
+// An own-format file plain, for spreadsheets (byte order mark, CR LF), or saved again by one (no mark, date 2005-03-01).
 enum class Written { Plain, Marked, Resaved };
 
 // One field of a valid bond line, replaced by the text under the named column, read through a whole import.
@@ -144,8 +143,7 @@ const FieldReading fieldReadings[] = {
 INSTANTIATE_TEST_SUITE_P(Rules, CsvFieldReading, ::testing::ValuesIn(fieldReadings),
                          [](const ::testing::TestParamInfo<FieldReading> &row) { return std::string(row.param.rule); });
 
-// Exported for spreadsheets, byte for byte, and imported again: the same bonds, their people
-// included, though serials and names hold commas, quotes and a line break.
+// Exported for spreadsheets, byte for byte, and imported again whole, though texts hold commas, quotes and line breaks.
 TEST_F(CsvImport, SpreadsheetFormRoundTrip)
 {
     const PersonRef zoe = people.person(QStringLiteral("Zo\u00EB \"Z\""), QStringLiteral("\u0141ukasz"));
