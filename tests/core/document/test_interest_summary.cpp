@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "../QtPrinters.h"
-#include "../PeopleFixture.h"
-#include "../ValueTableFixture.h"
-#include "document/BondPortfolio.h"
+#include "../PortfolioFixture.h"
 #include "document/HoldingPresentation.h"
 
 #include <gtest/gtest.h>
@@ -17,11 +15,7 @@ class InterestSummary : public ::testing::Test
 protected:
     HoldingRef add(BondPortfolio &portfolio, const char *series, int year, int month)
     {
-        auto h = Holding::create();
-        h->setSeries(Series::seriesForCode(QString::fromLatin1(series)));
-        h->setIssueDate(Month(year, month));
-        h->setFaceValue(2500);
-        portfolio.adopt(*h);
+        const HoldingRef h = makeHolding(portfolio, series, year, month, 2500);
         portfolio.appendHolding(h);
         return h;
     }

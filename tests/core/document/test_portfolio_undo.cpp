@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the portfolio records for undo, under the action names the Edit menu shows.
-#include "../PeopleFixture.h"
+#include "../PortfolioFixture.h"
 #include "../QtPrinters.h"
-#include "../ValueTableFixture.h"
-#include "document/BondPortfolio.h"
 
 #include <QUndoStack>
 #include <gtest/gtest.h>
@@ -131,11 +129,8 @@ TEST_F(PortfolioUndo, PeopleEditsAndRemovalFromAllBonds)
 TEST_F(PortfolioUndo, ActionsOnManyBondsAreOneStep)
 {
     QList<HoldingRef> twenty;
-    for (int k = 0; k < 20; ++k) {
-        twenty << Holding::create();
-        twenty.last()->setQuantity(k + 1);
-        portfolio.adopt(*twenty.last());
-    }
+    for (int k = 0; k < 20; ++k)
+        twenty << makeHolding(portfolio, "N", 0, 0, 5000, k + 1);
     portfolio.setHoldings(QList<HoldingRef>{bond} + twenty);
     {
         UndoStep step(portfolio, UndoActionName::DeleteHolding);

@@ -178,12 +178,12 @@ TEST(MaturedBondCarryForward, CarriesOnlyBondsThatMatureWithinTheData)
         {QStringLiteral("i.csv"), {record('I', 2022, 1, 2021, {{1, 2600}})}}};
     const MaturedBondCarryForward::Result result = MaturedBondCarryForward::compute(sources);
     ASSERT_TRUE(result.ok());
-    ASSERT_EQ(result.records.size(), 2);
-    EXPECT_EQ(result.records.at(0).ryr * 100 + result.records.at(0).rmo, 202112);
-    EXPECT_EQ(result.records.at(1).ryr * 100 + result.records.at(1).rmo, 202201);
+    QList<int> months;
     for (const PriceRecord &r : result.records) {
         // Only November 1991 is known to have matured; December's final value is unknown.
         EXPECT_EQ(r.value[10], 6000);
         EXPECT_EQ(r.value[11], -2);
+        months << r.ryr * 100 + r.rmo;
     }
+    EXPECT_EQ(months, (QList<int>{202112, 202201}));
 }

@@ -63,10 +63,9 @@ TEST_P(GapMonthReproduction, FilledValuesAreTheOfficialOnes)
         return r.series == 'N' && r.first == window.firstMonth && r.last == last;
     });
     ASSERT_NE(run, runs.cend());
-    for (const GapMonthFill::Run &each : runs) {
+    for (const GapMonthFill::Run &each : runs)
         if (each.first == window.firstMonth)
             GapMonthFill::fill(records, each);
-    }
 
     int sixMonthly = 0, marketRateEe = 0, notRedeemable = 0, differences = 0;
     for (const PriceRecord &filled : std::as_const(records)) {

@@ -22,10 +22,7 @@ BondFacts bond(const char *code, Month issue, Pennies face = 2500, qint32 quanti
     return {Series::seriesForCode(QString::fromLatin1(code)), issue, face, paper, quantity};
 }
 
-std::string text(Month month)
-{
-    return month.toString(Month::Style::Iso).toStdString();
-}
+std::string text(Month month) { return month.toString(Month::Style::Iso).toStdString(); }
 
 struct OutlookCase
 {

@@ -12,10 +12,7 @@
 
 namespace {
 
-QString monthText(int index)
-{
-    return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1);
-}
+QString monthText(int index) { return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1); }
 
 // Every official EE value of the fixed-rate issue months (05/2005 to 11/2020) comes out of the rate table to the cent.
 TEST(EeFixedRates, ReproduceEveryOfficialValueOfTheFixedRateIssueMonths)
