@@ -8,6 +8,22 @@
 
 #include <memory>
 
+// A holding adopted by the portfolio but not in its list; year 0: no issue date.
+inline HoldingRef makeHolding(BondPortfolio &portfolio, const char *code, int year, int month, Pennies face,
+                              int quantity = 1, const QString &serial = {}, bool paper = true)
+{
+    auto holding = Holding::create();
+    holding->setSeries(Series::seriesForCode(QLatin1String(code)));
+    if (year)
+        holding->setIssueDate(Month(year, month));
+    holding->setFaceValue(face);
+    holding->setQuantity(quantity);
+    holding->setPaper(paper);
+    holding->setSerialNumber(serial);
+    portfolio.adopt(*holding);
+    return holding;
+}
+
 class PortfolioFixture
 {
 public:
@@ -17,20 +33,10 @@ public:
         portfolio->setValueOfDate(valueOfDate);
     }
 
-    // A holding attached to the portfolio but not in its list; year 0: no issue date.
     HoldingRef make(const char *code, int year, int month, Pennies face, int quantity = 1, const QString &serial = {},
                     bool paper = true)
     {
-        auto holding = Holding::create();
-        holding->setSeries(Series::seriesForCode(QLatin1String(code)));
-        if (year)
-            holding->setIssueDate(Month(year, month));
-        holding->setFaceValue(face);
-        holding->setQuantity(quantity);
-        holding->setPaper(paper);
-        holding->setSerialNumber(serial);
-        portfolio->adopt(*holding);
-        return holding;
+        return makeHolding(*portfolio, code, year, month, face, quantity, serial, paper);
     }
 
     PeopleFixture people;

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The values everything builds on: dollars rounded and read as typed, the series' codes and prices, and months as
-// users write them: "YYYY-MM" (and "YYYY/MM" for issue months), the window's "MM/YYYY", nothing else.
+// Dollars rounded and read as typed, series codes and prices, months only as "YYYY-MM", "YYYY/MM" (issue) or "MM/YYYY".
 #include "base/Money.h"
 #include "base/Month.h"
 #include "base/Series.h"
@@ -9,12 +8,7 @@
 
 #include <gmock/gmock.h>
 
-struct Reading
-{
-    const char *text;
-    Month::Form form;
-    Month expected; // null: refused
-};
+struct Reading { const char *text; Month::Form form; Month expected; }; // a null month: refused
 
 class MonthReading : public ::testing::TestWithParam<Reading> {};
 
@@ -24,23 +18,17 @@ TEST_P(MonthReading, ReadsOnlyItsOwnForm)
     EXPECT_EQ(Month::fromString(QString::fromUtf8(r.text), r.form), r.expected) << r.text;
 }
 
+using F = Month::Form;
 INSTANTIATE_TEST_SUITE_P(
     Texts, MonthReading,
-    ::testing::Values(Reading{"2010-06", Month::Form::Iso, Month(2010, 6)},
-                      Reading{" 1999-1 ", Month::Form::Iso, Month(1999, 1)},
-                      Reading{"2010/06", Month::Form::Iso, Month()},
-                      Reading{"2010/06", Month::Form::IsoOrSlash, Month(2010, 6)},
-                      Reading{"2010-12", Month::Form::IsoOrSlash, Month(2010, 12)},
-                      Reading{"2010-13", Month::Form::Iso, Month()},
-                      Reading{"2010-00", Month::Form::IsoOrSlash, Month()},
-                      Reading{"10-2010", Month::Form::Iso, Month()},
-                      Reading{"06/2010", Month::Form::Slash, Month(2010, 6)},
-                      Reading{"6 / 2010", Month::Form::Slash, Month(2010, 6)},
-                      Reading{"13/2020", Month::Form::Slash, Month()},
-                      Reading{"ab/cd", Month::Form::Slash, Month()},
-                      Reading{"2010-06", Month::Form::Slash, Month()},
-                      Reading{"0000-05", Month::Form::Iso, Month()},
-                      Reading{"", Month::Form::IsoOrSlash, Month()}));
+    ::testing::Values(Reading{"2010-06", F::Iso, Month(2010, 6)}, Reading{" 1999-1 ", F::Iso, Month(1999, 1)},
+                      Reading{"2010/06", F::Iso, Month()}, Reading{"2010/06", F::IsoOrSlash, Month(2010, 6)},
+                      Reading{"2010-12", F::IsoOrSlash, Month(2010, 12)}, Reading{"2010-13", F::Iso, Month()},
+                      Reading{"2010-00", F::IsoOrSlash, Month()}, Reading{"10-2010", F::Iso, Month()},
+                      Reading{"06/2010", F::Slash, Month(2010, 6)}, Reading{"6 / 2010", F::Slash, Month(2010, 6)},
+                      Reading{"13/2020", F::Slash, Month()}, Reading{"ab/cd", F::Slash, Month()},
+                      Reading{"2010-06", F::Slash, Month()}, Reading{"0000-05", F::Iso, Month()},
+                      Reading{"", F::IsoOrSlash, Month()}));
 
 TEST(MonthText, WritesBothStylesWithLeadingZeros)
 {
@@ -104,10 +92,8 @@ TEST(Money, FormatsDollarsWithTwoDecimalsAndGrouping)
 TEST(Series, LooksUpOnlyTheExactOneLetterCodes)
 {
     EXPECT_EQ(Series::seriesForCode(QStringLiteral("N")), Series::eeBond());
-    for (const char *code : {"EE", "e", "", "n", "SN", "X"}) {
-        SCOPED_TRACE(code);
-        EXPECT_EQ(Series::seriesForCode(QString::fromLatin1(code)), nullptr);
-    }
+    for (const char *code : {"EE", "e", "", "n", "SN", "X"})
+        EXPECT_EQ(Series::seriesForCode(QString::fromLatin1(code)), nullptr) << code;
     for (const char *code : {"E", "N", "I", "S"})
         EXPECT_EQ(Series::seriesForCode(QString::fromLatin1(code))->code(), QString::fromLatin1(code));
 }

@@ -27,19 +27,8 @@ std::optional<V> ours(const QByteArray &bytes)
     return result.root;
 }
 
-// What libplist reads in the bytes, written again by libplist in its binary form.
-std::optional<QByteArray> relayedByLibplist(const QByteArray &bytes)
-{
-    const PlistPtr tree = libplistTree(bytes);
-    return tree ? std::optional(libplistBinary(tree.get())) : std::nullopt;
-}
-
-struct TreeCase
-{
-    const char *name;
-    std::function<V()> make;
-    bool inXml = true; // XML spells UIDs as dictionaries and dates in whole seconds
-};
+// Not inXml: XML spells UIDs as dictionaries and dates in whole seconds.
+struct TreeCase { const char *name; std::function<V()> make; bool inXml = true; };
 void PrintTo(const TreeCase &c, std::ostream *out) { *out << c.name; }
 const auto caseName = [](const auto &info) { return std::string(info.param.name); };
 
@@ -107,11 +96,7 @@ TEST(PropertyListWriter, RefusesUidsBeyond32Bits)
     EXPECT_TRUE(BinaryPlistWriter::write(V::array({V::uid(1), V::uid(0x100000000ull)})).isEmpty());
 }
 
-struct OddFile
-{
-    const char *name;
-    QByteArray bytes;
-};
+struct OddFile { const char *name; QByteArray bytes; };
 void PrintTo(const OddFile &c, std::ostream *out) { *out << c.name; }
 
 QByteArray one(const QByteArray &object) { return HandMadePlist::binaryOfObjects({object}); }
@@ -151,8 +136,8 @@ class PropertyListOddFile : public ::testing::TestWithParam<OddFile> {};
 
 TEST_P(PropertyListOddFile, ReadAsLibplistReadsIt)
 {
-    const std::optional<QByteArray> relayed = relayedByLibplist(GetParam().bytes);
-    EXPECT_EQ(ours(GetParam().bytes), relayed ? ours(*relayed) : std::nullopt);
+    const PlistPtr relayed = libplistTree(GetParam().bytes); // then written again in libplist's binary form
+    EXPECT_EQ(ours(GetParam().bytes), relayed ? ours(libplistBinary(relayed.get())) : std::nullopt);
 }
 
 INSTANTIATE_TEST_SUITE_P(HandMade, PropertyListOddFile, ::testing::ValuesIn(oddFiles), caseName);

@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "../QtPrinters.h"
-#include "../PeopleFixture.h"
-#include "../ValueTableFixture.h"
-#include "document/BondPortfolio.h"
+#include "../PortfolioFixture.h"
 #include "document/HoldingPresentation.h"
 
 #include <gtest/gtest.h>
@@ -17,11 +15,7 @@ class InterestSummary : public ::testing::Test
 protected:
     HoldingRef add(BondPortfolio &portfolio, const char *series, int year, int month)
     {
-        auto h = Holding::create();
-        h->setSeries(Series::seriesForCode(QString::fromLatin1(series)));
-        h->setIssueDate(Month(year, month));
-        h->setFaceValue(2500);
-        portfolio.adopt(*h);
+        const HoldingRef h = makeHolding(portfolio, series, year, month, 2500);
         portfolio.appendHolding(h);
         return h;
     }
@@ -65,8 +59,7 @@ TEST_F(InterestSummary, SkipsLeadingZeroYearsButKeepsLaterOnes)
     EXPECT_EQ(portfolio.interestSummary(), (Rows{{2000, 25}, {2001, 100}, {2002, -125}, {2003, 325}}));
 }
 
-// EE 1990 bond, database from 1996 without 12/1998: first row is since issue, dependent years are incomplete.
-// A bond in its first year, which files need not list yet, makes no year incomplete.
+// EE 1990 bond, no 12/1998: first row since issue, later years incomplete; a bond in its first year makes none so.
 TEST_F(InterestSummary, MissingDecembersAreNeverSilentlyLowerFigures)
 {
     ValueTable values;

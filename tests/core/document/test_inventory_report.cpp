@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The inventory of the bundled sample, valued on the shipped database as of 11/2026: its owners'
-// groups in name order, each group's lines and subtotal to the cent, bonds naming no owner last.
+// The bundled sample's inventory as of 11/2026: owners' groups by name, lines and subtotals to the cent, no owner last.
 #include "../QtPrinters.h"
 #include "TestSupport.h"
-#include "document/BondPortfolio.h"
+#include "../PortfolioFixture.h"
 #include "document/InventoryReport.h"
 #include "model/PeopleStore.h"
 
@@ -38,12 +37,7 @@ protected:
         EXPECT_TRUE(portfolio->readFromFile(TestSupport::sourcePath(QStringLiteral("examples/sample.bondportfolio"))));
         EXPECT_TRUE(portfolio->setValueOfDate(QDateTime(QDate(2026, 11, 1), QTime(0, 0, 1))));
         // A bond that names a beneficiary but no owner: listed once, in the last group.
-        const HoldingRef unowned = Holding::create();
-        unowned->setSeries(Series::seriesForCode(QStringLiteral("EE")));
-        unowned->setIssueDate(Month(1990, 1));
-        unowned->setFaceValue(10000);
-        unowned->setSerialNumber(QStringLiteral("UNOWNED"));
-        portfolio->adopt(*unowned);
+        const HoldingRef unowned = makeHolding(*portfolio, "N", 1990, 1, 10000, 1, QStringLiteral("UNOWNED"));
         unowned->setBeneficiary(portfolio->holdings().constFirst()->owner());
         portfolio->appendHolding(unowned);
     }

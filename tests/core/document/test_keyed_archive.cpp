@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keyed archives: refusal of graphs that could not be read back, what Python's reader sees in a written file, and
-// damaged and hostile files refused with a message, never a crash and never exhausted memory.
+// Keyed archives: unreadable graphs not written, Python reads what is, damaged or hostile files refused with a message.
 #include "document/KeyedArchive.h"
 #include "document/PortfolioArchive.h"
 #include "model/PeopleStore.h"
@@ -36,10 +35,7 @@ DictionaryPtr makeDictionary(const QList<std::pair<QString, ArchiveRef>> &entrie
     return std::make_shared<ArchiveDictionary>(ArchiveDictionary{className, entries});
 }
 
-QDateTime utc(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, int msec = 0)
-{
-    return QDateTime(QDate(year, month, day), QTime(hour, minute, second, msec), QTimeZone::utc());
-}
+const QDateTime IssueInstant(QDate(2004, 3, 1), QTime(0, 0, 1, 250), QTimeZone::utc());
 
 // A portfolio-like graph with every kind of value, shared objects and a nil.
 ArchiveRef sampleGraph()
@@ -48,7 +44,7 @@ ArchiveRef sampleGraph()
     auto series = makeObject("Series", {{"code", text("N")}});
     auto first = makeObject("Holding", {{"series", series}, {"quantity", qint64(2)}, {"faceValue", Int64Max},
                                         {"lowest", Int64Min}, {"minusOne", qint64(-1)},
-                                        {"issueDate", ArchiveDate{utc(2004, 3, 1, 0, 0, 1, 250)}},
+                                        {"issueDate", ArchiveDate{IssueInstant}},
                                         {"serialNumber", text("C123456789EE")}, {"owner", person},
                                         {"coOwner", ArchiveRef()}, {"paper", false}, {"checked", true},
                                         {"rate", 0.0325}, {"$price", text("Ünïcode €")}});
@@ -57,14 +53,6 @@ ArchiveRef sampleGraph()
                            {"titleHolders", makeArray({person}, "NSArray")},
                            {"nothing", ArchiveRef()},
                            {"empty", makeDictionary({}, "NSDictionary")}});
-}
-
-KeyedArchive::DecodeResult roundTrip(const ArchiveRef &root)
-{
-    QString error;
-    const QByteArray bytes = KeyedArchive::encode(root, &error);
-    EXPECT_FALSE(bytes.isEmpty()) << error.toStdString();
-    return KeyedArchive::decode(bytes);
 }
 
 TEST(KeyedArchiveEncode, RefusesGraphsItCouldNotReadBack)
@@ -76,7 +64,7 @@ TEST(KeyedArchiveEncode, RefusesGraphsItCouldNotReadBack)
     ArchiveRef chain = text("bottom");
     for (int i = 0; i < 999; ++i)
         chain = makeArray({chain});
-    ASSERT_TRUE(roundTrip(chain).ok); // 1000 levels with the text are fine, one more is not
+    ASSERT_TRUE(KeyedArchive::decode(KeyedArchive::encode(chain)).ok); // 1000 levels with the text, not one more
     auto manyKeys = makeObject("Wide");
     for (int i = 0; i < 100; ++i)
         manyKeys->set(QStringLiteral("key%1").arg(i), qint64(i));
@@ -256,8 +244,7 @@ TEST(KeyedArchiveRefusal, ArchivesOfAnotherWriterAreRead)
         EXPECT_EQ(std::get<ObjectPtr>(reference(holding, "owner")), item(*root->value("titleHolders"), 0));
         EXPECT_EQ(integer(holding, "faceValue"), 5000);
         EXPECT_TRUE(std::get<bool>(*holding->field("paper")));
-        EXPECT_EQ(std::get<ArchiveDate>(reference(holding, "issueDate")).instant,
-                  QDateTime(QDate(2004, 3, 1), QTime(0, 0, 1, 250), QTimeZone::utc()));
+        EXPECT_EQ(std::get<ArchiveDate>(reference(holding, "issueDate")).instant, IssueInstant);
     }
 }
 
@@ -266,32 +253,23 @@ TEST(KeyedArchiveOfTheMacProgram, CalendarDatesAndUnreadBinaryDataAreRead)
 {
     const QDateTime noon(QDate(2004, 3, 1), QTime(12, 0), QTimeZone::utc());
     const double sinceReferenceDate = double(noon.toSecsSinceEpoch() - 978307200); // since 2001-01-01
-    const struct { const char *name, *dateClass; bool zoneDataInPlace, unreadData; } cases[] = {
-        {"calendar date", "NSCalendarDate", false, false},
-        {"unread key holding data", "NSCalendarDate", false, true},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        // Objects 10 to 15: the date's class, its time zone and what that holds.
-        const auto archive = KeyedArchive::decode(soundArchiveWith([&](plist_t a) {
-            plist_t objects = plist_dict_get_item(a, "$objects");
-            for (plist_t object : {classDictionary({c.dateClass, "NSDate", "NSObject"}),
-                                   instance(12, {{"NS.name", uid(13)},
-                                                 {"NS.data", c.zoneDataInPlace ? plist_new_data("TZif2\0\1", 7) : uid(14)}}),
-                                   classDictionary({"__NSTimeZone", "NSTimeZone", "NSObject"}),
-                                   plist_new_string("America/New_York"), plist_new_data("TZif2\0\1", 7),
-                                   plist_new_string("%Y-%m-%d %H:%M:%S %z")})
-                plist_array_append_item(objects, object);
-            plist_array_set_item(objects, instance(10, {{"NS.time", plist_new_real(sinceReferenceDate)},
-                                                        {"NS.timezone", uid(11)}, {"NS.format", uid(15)}}), 3);
-            if (c.unreadData)
-                setField(a, 2, "blob", plist_new_data("xy", 2));
-        }));
-        ASSERT_TRUE(archive.ok) << archive.error.toStdString();
-        const auto decoded = PortfolioArchive::decodePortfolio(archive.root, PeopleStore(QString()));
-        ASSERT_TRUE(decoded.ok) << decoded.error.toStdString();
-        EXPECT_EQ(decoded.holdings.at(0)->issueDate(), Month::of(noon.toLocalTime()));
-    }
+    // Objects 10 to 15: the date's class, its time zone and what that holds; the holding has an unread key of data.
+    const auto archive = KeyedArchive::decode(soundArchiveWith([&](plist_t a) {
+        plist_t objects = plist_dict_get_item(a, "$objects");
+        for (plist_t object : {classDictionary({"NSCalendarDate", "NSDate", "NSObject"}),
+                               instance(12, {{"NS.name", uid(13)}, {"NS.data", uid(14)}}),
+                               classDictionary({"__NSTimeZone", "NSTimeZone", "NSObject"}),
+                               plist_new_string("America/New_York"), plist_new_data("TZif2\0\1", 7),
+                               plist_new_string("%Y-%m-%d %H:%M:%S %z")})
+            plist_array_append_item(objects, object);
+        plist_array_set_item(objects, instance(10, {{"NS.time", plist_new_real(sinceReferenceDate)},
+                                                    {"NS.timezone", uid(11)}, {"NS.format", uid(15)}}), 3);
+        setField(a, 2, "blob", plist_new_data("xy", 2));
+    }));
+    ASSERT_TRUE(archive.ok) << archive.error.toStdString();
+    const auto decoded = PortfolioArchive::decodePortfolio(archive.root, PeopleStore(QString()));
+    ASSERT_TRUE(decoded.ok) << decoded.error.toStdString();
+    EXPECT_EQ(decoded.holdings.at(0)->issueDate(), Month::of(noon.toLocalTime()));
     // Where a value is read, data is still refused.
     const auto spoilt = KeyedArchive::decode(soundArchiveWith([](plist_t a) {
         plist_array_set_item(plist_dict_get_item(a, "$objects"), plist_new_data("C1", 2), 4); }));

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Portfolio files: save and read back, unknown people, graphs of the wrong shape, failures that change nothing; a
-// failed save says why and leaves the old file as it was; stale temporary copies go on the next good save.
+// Portfolio files read back, refused or failing to save without harm; stale temporary copies go on the next good save.
 #include "../PortfolioFixture.h"
 #include "../QtPrinters.h"
 #include "document/BondPortfolio.h"
@@ -35,21 +34,12 @@ protected:
     {
         auto portfolio = std::make_unique<BondPortfolio>(&people.store, database);
         portfolio->setTitleHolders({zoe, ann, bob});
-        auto ee = Holding::create();
-        ee->setIssueDate(Month(1995, 3));
-        ee->setFaceValue(10000);
-        ee->setQuantity(2);
-        ee->setSerialNumber(QStringLiteral("Q100"));
+        const HoldingRef ee = makeHolding(*portfolio, "N", 1995, 3, 10000, 2, QStringLiteral("Q100"));
         ee->setOwner(ann);
         ee->setBeneficiary(bob);
-        auto savingsNote = Holding::create();
-        savingsNote->setSeries(Series::seriesForCode(QStringLiteral("S")));
-        savingsNote->setPaper(false);
-        savingsNote->setFaceValue(Pennies(1) << 40);
+        const HoldingRef savingsNote = makeHolding(*portfolio, "S", 0, 0, Pennies(1) << 40, 1, {}, false);
         savingsNote->setOwner(bob);
         savingsNote->setCoOwner(ann);
-        for (const HoldingRef &h : {ee, savingsNote})
-            portfolio->adopt(*h);
         portfolio->setHoldings({ee, savingsNote});
         return portfolio;
     }
@@ -199,11 +189,7 @@ protected:
     QString folder;
 };
 
-struct InjectedCase
-{
-    int systemError;
-    FileWriteFailure expected;
-};
+struct InjectedCase { int systemError; FileWriteFailure expected; };
 
 class InjectedWriteFailure : public PortfolioSaveFailure_, public ::testing::WithParamInterface<InjectedCase> {};
 
@@ -232,11 +218,9 @@ TEST_F(PortfolioSaveFailure_, NextGoodSaveRemovesStaleCopiesOfThatDocumentOnly)
     // What a save killed before its rename leaves behind.
     const QString stale = DocumentFileWriter::temporaryPrefix(path) + QStringLiteral("a1b2c3");
     const QString othersCopy = DocumentFileWriter::temporaryPrefix(other) + QStringLiteral("d4e5f6");
-    for (const QString &copy : {stale, othersCopy}) {
-        QFile file(copy);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(before);
-    }
+    for (const QString &copy : {stale, othersCopy})
+        TestSupport::writeFile(copy, before);
+    ASSERT_EQ(temporaryCopies(path), QStringList{QFileInfo(stale).fileName()});
     ::chmod(QFile::encodeName(path).constData(), 0640);
     ASSERT_TRUE(fixture.portfolio->saveToFile(path));
     EXPECT_NE(TestSupport::readFile(path), before);

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the portfolio records for undo, under the action names the Edit menu shows.
-#include "../PeopleFixture.h"
+#include "../PortfolioFixture.h"
 #include "../QtPrinters.h"
-#include "../ValueTableFixture.h"
-#include "document/BondPortfolio.h"
 
 #include <QUndoStack>
 #include <gtest/gtest.h>
@@ -31,11 +29,7 @@ protected:
 };
 
 // Each value edit is one "Edit" that undoes and redoes; the same edit again records nothing.
-struct EditCase
-{
-    HoldingProperty property;
-    void (*edit)(Holding &, const PersonRef &ann, const PersonRef &bob);
-};
+struct EditCase { HoldingProperty property; void (*edit)(Holding &, const PersonRef &ann, const PersonRef &bob); };
 
 void PrintTo(const EditCase &c, std::ostream *out) { *out << HoldingKey::of(c.property); }
 
@@ -135,11 +129,8 @@ TEST_F(PortfolioUndo, PeopleEditsAndRemovalFromAllBonds)
 TEST_F(PortfolioUndo, ActionsOnManyBondsAreOneStep)
 {
     QList<HoldingRef> twenty;
-    for (int k = 0; k < 20; ++k) {
-        twenty << Holding::create();
-        twenty.last()->setQuantity(k + 1);
-        portfolio.adopt(*twenty.last());
-    }
+    for (int k = 0; k < 20; ++k)
+        twenty << makeHolding(portfolio, "N", 0, 0, 5000, k + 1);
     portfolio.setHoldings(QList<HoldingRef>{bond} + twenty);
     {
         UndoStep step(portfolio, UndoActionName::DeleteHolding);

@@ -1,11 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What views rely on: holdings shown for chosen people, list-change announcements, refresh on a new range, and
-// values installed while a document is open, by this process or another, shown at the very next read.
-#include "../PeopleFixture.h"
-#include "../ValueTableFixture.h"
+// What views rely on: filters by person, announcements, refresh on a new range, values installed while open.
+#include "../PortfolioFixture.h"
 #include "PriceUpdateTestData.h"
-#include "document/BondPortfolio.h"
 #include "model/HoldingFilter.h"
 #include "valuation/RedemptionDateRangeNotifier.h"
 
@@ -105,7 +102,7 @@ struct OpenPortfolio
     QString database = TestSupport::emptyDatabase();
     PeopleStore people{TestSupport::temporaryDirectory() + QStringLiteral("/people.vcf")};
     std::unique_ptr<BondPortfolio> document;
-    HoldingRef holding = Holding::create();
+    HoldingRef holding;
 
     HoldingFigures figures() const { return document->figuresOf(*holding); }
 
@@ -113,11 +110,7 @@ struct OpenPortfolio
     {
         EXPECT_TRUE(install(database, {{QStringLiteral("jan.bin"), priceFile('I', 2030, 1, 2001, 2, 3000)}}));
         document = std::make_unique<BondPortfolio>(&people, database);
-        document->adopt(*holding);
-        holding->setSeries(Series::seriesForCode(QStringLiteral("I")));
-        holding->setIssueDate(Month(2001, 3));
-        holding->setFaceValue(5000);
-        holding->setQuantity(2);
+        holding = makeHolding(*document, "I", 2001, 3, 5000, 2);
         document->setHoldings({holding});
         document->setValueOfDate(BondAssessor::monthDate(2030, 1));
     }

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Cashing bonds: redemptions kept in the portfolio and undone as one step, their place in the
-// file, and what each owner reports for a tax year (known answers from the shipped database).
+// Cashing bonds: one undoable step, kept in the file, and each owner's tax year (on the shipped database).
 #include "../PeopleFixture.h"
 #include "IndependentReaders.h"
 #include "TaxYearPortfolio.h"

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list a household saved from the Treasury's Savings Bond Calculator: a page rebuilt from the
-// calculator's documented hidden fields, with the markup's usual variations.
+// A list saved from the Treasury's Savings Bond Calculator, rebuilt from its documented hidden fields and markup.
 #include "../PeopleFixture.h"
 #include "TestSupport.h"
 #include "document/BondPortfolio.h"
@@ -12,8 +11,7 @@
 
 namespace {
 
-// EE 01/1990 (585), I 01/2010 (825), a Savings Note 05/1967 (313), an HH bond, an E bond of 07/1980
-// (after the series ended: no values), and an EE bond without denomination.
+// EE 01/1990 (585), I 01/2010 (825), Note 05/1967 (313), HH, E 07/1980 (no values), EE without denomination.
 const QByteArray SavedPage = R"(<html><body><form name="SBCForm" method="post" action="/BC/SBCPrice">
 <INPUT TYPE="hidden" NAME="SeriesList" VALUE="EE;I;SN;HH;E;EE;">
 <input type=hidden name='IssueDateList' value='585;825;313;900;471;600;'>

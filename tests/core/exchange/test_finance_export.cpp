@@ -17,8 +17,7 @@ protected:
     QString dir = TestSupport::temporaryDirectory();
     QString in(const QString &name) const { return QDir(dir).filePath(name); }
 
-    // Two $100 EE holdings of one issue share a security; the E bond has no values; a holding
-    // without issue date and one of no bonds are left out.
+    // Two $100 EE holdings share a security; the E bond has no values; no issue date or no bonds: left out.
     void makeHoldings()
     {
         portfolio->setHoldings({make("N", 1995, 3, 10000, 4, QStringLiteral("Q1")), make("E", 1980, 1, 5000, 1),

@@ -24,13 +24,7 @@ void PrintTo(const PersonRecord &r, std::ostream *out)
 // Exports of several address books: names, identifier and labelled emails.
 TEST(VCard, ReadsNamesIdentifierAndEmails)
 {
-    const struct
-    {
-        const char *name;
-        QByteArray text;
-        QString uid, first, last;
-        QList<LabelledEmail> emails;
-    } cases[] = {
+    const struct { const char *name; QByteArray text; QString uid, first, last; QList<LabelledEmail> emails; } cases[] = {
         {"v3_crlf_typed_emails",
          "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:abc-1\r\nN:Smith;Anna;;;\r\nFN:Anna Smith\r\n"
          "EMAIL;TYPE=INTERNET,HOME:anna@example.org\r\nEMAIL;TYPE=work;TYPE=pref:a.smith@corp.example\r\n"
@@ -95,17 +89,10 @@ TEST(VCard, WrittenCardsReadBackUnchangedAndFoldAtSeventyFiveOctets)
     EXPECT_EQ(back.records, (QList<PersonRecord>{a, b})); // the generated FN is not kept
 }
 
-// What address books export as they are: Android and Outlook (2.1, quoted-printable with soft
-// line breaks, CHARSET), Windows-1252 bytes, a fold inside a multi-byte character, Thunderbird and
-// Google (FN without N), a list-valued given name (iOS), Evolution's 3.0.
+// Exports of Android, Outlook, Thunderbird, Google, iOS and Evolution, as they are; read, then written without encoding.
 TEST(VCard, ReadsAddressBookExportsAsWritten)
 {
-    const struct
-    {
-        const char *name;
-        QByteArray text;
-        QString first, last;
-    } cases[] = {
+    const struct { const char *name; QByteArray text; QString first, last; } cases[] = {
         {"android_21_quoted_printable",
          "BEGIN:VCARD\r\nVERSION:2.1\r\nN;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:Whitfield;=C3=89l=C3=A9onore;;;\r\nEND:VCARD\r\n",
          QStringLiteral("Éléonore"), "Whitfield"},
@@ -151,13 +138,8 @@ TEST(PeopleStore, FamilyIsEveryLastNameStartingWithMineIgnoringCase)
 }
 
 // Which people file a portfolio's people come from, in the window and every command alike.
-struct PeopleFileCase
-{
-    const char *name;
-    bool environment;  // QUILLMERE_PEOPLE names a file
-    bool besideExists; // a people.vcf lies beside the portfolio
-    const char *chosen; // "environment", "beside" or "own"
-};
+// Whether QUILLMERE_PEOPLE names a file and a people.vcf lies beside the portfolio; "environment", "beside" or "own".
+struct PeopleFileCase { const char *name; bool environment, besideExists; const char *chosen; };
 
 void PrintTo(const PeopleFileCase &c, std::ostream *out) { *out << c.name; }
 
@@ -189,8 +171,7 @@ TEST(PeopleStore, ImportAddsEachUidOnceKeepsKnownPeopleAndRefusesUnreadableFiles
 {
     const struct { const char *card; int added, known; } cases[] = {
         {"UID:NEW-2\nN:Jones;Bo;;;", 1, 0}, {"UID:KNOWN-1\nN:Renamed;Anna;;;", 0, 1}, {"N:Lee;Cy;;;", 1, 0},
-        // Without UID, the same name (and no e-mail on either) is the same person; an e-mail the
-        // known one lacks makes another.
+        // Without UID, the same name and no e-mail is the same person; an e-mail the known one lacks makes another.
         {"N:;ann;;;", 0, 1}, {"N:;Ann;;;\nEMAIL:ann@example.org", 1, 0},
         {nullptr, -1, 0}}; // no such file
     const PersonRecord known{"KNOWN-1", "Ann", {}, {}, {}, {}};

@@ -37,11 +37,8 @@ const QHash<quint64, PriceRecord> &officialRecords()
     return records;
 }
 
-struct Window
-{
-    int firstMonth, months; // the redemption months taken out
-    int sixMonthly, marketRateEe, notRedeemable; // values filled, by kind
-};
+// The redemption months taken out, then the values filled, by kind.
+struct Window { int firstMonth, months, sixMonthly, marketRateEe, notRedeemable; };
 
 class GapMonthReproduction : public testing::TestWithParam<Window> {};
 
@@ -66,10 +63,9 @@ TEST_P(GapMonthReproduction, FilledValuesAreTheOfficialOnes)
         return r.series == 'N' && r.first == window.firstMonth && r.last == last;
     });
     ASSERT_NE(run, runs.cend());
-    for (const GapMonthFill::Run &each : runs) {
+    for (const GapMonthFill::Run &each : runs)
         if (each.first == window.firstMonth)
             GapMonthFill::fill(records, each);
-    }
 
     int sixMonthly = 0, marketRateEe = 0, notRedeemable = 0, differences = 0;
     for (const PriceRecord &filled : std::as_const(records)) {
@@ -105,14 +101,8 @@ INSTANTIATE_TEST_SUITE_P(AroundTheMissingMonths, GapMonthReproduction,
                                          Window{monthIndex(2003, 3), 6, 1592, 378, 37}, Window{monthIndex(2003, 9), 6, 1540, 383, 62},
                                          Window{monthIndex(2000, 6), 1, 388, 32, 6}, Window{monthIndex(2003, 5), 3, 956, 204, 18}));
 
-// Cells of months the official files skip: another month's value of the same step period, or their own.
-struct GapCell
-{
-    char series;
-    int issue, redemption;
-    int sameAs; // a redemption month, or 0 when value applies
-    int value;
-};
+// Cells of months the official files skip: the value of redemption month sameAs, of the same step period, or their own.
+struct GapCell { char series; int issue, redemption, sameAs, value; };
 
 const GapCell GapCells[] = {
     {'N', monthIndex(1990, 1), monthIndex(2001, 12), monthIndex(2001, 8), 0}, // steps in January and July

@@ -30,8 +30,7 @@ protected:
     QStringList dataFiles() const { return queryColumn(m_path, QStringLiteral("select name from data_file order by rowid")); }
     bool install(const QByteArray &data, const QString &name)
     {
-        PriceDataInstaller installer(m_db, m_feedback);
-        return installer.updatePricingDataWithData(data, name);
+        return PriceDataInstaller(m_db, m_feedback).updatePricingDataWithData(data, name);
     }
 
     const QString m_path = TestSupport::emptyDatabase();
@@ -90,19 +89,14 @@ TEST_F(PriceDataInstallerTest, SummaryTablesFollowTheDataAndAreAnnounced)
     EXPECT_EQ(m_statuses.last(), QStringLiteral("Optimizing pricing data..."));
 }
 
-QString writeFile(const QString &dir, const QString &name, const QByteArray &content)
-{
-    return TestSupport::writeFile(dir + QLatin1Char('/') + name, content);
-}
-
 // Two months of one matured E bond, with March missing between them, and a later I month.
 struct SmallSources
 {
     QString dir = TestSupport::temporaryDirectory();
-    QString february = writeFile(dir, QStringLiteral("sb199502.asc"), "E1995021941      009059\r\n");
-    QString april = writeFile(dir, QStringLiteral("sb199504.asc"), "E1995041941      009059\r\n");
-    QString csv = writeFile(dir, QStringLiteral("values.csv"),
-                            "series,redemption_year,redemption_month,issue_year,issue_month,value\nI,1995,6,1995,1,-1\n");
+    QString february = TestSupport::writeFile(dir + QStringLiteral("/sb199502.asc"), "E1995021941      009059\r\n");
+    QString april = TestSupport::writeFile(dir + QStringLiteral("/sb199504.asc"), "E1995041941      009059\r\n");
+    QString csv = TestSupport::writeFile(dir + QStringLiteral("/values.csv"), "series,redemption_year,redemption_month,"
+                                         "issue_year,issue_month,value\nI,1995,6,1995,1,-1\n");
 };
 
 TEST(SeedDatabaseBuilder, InstallsEachSourceThenTheCarryForward)

@@ -30,37 +30,7 @@ TEST(TreasuryValueFile, ReadsValuesMarkersAndBlanks)
     EXPECT_EQ(read.records.at(2).value, (Values{0, 15333, -2, -2, -2, -2, -2, -2, -2, -2, -2, -2}));
 }
 
-struct Malformed
-{
-    const char *line;
-    const char *complaint;
-};
-
-class TreasuryRefusal : public testing::TestWithParam<Malformed> {};
-
-TEST_P(TreasuryRefusal, NamesFileAndLine)
-{
-    const QByteArray data = "E2021061980011062011062\r\n" + QByteArray(GetParam().line) + "\r\nE2021061981011062\r\n";
-    const PriceSourceContents read = TreasuryValueFile::read(data, QStringLiteral("sb202106.asc"));
-    EXPECT_TRUE(read.records.isEmpty());
-    EXPECT_TRUE(read.error.startsWith(QStringLiteral("sb202106.asc:2: "))) << read.error.toStdString();
-    EXPECT_TRUE(read.error.contains(QLatin1String(GetParam().complaint))) << read.error.toStdString();
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, TreasuryRefusal,
-    testing::Values(Malformed{"X2021061980011062", "bad series letter 'X'"},
-                    Malformed{"E2021131980011062", "bad redemption month '13'"},
-                    Malformed{"E20210619x0011062", "bad issue year"},
-                    Malformed{"E2021061980011062011O62", "non-numeric value '011O62' for issue month February"},
-                    Malformed{"E202106", "short line"},
-                    Malformed{"E2021062022011062", "issue year 2022 is after redemption year 2021"},
-                    Malformed{"E2021061980000001", "repeats the series, redemption month and issue year of line 1"}));
-
-QByteArray csv(const QByteArray &rows)
-{
-    return "series,redemption_year,redemption_month,issue_year,issue_month,value\n" + rows;
-}
+QByteArray csv(const QByteArray &rows) { return "series,redemption_year,redemption_month,issue_year,issue_month,value\n" + rows; }
 
 TEST(FiscalDataCsv, GroupsCellsIntoRecordsAndFillsMissingMonths)
 {
@@ -76,23 +46,38 @@ TEST(FiscalDataCsv, GroupsCellsIntoRecordsAndFillsMissingMonths)
     EXPECT_EQ(read.records.at(2).value[0], -1);
 }
 
-class CsvRefusal : public testing::TestWithParam<Malformed> {};
+// A bad line after a good one, in a Treasury file or a Fiscal Data CSV file.
+struct Malformed { bool csv; const char *line, *complaint; };
 
-TEST_P(CsvRefusal, NamesFileAndLine)
+class SourceRefusal : public testing::TestWithParam<Malformed> {};
+
+TEST_P(SourceRefusal, NamesFileAndLine)
 {
-    const PriceSourceContents read = FiscalDataCsv::read(csv("I,2026,10,2010,1,4071\n" + QByteArray(GetParam().line) + "\n"),
-                                                         QStringLiteral("values.csv"));
+    const QByteArray line(GetParam().line);
+    const PriceSourceContents read =
+        GetParam().csv ? FiscalDataCsv::read(csv("I,2026,10,2010,1,4071\n" + line + "\n"), QStringLiteral("values.csv"))
+                       : TreasuryValueFile::read("E2021061980011062011062\r\n" + line + "\r\nE2021061981011062\r\n",
+                                                 QStringLiteral("sb202106.asc"));
     EXPECT_TRUE(read.records.isEmpty());
-    EXPECT_TRUE(read.error.startsWith(QStringLiteral("values.csv:3: "))) << read.error.toStdString();
+    const QLatin1String where(GetParam().csv ? "values.csv:3: " : "sb202106.asc:2: ");
+    EXPECT_TRUE(read.error.startsWith(where)) << read.error.toStdString();
     EXPECT_TRUE(read.error.contains(QLatin1String(GetParam().complaint))) << read.error.toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Lines, CsvRefusal,
-                         testing::Values(Malformed{"Q,2026,10,2010,2,4071", "bad series letter 'Q'"},
-                                         Malformed{"I,2026,13,2010,2,4071", "bad redemption_month 13"},
-                                         Malformed{"I,2026,10,2010,0,4071", "bad issue_month 0"},
-                                         Malformed{"I,2026,10,2010,2", "short line"},
-                                         Malformed{"I,2026,10,2010,1,4072", "repeats the value of line 2"}));
+INSTANTIATE_TEST_SUITE_P(
+    Lines, SourceRefusal,
+    testing::Values(Malformed{false, "X2021061980011062", "bad series letter 'X'"},
+                    Malformed{false, "E2021131980011062", "bad redemption month '13'"},
+                    Malformed{false, "E20210619x0011062", "bad issue year"},
+                    Malformed{false, "E2021061980011062011O62", "non-numeric value '011O62' for issue month February"},
+                    Malformed{false, "E202106", "short line"},
+                    Malformed{false, "E2021062022011062", "issue year 2022 is after redemption year 2021"},
+                    Malformed{false, "E2021061980000001", "repeats the series, redemption month and issue year of line 1"},
+                    Malformed{true, "Q,2026,10,2010,2,4071", "bad series letter 'Q'"},
+                    Malformed{true, "I,2026,13,2010,2,4071", "bad redemption_month 13"},
+                    Malformed{true, "I,2026,10,2010,0,4071", "bad issue_month 0"},
+                    Malformed{true, "I,2026,10,2010,2", "short line"},
+                    Malformed{true, "I,2026,10,2010,1,4072", "repeats the value of line 2"}));
 
 TEST(PriceSource, ChoosesTheReaderByNameOrContent)
 {

@@ -140,12 +140,7 @@ TEST_F(PriceUpdaterTest, CheckThenInstallBringsTheNewMonths)
 }
 
 // One way a server answers a request, and the status the updater ends up showing.
-struct ReplyCase
-{
-    const char *name;
-    Response response;
-    QString status;
-};
+struct ReplyCase { const char *name; Response response; QString status; };
 
 class ReplyTest : public PriceUpdaterTest, public ::testing::WithParamInterface<ReplyCase> {};
 

@@ -31,10 +31,9 @@ QString unpackedCopy(const QString &path)
     QFile::remove(copy);
     EXPECT_TRUE(QFile::copy(path, copy));
     const Connection unpacked(copy);
-    for (const char *table : {"bond_value", "derived_value"}) {
+    for (const char *table : {"bond_value", "derived_value"})
         for (const char *change : {"inserted", "deleted", "updated"})
             unpacked.execute(QByteArray("drop trigger ").append(table).append('_').append(change).constData());
-    }
     unpacked.execute("drop table bond_history");
     return copy;
 }

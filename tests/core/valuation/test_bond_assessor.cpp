@@ -20,13 +20,6 @@ BondTerms bond(const char *code, int issueYear, int issueMonth, Pennies face = 2
     return {series(code), Month(issueYear, issueMonth), face, factor, QStringLiteral("US SAVINGS BOND")};
 }
 
-// One assessor on a private copy of the database the build made, shared by the whole program.
-const BondAssessor &shipped()
-{
-    static const std::unique_ptr<BondAssessor> assessor = std::make_unique<BondAssessor>(TestSupport::copyOfShippedDatabase());
-    return *assessor;
-}
-
 // Per $25 face, or a marker: official values, then those carried forward from final maturity by the build.
 TEST(ShippedDatabase, OfficialAndCarriedForwardValuesComeBackExactly)
 {
@@ -39,8 +32,9 @@ TEST(ShippedDatabase, OfficialAndCarriedForwardValuesComeBackExactly)
         {"E", 1941, 5, 2026, 11, 9059}, {"E", 1941, 5, 2001, 12, 9059}, {"S", 1967, 5, 2026, 11, 15333},
         {"S", 1967, 5, 2002, 2, 15333}, {"N", 1992, 1, 2026, 11, RedemptionMarker::NoPricingData},
         {"N", 1991, 12, 2022, 1, RedemptionMarker::NoPricingData}}; // matures after the data ends
+    const BondAssessor shipped(TestSupport::copyOfShippedDatabase()); // a private copy of the database the build made
     for (const auto &v : values)
-        EXPECT_EQ(shipped().valueOf(bond(v.code, v.issueYear, v.issueMonth), Month(v.year, v.month)), v.stored)
+        EXPECT_EQ(shipped.valueOf(bond(v.code, v.issueYear, v.issueMonth), Month(v.year, v.month)), v.stored)
             << v.code << ' ' << v.issueYear << '-' << v.issueMonth << " in " << v.year << '-' << v.month;
 }
 

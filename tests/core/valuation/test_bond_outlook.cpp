@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Larchfield
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What each bond is doing as of a month, read against the shipped database: final maturity, the
-// next month its value rises, the Treasury's note, its rate, the year's interest, and which rule computed its value.
+// A bond as of a month on the shipped database: final maturity, next rise, note, rate, year's interest, computing rule.
 #include "TestSupport.h"
 #include "document/HoldingPresentation.h"
 #include "base/Series.h"
@@ -23,15 +22,11 @@ BondFacts bond(const char *code, Month issue, Pennies face = 2500, qint32 quanti
     return {Series::seriesForCode(QString::fromLatin1(code)), issue, face, paper, quantity};
 }
 
-std::string text(Month month)
-{
-    return month.toString(Month::Style::Iso).toStdString();
-}
+std::string text(Month month) { return month.toString(Month::Style::Iso).toStdString(); }
 
 struct OutlookCase
 {
-    const char *what;
-    const char *series;
+    const char *what, *series;
     Month issue, asOf;
     const char *finalMaturity, *nextIncrease, *note, *rate;
 };
@@ -52,8 +47,7 @@ TEST_P(Outlook, FinalMaturityNextIncreaseNoteAndRate)
 INSTANTIATE_TEST_SUITE_P(
     Bonds, Outlook,
     testing::Values(
-        // E bonds issued through 11/1965 earn for 40 years, later ones for 30; this one steps in
-        // February and August, three months off its issue month, and a last time at maturity.
+        // E bonds to 11/1965 earn 40 years, later 30; this one steps in Feb and Aug, off its issue month, and at maturity.
         OutlookCase{"E40Stepping", "E", Month(1965, 11), Month(2005, 3), "2005-11", "2005-08", "", "2.59% implied"},
         OutlookCase{"E40LastStep", "E", Month(1965, 11), Month(2005, 10), "2005-11", "2005-11", "", "3.31% implied"},
         OutlookCase{"E40Matured", "E", Month(1965, 11), Month(2005, 11), "2005-11", "", "MA matured, no longer earning", "0.00%"},
@@ -78,8 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
         OutlookCase{"INotIssued", "I", Month(2026, 12), Month(2026, 11), "2056-12", "", "NI not yet issued", ""}),
     [](const testing::TestParamInfo<OutlookCase> &info) { return std::string(info.param.what); });
 
-// Year-to-date interest counts from December of the year before, or from the price for a bond
-// issued since; the yield falls back on the rate where the period's end has no value.
+// Year-to-date interest from last December or the price if issued since; yield from the rate if the period end has none.
 TEST(OutlookFigures, YearToDateInterestAndYieldFromTheRate)
 {
     const ValuationContext october{&shipped(), Month(2026, 10)};
@@ -100,12 +93,8 @@ TEST(OutlookFigures, YearToDateInterestAndYieldFromTheRate)
 }
 
 // A computed value says which rule made it: the shipped database holds all three kinds.
-struct RuleCase
-{
-    const char *series;
-    Month issued, valuedAsOf;
-    const char *says; // what the note says after "computed by this program, not published by the Treasury"
-};
+// says: what the note says after "computed by this program, not published by the Treasury".
+struct RuleCase { const char *series; Month issued, valuedAsOf; const char *says; };
 
 void PrintTo(const RuleCase &c, std::ostream *out) { *out << c.series << ' ' << text(c.valuedAsOf); }
 

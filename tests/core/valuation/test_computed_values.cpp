@@ -12,10 +12,7 @@
 
 namespace {
 
-QString monthText(int index)
-{
-    return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1);
-}
+QString monthText(int index) { return QString::asprintf("%04d-%02d", index / 12, index % 12 + 1); }
 
 // Every official EE value of the fixed-rate issue months (05/2005 to 11/2020) comes out of the rate table to the cent.
 TEST(EeFixedRates, ReproduceEveryOfficialValueOfTheFixedRateIssueMonths)
@@ -51,8 +48,7 @@ TEST(EeFixedRates, ReproduceEveryOfficialValueOfTheFixedRateIssueMonths)
     EXPECT_EQ(markers, 2244);
 }
 
-// What the Treasury files cannot confirm yet: final maturity, and the twenty-year guarantee of
-// face value for a bond whose rate did not double it (3.20 % from November 2005).
+// Not yet in Treasury files: final maturity, and face value at twenty years where 3.20 % (11/2005) did not double it.
 TEST(EeFixedRates, FaceValueAtTwentyYearsAndNoGrowthAfterThirty)
 {
     EXPECT_EQ(EeFixedRates::valueAt(320, 239), 2352);
@@ -62,11 +58,7 @@ TEST(EeFixedRates, FaceValueAtTwentyYearsAndNoGrowthAfterThirty)
     EXPECT_GT(EeFixedRates::valueAt(320, 360), EeFixedRates::valueAt(320, 359));
 }
 
-struct BadTable
-{
-    const char *text;
-    const char *message;
-};
+struct BadTable { const char *text, *message; };
 
 class EeFixedRateTableRefusal : public testing::TestWithParam<BadTable> {};
 
@@ -86,8 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BadTable{"2005-11,2006-04\n", "rates.csv:3: 3 columns expected"}));
 
 
-// Every official Series I value the program ships (Treasury files and Fiscal Data) comes out of
-// the two rate tables to the cent; the first difference stops the proof and names the bond.
+// Every shipped official Series I value comes out of the two rate tables to the cent; a difference names the bond.
 TEST(IBondRates, ReproduceEveryOfficialSeriesIValue)
 {
     ASSERT_TRUE(IBondRates::fixedRates().ok()) << IBondRates::fixedRates().error.toStdString();
@@ -117,10 +108,7 @@ TEST(IBondRates, ReproduceEveryOfficialSeriesIValue)
     EXPECT_EQ(markers, 3663);
 }
 
-struct CompositeCase
-{
-    int fixed, inflation, composite;
-};
+struct CompositeCase { int fixed, inflation, composite; };
 class CompositeRate : public testing::TestWithParam<CompositeCase> {};
 
 // The published composite rates, including the floor at zero (May 2009 and May 2015 deflation).
