@@ -108,6 +108,7 @@ const FieldReading fieldReadings[] = {
     {"FaceValueWholeDollars", Own, "Face Value", "100", "10000"},
     {"FaceValueCentsAsTheyStand_TwoDigits", Own, "Face Value", "50.50", "5050"},
     {"FaceValueCentsNotScaled_50point5Is5005", Own, "Face Value", "50.5", "5005"},
+    {"FaceValuePenniesWrapIn32Bits_42949773Is10004", Own, "Face Value", "42949773", "10004"}, // as files always read
     // The Wizard's bonds are paper: $50.05 is no paper denomination.
     {"FaceValueCentsNotScaled_WizardPaperRejected", Wizard, "Denomination", "50.5", "rejected"},
     {"FaceValueThreePiecesAddNothing", Own, "Face Value", "1.2.3", "rejected"}, // $1.00
