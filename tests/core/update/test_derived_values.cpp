@@ -148,8 +148,8 @@ INSTANTIATE_TEST_SUITE_P(Rules, FinalMaturity,
 // An E bond of 05/1941 (matured 05/1981) in two months with a gap; another source reaches two months further.
 QList<NamedPriceRecords> eBondSources(qint32 laterValue = 9059)
 {
-    return {{QStringLiteral("early.asc"), {record('E', 1992, 5, 1941, {{5, 9059}, {6, 9000}})}},
-            {QStringLiteral("later.asc"), {record('E', 1992, 8, 1941, {{5, laterValue}, {6, 9000}})}},
+    return {{QStringLiteral("early.asc"), {record('E', 1992, 5, 1941, {{5, 9059}, {6, 9000}, {7, 0}})}},
+            {QStringLiteral("later.asc"), {record('E', 1992, 8, 1941, {{5, laterValue}, {6, 9000}, {7, 0}})}},
             {QStringLiteral("i.csv"), {record('I', 1992, 10, 1992, {{1, -1}})}}};
 }
 
@@ -165,6 +165,7 @@ TEST(MaturedBondCarryForward, FillsGapsAndMonthsAfterTheLastOfficialOne)
         EXPECT_EQ(r.value[4], 9059);
         EXPECT_EQ(r.value[5], 9000);
         EXPECT_EQ(r.value[0], -2); // never issued: stays without data
+        EXPECT_EQ(r.value[6], -2); // a zero is no value to carry forward
         months << r.ryr * 100 + r.rmo;
     }
     EXPECT_EQ(months, (QList<int>{199206, 199207, 199209, 199210}));
