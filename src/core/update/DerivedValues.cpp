@@ -249,17 +249,19 @@ bool extend(sqlite3 *db, const EeFixedRates::Table &rates, Extension *added, QSt
     // Derived values reach at most a year past the latest official month: whatever a damaged
     // source slipped in, the work and the rows stay bounded. (The build, which reads only EE rows
     // here, derives from the repository's own sources.)
-    QList<Cell> cells;
-    QHash<quint64, PriceRecord> completed = records;
+    QHash<quint64, qint32> derived;
     if (scope == Scope::Everything) {
         QString loadError;
-        const QHash<quint64, qint32> derived = load(db, &loadError);
+        derived = load(db, &loadError);
         if (!loadError.isEmpty()) {
             *error = loadError;
             return false;
         }
         boundToOfficialMonths(records, derived, &last);
-        completed = records;
+    }
+    QList<Cell> cells;
+    QHash<quint64, PriceRecord> completed = records;
+    if (scope == Scope::Everything) {
         added->carried = MaturedValueCompletion::complete(completed);
         added->filled = fillRuns(completed, officialMonths(records, derived));
         if (added->carried + added->filled > 0)
