@@ -70,8 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     // quoted field may hold line breaks, so there a record counts, not a line.
     const qsizetype counted = outcome.importedCount + outcome.rejectedCount + 1;
     const qsizetype lines = QString::fromLatin1(bytes).split(CsvImportFormats::lineSeparator(format)).size();
-    const qsizetype markLength = qsizetype(sizeof SpreadsheetCsv::ByteOrderMark) - 1;
-    const QByteArray body = bytes.startsWith(SpreadsheetCsv::ByteOrderMark) ? bytes.mid(markLength) : bytes;
+    const QByteArray body = SpreadsheetCsv::withoutByteOrderMark(bytes);
     check(counted == lines || (format == CsvImportFormat::Own && counted == SpreadsheetCsv::records(QString::fromLatin1(body)).size()));
     const QByteArray exported = PortfolioCsv::csvRepresentation(portfolio.valuationContext(), portfolio.holdings());
     check(exported.count('\n') >= outcome.importedCount + 1);

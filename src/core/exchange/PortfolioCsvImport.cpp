@@ -158,7 +158,7 @@ std::optional<QList<QStringList>> spreadsheetRecords(const QByteArray &data)
 {
     const bool marked = data.startsWith(SpreadsheetCsv::ByteOrderMark);
     QStringDecoder utf8(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
-    const QByteArray body = marked ? data.mid(qsizetype(sizeof SpreadsheetCsv::ByteOrderMark) - 1) : data;
+    const QByteArray body = SpreadsheetCsv::withoutByteOrderMark(data);
     QString text = utf8(body);
     if (utf8.hasError())
         text = QString::fromLatin1(body);

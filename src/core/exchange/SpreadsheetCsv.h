@@ -17,6 +17,12 @@ namespace SpreadsheetCsv {
 // Excel takes a file for UTF-8 only with it; LibreOffice recognises it too.
 inline constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
 
+// The bytes after the byte order mark, or all of them when there is none.
+inline QByteArray withoutByteOrderMark(const QByteArray &data)
+{
+    return data.startsWith(ByteOrderMark) ? data.mid(qsizetype(sizeof ByteOrderMark) - 1) : data;
+}
+
 // The text as it stands, or in double quotes with every quote doubled when it needs them.
 QString quotedField(const QString &text);
 
